@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/FontAndPicture.h"
+#include "platform/Variant.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+/// The container's named values, from one run of its program to the next.
+class PropertyBag {
+public:
+    virtual ~PropertyBag() = default;
+
+    /// The stored value, or `defaultValue` when the name is missing.
+    virtual Variant ReadProperty(std::string_view name, const Variant& defaultValue) = 0;
+    /// Stores the value; one equal to the default need not be stored. An Empty default stores it in
+    /// any case.
+    virtual void WriteProperty(std::string_view name, const Variant& value,
+                               const Variant& defaultValue) = 0;
+};
+
+/// Drag-and-drop content by format number (1 text, 2 bitmap, 15 files, others as registered).
+class DataObject : public Object {
+public:
+    virtual bool HasFormat(std::int16_t format) const = 0;
+    /// Empty when there is nothing in that format.
+    virtual Variant GetData(std::int16_t format) const = 0;
+    virtual void SetData(std::int16_t format, const Variant& value) = 0;
+};
+
+using DataRef = std::shared_ptr<DataObject>;
+
+/// What the About box shows; the button beside it starts the system-information tool.
+struct AboutText {
+    std::string_view title;
+    std::string_view version;
+    std::string_view webLink;
+};
+
+/// The container that a control lives in.
+class Hosting {
+public:
+    virtual ~Hosting() = default;
+
+    /// The named property has a new value.
+    virtual void PropertyChanged(std::string_view name) = 0;
+    /// The font of the form or object that holds the control; never null.
+    virtual FontRef AmbientFont() const = 0;
+    /// The units of the container, or of the object that holds the control: 1 twips, 2 points,
+    /// 3 pixels, 4 characters, 5 inches, 6 mm, 7 cm, 8 HIMETRIC. Nothing when it does not say.
+    virtual std::optional<std::int16_t> ContainerScaleMode() const = 0;
+    virtual std::optional<std::int16_t> ParentScaleMode() const = 0;
+    /// Starts a drag from the control's window and returns when it has ended.
+    virtual void OleDrag() = 0;
+    virtual void ShowAboutBox(const AboutText& text) = 0;
+};
+
+}  // namespace velmora

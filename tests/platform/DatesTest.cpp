@@ -1,0 +1,246 @@
+#include "platform/Dates.h"
+
+#include "platform/AutomationError.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+DayNumber Day(int year, int month, int day) { return DayFromCivil(year, month, day); }
+
+Date At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
+    return DateOf(Day(year, month, day), (hour * 3600 + minute * 60 + second) / 86400.0);
+}
+
+Date Time(int hour, int minute, int second = 0) { return At(1899, 12, 30, hour, minute, second); }
+
+Dates DatesFor(DateLocale locale = {}) {
+    return Dates(std::make_shared<const DateLocale>(std::move(locale)),
+                 [] { return At(2024, 5, 17, 13, 30); });
+}
+
+DateLocale WithPattern(std::string shortDate) {
+    DateLocale locale;
+    locale.shortDatePattern = std::move(shortDate);
+    return locale;
+}
+
+DateLocale German() {
+    DateLocale locale = WithPattern("dd.MM.yy");
+    locale.monthNames[2] = "März";
+    locale.monthAbbreviations[2] = "März";
+    locale.monthNames[4] = "Mai";
+    locale.weekDayNames = {"Sonntag",    "Montag",  "Dienstag", "Mittwoch",
+                           "Donnerstag", "Freitag", "Samstag"};
+    locale.longDatePattern = "dddd, d. MMMM yyyy";
+    locale.dateSeparator = ".";
+    locale.hours24 = true;
+    return locale;
+}
+
+DateLocale Spanish() {
+    DateLocale locale = WithPattern("d/M/yy");
+    locale.monthNames[2] = "marzo";
+    locale.longDatePattern = "dddd, d 'de' MMMM 'de' yyyy";
+    locale.morning = "a. m.";
+    locale.afternoon = "p. m.";
+    return locale;
+}
+
+DateLocale Chinese() {
+    DateLocale locale = WithPattern("yyyy年M月d日");
+    for (std::size_t month = 0; month < 12; ++month) {
+        locale.monthNames[month] = locale.monthAbbreviations[month] =
+            std::to_string(month + 1) + "月";
+    }
+    return locale;
+}
+
+DateLocale Finnish() {
+    DateLocale locale = WithPattern("d.M.yyyy");
+    locale.dateSeparator = locale.timeSeparator = ".";
+    locale.hours24 = true;
+    return locale;
+}
+
+TEST(Date, EveryDayCountsOnThroughTheCalendar) {
+    CivilDate expected{100, 1, 1};
+    for (DayNumber day = kFirstDay; day <= kLastDay; ++day) {
+        const CivilDate civil = CivilOf(day);
+        if (civil != expected || DayFromCivil(civil.year, civil.month, civil.day) != day) {
+            FAIL() << day;
+        }
+        const bool last = LastOfMonth(day) == day;
+        ++expected.day;
+        if (last) expected = {expected.year, expected.month + 1, 1};
+        if (expected.month == 13) expected = {expected.year + 1, 1, 1};
+    }
+    EXPECT_EQ(expected, (CivilDate{10000, 1, 1}));
+}
+
+TEST(Date, FebruaryFollowsTheGregorianRule) {
+    const std::pair<int, int> kLengths[] = {{200, 28},  {400, 29},  {1900, 28}, {2000, 29},
+                                            {2023, 28}, {2024, 29}, {4600, 28}, {9996, 29}};
+    for (const auto& [year, days] : kLengths) {
+        EXPECT_EQ(DayOfMonth(LastOfMonth(Day(year, 2, 1))), days) << year;
+    }
+}
+
+TEST(Date, WeekDaysRunOnBelowDayZero) {
+    EXPECT_EQ(WeekDayOf(0), 7);
+    EXPECT_EQ(WeekDayOf(-1), 6);
+    EXPECT_EQ(WeekDayOf(Day(2024, 3, 2)), 7);
+    EXPECT_EQ(WeekDayOf(Day(1582, 10, 15)), 6);
+}
+
+TEST(Date, FractionCountsForwardOnBothSidesOfDayZero) {
+    EXPECT_EQ(DayOf(Date(-1.25)), -1);
+    EXPECT_EQ(TimeOf(Date(-1.25)), 0.25);
+    EXPECT_EQ(DayOf(Date(-0.75)), 0);
+    EXPECT_EQ(DateOf(-1, 0.25), Date(-1.25));
+    const double lastInstant = std::nextafter(1.0, 0.0);
+    for (const DayNumber day : {kFirstDay, -1, 0, 1, kLastDay}) {
+        EXPECT_EQ(DayOf(DateOf(day, lastInstant)), day);
+    }
+}
+
+TEST(Date, ArithmeticIsTotal) {
+    constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
+    constexpr auto kLeast = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EQ(DayOf(Date(std::nan(""))), 0);
+    EXPECT_EQ(DayOf(Date(1e300)), kLastDay);
+    EXPECT_EQ(DayOf(Date(-HUGE_VAL)), kFirstDay);
+    EXPECT_EQ(TimeOf(Date(HUGE_VAL)), 0);
+    EXPECT_EQ(DayFromCivil(kMost, kMost, kMost), std::numeric_limits<DayNumber>::max());
+    EXPECT_EQ(DayFromCivil(kLeast, kLeast, kLeast), std::numeric_limits<DayNumber>::min());
+    EXPECT_GT(AddMonths(kFirstDay, kMost), kLastDay);
+    EXPECT_LT(AddMonths(kLastDay, kLeast), kFirstDay);
+    EXPECT_EQ(DayFromCivil(2024, 14, 0), Day(2025, 1, 31));
+}
+
+TEST(DatesArithmetic, AddsIntervals) {
+    const struct { const char* interval; std::int64_t number; Date from, to; } kCases[] = {
+        {"d", 1, Date(-1.25), Date(0.25)},
+        {"d", -1, Date(0.25), Date(-1.25)},
+        {"WW", 2, At(2024, 2, 20, 6), At(2024, 3, 5, 6)},
+        {"m", 1, At(2024, 1, 31, 18), At(2024, 2, 29, 18)},
+        {"m", -13, At(2024, 3, 31), At(2023, 2, 28)},
+        {"yyyy", 1, At(2024, 2, 29), At(2025, 2, 28)},
+        {"yyyy", -1900, At(2024, 2, 29), At(124, 2, 29)}};
+    for (const auto& c : kCases) {
+        EXPECT_EQ(Dates::DateAdd(c.interval, c.number, c.from).value, c.to.value)
+            << c.interval << ' ' << c.number;
+    }
+}
+
+TEST(DatesArithmetic, RefusesResultsOutsideTheCalendar) {
+    const struct { const char* interval; std::int64_t number; Date from; } kCases[] = {
+        {"d", 1, At(9999, 12, 31)}, {"d", -1, At(100, 1, 1)}, {"m", -1, At(100, 1, 31)},
+        {"yyyy", std::numeric_limits<std::int64_t>::max(), Date(0)},
+        {"ww", std::numeric_limits<std::int64_t>::min(), Date(0)},
+        {"h", 1, Date(0)}, {"", 1, Date(0)}};
+    for (const auto& c : kCases) {
+        try {
+            Dates::DateAdd(c.interval, c.number, c.from);
+            ADD_FAILURE() << c.interval << ' ' << c.number;
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::InvalidProcedureCall);
+        }
+    }
+    EXPECT_THROW(Dates::DateDiff("h", Date(0), Date(1)), AutomationError);
+}
+
+TEST(DatesArithmetic, CountsIntervals) {
+    const struct { const char* interval; Date from, to; std::int64_t count; } kCases[] = {
+        {"d", Date(-1.75), Date(0.25), 1},
+        {"d", At(2024, 3, 1), At(2024, 2, 28, 23), -2},
+        {"ww", At(2024, 3, 1), At(2024, 3, 14), 1},
+        {"ww", At(2024, 3, 14), At(2024, 3, 1), -1},
+        {"m", At(2024, 1, 31), At(2024, 2, 1), 1},
+        {"yyyy", At(2024, 1, 1), At(2023, 12, 31), -1},
+        {"yyyy", At(2024, 1, 1), At(2024, 12, 31), 0}};
+    for (const auto& c : kCases) {
+        EXPECT_EQ(Dates::DateDiff(c.interval, c.from, c.to), c.count) << c.interval;
+    }
+}
+
+TEST(DatesFormat, ExpressionsInEnglish) {
+    const Date evening = At(2024, 3, 2, 18, 5, 9);  // a Saturday
+    const struct { Date date; const char* expression; const char* text; } kCases[] = {
+        {evening, "", "3/2/2024 6:05:09 PM"},
+        {At(2024, 3, 2), "General Date", "3/2/2024"},
+        {Time(6, 0), "c", "6:00:00 AM"},
+        {Date(0), "c", "12/30/1899"},
+        {evening, "LONG DATE", "Saturday, March 2, 2024"},
+        {evening, "Medium Date", "02-Mar-24"},
+        {evening, "short date", "3/2/2024"},
+        {evening, "Long Time", "6:05:09 PM"},
+        {evening, "Medium Time", "06:05 PM"},
+        {evening, "Short Time", "18:05"},
+        {evening, "d dd ddd dddd|ddddd|dddddd",
+         "2 02 Sat Saturday|3/2/2024|Saturday, March 2, 2024"},
+        {evening, "M MM MMM MMMM q", "3 03 Mar March 1"},
+        {evening, "y yy yyy yyyy", "62 24 2462 2024"},
+        {evening, "ddddddd mmmmm yyyyy", "Saturday, March 2, 20242 March3 202462"},
+        {evening, "h:m hh:mm h mmm m", "18:5 18:05 18 Mar 3"},
+        {evening, "hmmss mm", "180509 03"},
+        {evening, "n nn s ss ttttt tttt", "5 05 9 09 6:05:09 PM tttt"},
+        {evening, "h AM/PM h am/pm h A/P h a/p h ampm", "6 PM 6 pm 6 P 6 p 6 PM"},
+        {At(2024, 3, 2), "h:nn a/p", "12:00 a"},
+        {At(2024, 3, 2, 12), "hh A/P \"am/pm\"", "12 P am/pm"},
+        {evening, "h \"am/pm\"", "18 am/pm"},
+        {evening, "\\d\\\\ \"dd\" d\\", "d\\ dd 2"},
+        {evening, "d \"dd", "2 dd"},
+        {At(200, 1, 1), "ddddd yy yyyy", "1/1/0200 00 0200"},
+        {Date(-1.25), "yyyy-mm-dd hh:nn", "1899-12-29 06:00"},
+        {Date(std::nan("")), "ddddd", "12/30/1899"}};
+    const Dates dates = DatesFor();
+    for (const auto& c : kCases) EXPECT_EQ(dates.Format(c.date, c.expression), c.text);
+}
+
+TEST(DatesFormat, LocaleTextsAndSeparators) {
+    const Date noon = At(2024, 3, 2, 12, 5);
+    EXPECT_EQ(DatesFor(German()).Format(noon), "02.03.2024 12:05:00");
+    EXPECT_EQ(DatesFor(German()).Format(noon, "Long Date"), "Samstag, 2. März 2024");
+    EXPECT_EQ(DatesFor(German()).Format(noon, "d/m/yy"), "2.3.24");
+    EXPECT_EQ(DatesFor(Finnish()).Format(noon, "Short Time"), "12.05");
+    EXPECT_EQ(DatesFor(Spanish()).Format(noon, "h AMPM h AM/PM"), "12 p. m. 12 PM");
+    EXPECT_EQ(DatesFor(Chinese()).Format(noon, "Short Date"), "2024年3月2日");
+    EXPECT_EQ(DatesFor(WithPattern("'o''clock' d M '' y 'rest")).Format(noon, "ddddd"),
+              "o'clock 2 3 ' 2024 rest");
+}
+
+TEST(DatesFormat, RoundingNeverLeavesTheDay) {
+    const Dates dates = DatesFor();
+    const double late = (86400 - 0.3) / 86400;
+    for (const DayNumber day : {kFirstDay, -1, 0, kLastDay}) {
+        EXPECT_EQ(dates.Format(DateOf(day, late), "dd hh:nn:ss"),
+                  dates.Format(DateOf(day), "dd") + " 23:59:59");
+    }
+    EXPECT_EQ(dates.Format(DateOf(5, 59.7 / 86400), "nn:ss"), "01:00");
+}
+
+TEST(DatesFormat, WeeksFollowTheirFirstDayAndRule) {
+    using enum FirstWeekOfYear;
+    const struct { Date date; int firstDay; FirstWeekOfYear rule; const char* text; } kCases[] = {
+        {At(2024, 3, 2), 1, HoldsJanuary1, "7 9"},   {At(2024, 3, 2), 2, HoldsJanuary1, "6 9"},
+        {At(2024, 12, 31), 2, HoldsJanuary1, "2 53"}, {At(2024, 12, 31), 2, FourDays, "2 1"},
+        {At(2021, 1, 3), 2, FourDays, "7 53"},        {At(2020, 12, 31), 2, FourDays, "4 53"},
+        {At(2021, 1, 4), 2, FourDays, "1 1"},         {At(2024, 1, 7), 1, FullWeek, "1 1"},
+        {At(2024, 1, 6), 1, FullWeek, "7 53"},        {At(2000, 12, 31), 1, HoldsJanuary1, "1 54"},
+        {At(2024, 3, 2), 0, HoldsJanuary1, "7 9"},    {At(2024, 3, 2), 99, HoldsJanuary1, "7 9"},
+        {At(2024, 3, 2), -7, static_cast<FirstWeekOfYear>(9), "7 9"}};
+    for (const auto& c : kCases) {
+        EXPECT_EQ(DatesFor().Format(c.date, "w ww", c.firstDay, c.rule), c.text)
+            << c.date.value << ' ' << c.firstDay;
+    }
+    EXPECT_EQ(DatesFor().Format(At(100, 1, 1), "ww", 1, FullWeek), "52");
+}
+
+}  // namespace
+}  // namespace velmora
