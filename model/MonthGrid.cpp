@@ -1,0 +1,95 @@
+#include "model/MonthGrid.h"
+
+#include "platform/AutomationError.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velmora {
+namespace {
+
+constexpr std::int32_t Saturated(std::int64_t value) noexcept {
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(value, std::numeric_limits<std::int32_t>::min(),
+                                 std::numeric_limits<std::int32_t>::max()));
+}
+
+/// 0..6 for any weekDay and first day.
+constexpr int WeekOffset(std::int64_t weekDay, std::int64_t firstDay) noexcept {
+    return static_cast<int>(((weekDay - firstDay) % 7 + 7) % 7);
+}
+
+constexpr std::int64_t FloorDiv7(std::int64_t value) noexcept {
+    return value / 7 - (value % 7 < 0 ? 1 : 0);
+}
+
+}  // namespace
+
+std::uint8_t DaysInMonth(std::int16_t month, std::int16_t year) {
+    const int years = year - 1900;
+    const int months = month - 1;
+    if (years < std::numeric_limits<std::int16_t>::min() ||
+        months < std::numeric_limits<std::int16_t>::min()) {
+        throw AutomationError(ErrorNumber::Overflow);
+    }
+    const DayNumber first = DayFromCivil(year, month, 1);
+    const DayNumber next = AddMonths(first, 1);
+    if (first < kFirstDay || next - 1 > kLastDay) throw AutomationError(ErrorNumber::Overflow);
+    return static_cast<std::uint8_t>(next - first);
+}
+
+int WeekRowsOfMonth(DayNumber day, std::int32_t firstDayOfWeek) noexcept {
+    const auto week = [&](DayNumber d) { return (std::int64_t{d} - firstDayOfWeek) / 7; };
+    return static_cast<int>(week(LastOfMonth(day)) - week(FirstOfMonth(day))) + 1;
+}
+
+bool PtInCellRect(const Rect& cell, float x, float y) noexcept {
+    const double px = x;
+    const double py = y;
+    return cell.left <= px && px <= cell.right && cell.top <= py && py <= cell.bottom;
+}
+
+MonthGrid::MonthGrid(const GridShape& shape) noexcept
+    : m_shape(shape),
+      m_first(FirstOfMonth(shape.shownDate)),
+      m_last(LastOfMonth(shape.shownDate)),
+      m_firstColumn(ColumnOf(m_first)),
+      m_firstRowOffset((kGridRows - WeekRowsOfMonth(shape.shownDate, shape.firstDayOfWeek)) / 2) {
+    // A month that begins early in the week leaves a full week of the month before above it.
+    const int secondColumn = (m_firstColumn + 1) % 7;
+    if (m_firstRowOffset == 0 && secondColumn != 0 && secondColumn < (ColumnCount() + 1) / 2) {
+        m_firstRowOffset = 1;
+    }
+}
+
+int MonthGrid::ColumnOf(DayNumber day) const noexcept {
+    return WeekOffset(WeekDayOf(day), m_shape.gridFirstDay);
+}
+
+Rect MonthGrid::ColumnRect(int column) const noexcept {
+    const int spare = (std::max(m_shape.clientWidth, 2) - 2) % ColumnCount();
+    const std::int64_t width = m_shape.cellWidth;
+    return {Saturated(width * column + 1 + std::min(column, spare)), 0,
+            Saturated(width * (column + 1) + std::min(column + 1, spare)), 0};
+}
+
+std::optional<Rect> MonthGrid::DayCellRect(DayNumber day) const noexcept {
+    if (!m_shape.showWeekend && IsWeekend(day)) return std::nullopt;
+    const std::int64_t row =
+        FloorDiv7(std::int64_t{day} - m_first + m_firstColumn) + m_firstRowOffset;
+    if (row < 0 || row >= kGridRows) return std::nullopt;
+    Rect cell = ColumnRect(ColumnOf(day));
+    cell.top = Saturated(m_shape.rowHeight * row + m_shape.gridTop + 1);
+    cell.bottom = Saturated(m_shape.rowHeight * (row + 1) + m_shape.gridTop);
+    return cell;
+}
+
+std::optional<DayNumber> MonthGrid::DateFromPoint(float x, float y) const noexcept {
+    for (DayNumber day = FirstVisible(); day <= LastVisible(); ++day) {
+        const auto cell = DayCellRect(day);
+        if (cell && PtInCellRect(*cell, x, y)) return day;
+    }
+    return std::nullopt;
+}
+
+}  // namespace velmora

@@ -1,0 +1,179 @@
+#include "model/MonthGrid.h"
+#include "platform/AutomationError.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <map>
+
+namespace velmora {
+namespace {
+
+GridShape ShapeOf(DayNumber shown, int firstDayOfWeek, bool showWeekend) {
+    return {.shownDate = shown,
+            .firstDayOfWeek = firstDayOfWeek,
+            .gridFirstDay = showWeekend ? firstDayOfWeek : 2,
+            .showWeekend = showWeekend,
+            .gridTop = 40,
+            .cellWidth = 29,
+            .rowHeight = 20,
+            .clientWidth = 207};
+}
+
+/// Weeks are counted away from the first day of the week nearest to day 0, on both sides of it.
+bool BeginsWeek(DayNumber day, int firstDayOfWeek) {
+    const int distance = day - firstDayOfWeek;
+    return distance > 0 ? distance % 7 == 0 : distance < 0 && (distance - 1) % 7 == 0;
+}
+
+/// The grid by walking: dates are laid out one after the other, line by line.
+std::map<DayNumber, std::pair<int, int>> WalkGrid(const GridShape& shape) {
+    const DayNumber first = FirstOfMonth(shape.shownDate);
+    DayNumber weekBegin = first;
+    while (WeekDayOf(weekBegin) != shape.gridFirstDay) --weekBegin;
+
+    // Weeks of the user's kind decide whether the month is pushed down.
+    int userWeeks = 0;
+    for (DayNumber d = first; d <= LastOfMonth(first); ++d) {
+        if (d == first || BeginsWeek(d, shape.firstDayOfWeek)) ++userWeeks;
+    }
+    const int column = first - weekBegin;
+    const int columns = shape.showWeekend ? 7 : 5;
+    const bool early = column < 6 && column + 1 < (columns + 1) / 2;
+    const int offset = userWeeks == 4 || early ? 1 : 0;
+
+    std::map<DayNumber, std::pair<int, int>> places;
+    DayNumber day = weekBegin - 7 * offset;
+    for (int row = 0; row < 6; ++row) {
+        for (int col = 0; col < 7; ++col, ++day) {
+            if (col < columns) places[day] = {row, col};
+        }
+    }
+    return places;
+}
+
+std::vector<int> YearsOfAllShapes() {
+    std::vector<int> years{200, 1582, 1899, 1900, 4600};
+    for (int year = 2000; year < 2028; ++year) years.push_back(year);  // all 14 shapes of a year
+    return years;
+}
+
+TEST(MonthGrid, AgreesWithAWalkThroughTheDays) {
+    for (const int year : YearsOfAllShapes()) {
+        for (int month = 1; month <= 12; ++month) {
+            for (int combination = 0; combination < 14; ++combination) {
+                const GridShape shape = ShapeOf(DayFromCivil(year, month, 17), combination % 7 + 1,
+                                                combination < 7);
+                const MonthGrid grid(shape);
+                const auto places = WalkGrid(shape);
+                for (DayNumber d = shape.shownDate - 60; d < shape.shownDate + 60; ++d) {
+                    const auto cell = grid.DayCellRect(d);
+                    const auto place = places.find(d);
+                    ASSERT_EQ(cell.has_value(), place != places.end())
+                        << year << '-' << month << " combination " << combination << " day " << d;
+                    if (!cell) continue;
+                    const auto [row, col] = place->second;
+                    EXPECT_EQ(cell->top, 40 + 20 * row + 1);
+                    EXPECT_EQ(cell->left, grid.ColumnRect(col).left);
+                    for (const int x : {cell->left, cell->right}) {
+                        for (const int y : {cell->top, cell->bottom}) {
+                            ASSERT_EQ(grid.DateFromPoint(static_cast<float>(x), static_cast<float>(y)), d)
+                                << year << '-' << month << " combination " << combination;
+                        }
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST(MonthGrid, ColumnsTileTheClientWidth) {
+    for (const bool showWeekend : {true, false}) {
+        const int columns = showWeekend ? 7 : 5;
+        for (int width = 2 + columns; width < 300; ++width) {
+            GridShape shape = ShapeOf(43000, 1, showWeekend);
+            shape.clientWidth = width;
+            shape.cellWidth = (width - 2) / columns;
+            const MonthGrid grid(shape);
+            int next = 1;
+            for (int column = 0; column < columns; ++column) {
+                EXPECT_EQ(grid.ColumnRect(column).left, next);
+                next = grid.ColumnRect(column).right + 1;
+            }
+            EXPECT_EQ(next, width - 1);
+        }
+    }
+}
+
+TEST(MonthGrid, PointsBesideTheCellsHaveNoDate) {
+    const MonthGrid grid(ShapeOf(DayFromCivil(2015, 2, 1), 1, true));
+    EXPECT_EQ(grid.FirstRowOffset(), 1);
+    const Rect cell = *grid.DayCellRect(DayFromCivil(2015, 2, 10));
+    const auto at = [&](double x, double y) {
+        return grid.DateFromPoint(static_cast<float>(x), static_cast<float>(y));
+    };
+    EXPECT_EQ(at(cell.right + 0.5, cell.top), std::nullopt);  // between two cells
+    EXPECT_EQ(at(cell.right + 1, cell.top), DayFromCivil(2015, 2, 11));
+    EXPECT_EQ(at(cell.left, 40), std::nullopt);  // above the grid
+    EXPECT_EQ(at(0, cell.top), std::nullopt);
+    EXPECT_EQ(at(std::numeric_limits<float>::quiet_NaN(), cell.top), std::nullopt);
+}
+
+TEST(MonthGrid, TheDayOfNumberZeroCanBeHit) {
+    const MonthGrid grid(ShapeOf(DayFromCivil(1900, 1, 5), 1, true));
+    const Rect cell = *grid.DayCellRect(0);
+    EXPECT_EQ(grid.DateFromPoint(static_cast<float>(cell.left), static_cast<float>(cell.top)), 0);
+}
+
+TEST(MonthGrid, IsTotalOnStoredNonsense) {
+    constexpr int kLow = std::numeric_limits<int>::min();
+    constexpr int kHigh = std::numeric_limits<int>::max();
+    for (const int firstDay : {0, -1, 8, 1'000'000, kLow, kHigh}) {
+        for (const DayNumber shown : {kFirstDay, kLastDay, 0}) {
+            for (const int size : {kLow, -5, 0, 1, kHigh}) {
+                const MonthGrid grid({shown, firstDay, firstDay, true, size, size, size, size});
+                for (DayNumber d = grid.FirstVisible(); d <= grid.LastVisible(); ++d) {
+                    EXPECT_GE(grid.ColumnOf(d), 0);
+                    EXPECT_LE(grid.ColumnOf(d), 6);
+                    grid.DayCellRect(d);
+                }
+            }
+        }
+    }
+}
+
+TEST(WeekRowsOfMonth, CountsTheUsersWeeksSince1900) {
+    for (DayNumber day = DayFromCivil(1900, 2, 15); day < DayFromCivil(2040, 1, 1);
+         day = AddMonths(day, 1)) {
+        for (int firstDay = 1; firstDay <= 7; ++firstDay) {
+            int weeks = 1;
+            for (DayNumber d = FirstOfMonth(day) + 1; d <= LastOfMonth(day); ++d) {
+                weeks += WeekDayOf(d) == firstDay ? 1 : 0;
+            }
+            ASSERT_EQ(WeekRowsOfMonth(day, firstDay), weeks) << day << ' ' << firstDay;
+        }
+    }
+    EXPECT_EQ(WeekRowsOfMonth(DayFromCivil(2015, 2, 1), 1), 4);
+}
+
+TEST(DaysInMonth, KnowsLeapYearsAndRefusesWhatOverflows) {
+    EXPECT_EQ(DaysInMonth(2, 1900), 28);
+    EXPECT_EQ(DaysInMonth(2, 2000), 29);
+    EXPECT_EQ(DaysInMonth(12, 9999), 31);
+    EXPECT_EQ(DaysInMonth(14, 2023), 29);  // February of the next year
+    constexpr std::int16_t kLow = std::numeric_limits<std::int16_t>::min();
+    for (const auto& [month, year] : {std::pair<std::int16_t, std::int16_t>{1, kLow},
+                                      {kLow, 2000},
+                                      {1, 99},
+                                      {1, 10000}}) {
+        try {
+            DaysInMonth(month, year);
+            ADD_FAILURE() << month << ' ' << year;
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::Overflow);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace velmora
