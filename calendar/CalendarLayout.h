@@ -1,0 +1,58 @@
+#pragma once
+
+#include "calendar/CalendarState.h"
+#include "model/MonthGrid.h"
+#include "platform/Values.h"
+
+#include <array>
+
+namespace velmora {
+
+/// The four arrow buttons, in this order everywhere.
+enum class Arrow { YearBack, YearForward, MonthBack, MonthForward };
+inline constexpr int kArrowCount = 4;
+
+/// What the layout depends on besides the state.
+struct LayoutMetrics {
+    Size client;
+    int captionWidth = 0;  // of the widest month caption in the month font; arrows style only
+    Size monthList;        // own sizes of the child controls; those of the current style only
+    Size yearText;
+    Size yearSpinner;
+    Size dateScroll;
+
+    friend bool operator==(const LayoutMetrics&, const LayoutMetrics&) = default;
+};
+
+/// Where everything of a calendar is, in pixels of its client area: a one-pixel frame, the month
+/// band, the row of week-day captions when there is one, and six rows of cells.
+struct CalendarLayout {
+    Size client;
+    int columnCount = 7;
+    int cellWidth = 0;
+    int rowHeight = 0;
+    int monthBandHeight = 0;   // from y = 0; the line at this y closes the band
+    bool hasWeekDayRow = false;
+    int gridTop = 0;           // the first row of cells begins below this line
+    std::array<Rect, kArrowCount> arrows{};  // arrows style only; right and bottom exclusive
+    Rect monthList;            // combo style only
+    Rect yearText;
+    Rect yearSpinner;
+    Rect dateScroll;           // scroll-bar style only
+
+    Rect Client() const noexcept { return {0, 0, client.width, client.height}; }
+    /// The band with its closing line, inside the frame. Right and bottom exclusive.
+    Rect MonthBand() const noexcept;
+    /// The captions below that line, down to and including the line at `gridTop`.
+    Rect WeekDayRow() const noexcept;
+
+    friend bool operator==(const CalendarLayout&, const CalendarLayout&) = default;
+};
+
+/// Total: any state and any size give a layout, whose parts may be empty or inverted.
+CalendarLayout LayoutCalendar(const CalendarState& state, const LayoutMetrics& metrics) noexcept;
+
+/// The grid of the shown month in that layout.
+MonthGrid GridOf(const CalendarState& state, const CalendarLayout& layout) noexcept;
+
+}  // namespace velmora

@@ -1,0 +1,125 @@
+#include "calendar/VmCalendar.h"
+
+#include "platform/ScaleMode.h"
+
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr std::int16_t kLeftButton = 1;
+
+}  // namespace
+
+/// Events carry the units of the container.
+void VmCalendar::Raise(MouseEvent CalendarEvents::*event, std::int16_t button, std::int16_t shift,
+                       float x, float y) {
+    const std::int16_t mode = ContainerScaleMode(m_platform.hosting);
+    const double pixelsPerInch = m_platform.windowing.PixelsPerInch();
+    auto scaledX = static_cast<float>(FromPixels(x, mode, pixelsPerInch, Axis::Horizontal));
+    auto scaledY = static_cast<float>(FromPixels(y, mode, pixelsPerInch, Axis::Vertical));
+    (m_events.*event).Raise(button, shift, scaledX, scaledY);
+}
+
+void VmCalendar::OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (!m_platform.windowing.TakesInput()) return;
+    if ((button & kLeftButton) != 0) {
+        EndPress();
+        m_press.active = true;
+        m_press.arrow = ArrowAt(x, y);
+        m_platform.windowing.SetCapture();
+        Track(x, y);
+    }
+    Raise(&CalendarEvents::MouseDown, button, shift, x, y);
+}
+
+void VmCalendar::OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (!m_platform.windowing.TakesInput()) return;
+    if (m_press.active) Track(x, y);
+    Raise(&CalendarEvents::MouseMove, button, shift, x, y);
+}
+
+void VmCalendar::OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (!m_platform.windowing.TakesInput()) return;
+    const Lifetime::Watch alive(m_lifetime);
+    if ((button & kLeftButton) != 0 && m_press.active) Release(EndPress(), x, y);
+    if (alive) Raise(&CalendarEvents::MouseUp, button, shift, x, y);
+}
+
+void VmCalendar::OnCaptureLost() { EndPress(); }
+
+std::optional<Arrow> VmCalendar::ArrowAt(float x, float y) {
+    if (m_state.monthYearSelStyle != VmMonthSelArrows) return std::nullopt;
+    const auto& arrows = Layout().arrows;
+    for (std::size_t i = 0; i < arrows.size(); ++i) {
+        const Rect& arrow = arrows[i];
+        if (PtInCellRect({arrow.left, arrow.top, arrow.right - 1, arrow.bottom - 1}, x, y)) {
+            return static_cast<Arrow>(i);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<DayNumber> VmCalendar::SelectableAt(float x, float y) {
+    const auto day = DateFromPoint(x, y);
+    return day && IsSelectable(*day) ? day : std::nullopt;
+}
+
+/// Shows what a release at that point would do.
+void VmCalendar::Track(float x, float y) {
+    if (!m_press.arrow) {
+        Choose(SelectableAt(x, y));
+        return;
+    }
+    const bool onArrow = ArrowAt(x, y) == m_press.arrow;
+    if (std::exchange(m_press.onArrow, onArrow) != onArrow) InvalidateArrow(*m_press.arrow);
+}
+
+void VmCalendar::Choose(std::optional<DayNumber> day) {
+    const auto before = std::exchange(m_press.chosen, day);
+    if (before == day) return;
+    InvalidateDay(before);
+    InvalidateDay(day);
+    // The selection gives way to the choice and comes back after it.
+    if (before.has_value() != day.has_value()) InvalidateDay(DayOf(m_state.dateValue));
+}
+
+/// Ends the press without doing anything; the screen is as before it.
+VmCalendar::Press VmCalendar::EndPress() {
+    if (!m_press.active) return {};
+    Choose(std::nullopt);
+    const Press press = std::exchange(m_press, {});
+    if (press.onArrow) InvalidateArrow(*press.arrow);
+    m_platform.windowing.ReleaseCapture();
+    return press;
+}
+
+void VmCalendar::Release(const Press& press, float x, float y) {
+    if (press.arrow) {
+        if (ArrowAt(x, y) == press.arrow) StepByArrow(*press.arrow);
+        return;
+    }
+    const auto day = SelectableAt(x, y);
+    if (!day) return;
+    if (*day != DayOf(m_state.dateValue)) {
+        SelectDate(DateOf(*day));
+    } else if (m_state.alwaysDateChanged) {
+        auto sameDay = static_cast<std::int16_t>(DayOfMonth(*day));
+        m_events.DayChanged.Raise(sameDay);
+    }
+}
+
+/// Moves the shown month, refused beyond the limits.
+void VmCalendar::StepByArrow(Arrow arrow) {
+    constexpr int kMonths[kArrowCount] = {-12, 12, -1, 1};
+    const int months = kMonths[static_cast<int>(arrow)];
+    const DayNumber day = AddMonths(DayOf(m_state.shownDate), months);
+    if (months < 0 ? day < DayOf(m_state.dateMin) : day > DayOf(m_state.dateMax)) return;
+    MoveShown(DateOf(day));
+}
+
+void VmCalendar::InvalidateArrow(Arrow arrow) {
+    Invalidate(m_layout.arrows[static_cast<std::size_t>(arrow)]);
+}
+
+}  // namespace velmora

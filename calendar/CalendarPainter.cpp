@@ -1,0 +1,349 @@
+#include "calendar/CalendarPainter.h"
+
+#include "calendar/DayPicture.h"
+
+#include <algorithm>
+#include <string>
+
+namespace velmora {
+namespace {
+
+constexpr int kTextInsetX = 2;  // pixels between a cell's edge and its texts
+constexpr int kTextInsetY = 1;
+
+constexpr bool Intersects(const Rect& a, const Rect& b) noexcept {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+constexpr bool Contains(const Rect& outer, const Rect& inner) noexcept {
+    return outer.left <= inner.left && inner.right <= outer.right && outer.top <= inner.top &&
+           inner.bottom <= outer.bottom;
+}
+
+/// A cell's rectangle as drawing operations take it.
+constexpr Rect Exclusive(const Rect& cell) noexcept {
+    return {cell.left, cell.top, cell.right + 1, cell.bottom + 1};
+}
+
+constexpr Rect Inset(const Rect& rect, int x, int y) noexcept {
+    return {rect.left + x, rect.top + y, rect.right - x, rect.bottom - y};
+}
+
+/// The first character of UTF-8 text.
+std::string FirstLetter(const std::string& text) {
+    std::size_t length = std::min<std::size_t>(text.size(), 1);
+    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) {
+        ++length;
+    }
+    return text.substr(0, length);
+}
+
+/// A day's own colour, or the default when it has none.
+OLE_COLOR ColorOr(const Variant& own, OLE_COLOR fallback) noexcept {
+    const auto* color = own.As<std::int32_t>();
+    return color ? static_cast<OLE_COLOR>(*color) : fallback;
+}
+
+}  // namespace
+
+std::uint32_t AlignmentToTextFlags(VmTextAlignmentConstants alignment) noexcept {
+    if (alignment < VmTextTopLeft || alignment > VmTextBottomRight) return kTextLeft | kTextTop;
+    return static_cast<std::uint32_t>(alignment % 3 * 4 + alignment / 3);
+}
+
+int WidestCaption(Drawing& drawing, const StdFont& font) {
+    const OwnedSurface memory(drawing, drawing.CreateCompatibleDC(SurfaceHandle::None));
+    const OwnedObject object(drawing, drawing.CreateFontIndirectA(FontToLogFont(font)));
+    const Selection selected(drawing, memory.Get(), object);
+    Rect extent;
+    drawing.DrawTextA(memory.Get(), "September 2999", extent, kTextSingleLine | kTextCalcRect);
+    return extent.right;
+}
+
+CalendarPainter::CalendarPainter(Drawing& drawing, const CalendarView& view)
+    : m_drawing(drawing),
+      m_view(view),
+      m_grid(GridOf(view.state, view.layout)),
+      m_today(view.dates.Today()),
+      m_highlightPen(SolidPen(drawing, k3DHighlight)),
+      m_shadowPen(SolidPen(drawing, kButtonShadow)),
+      m_darkShadowPen(SolidPen(drawing, k3DDarkShadow)) {}
+
+void CalendarPainter::PaintCalendar(SurfaceHandle window) {
+    const Rect client = m_view.layout.Client();
+    const OwnedSurface memory(m_drawing, m_drawing.CreateCompatibleDC(window));
+    const OwnedObject bitmap(
+        m_drawing, m_drawing.CreateCompatibleBitmap(window, client.right, client.bottom));
+    if (!memory || !bitmap) {
+        PaintAll(window);
+        return;
+    }
+    const Selection selected(m_drawing, memory.Get(), bitmap);
+    PaintAll(memory.Get());
+    m_drawing.BitBlt(window, client, memory.Get(), {0, 0}, RasterOp::SrcCopy);
+}
+
+void CalendarPainter::PaintExposed(SurfaceHandle window, std::span<const Rect> exposed) {
+    switch (ZoneOf(exposed)) {
+        case Zone::Cells: PaintCells(window, exposed); break;
+        case Zone::MonthBand: PaintMonthCaption(window); break;
+        case Zone::WeekDayRow: PaintWeekDayRow(window); break;
+        case Zone::Several: PaintCalendar(window); break;
+    }
+}
+
+CalendarPainter::Zone CalendarPainter::ZoneOf(std::span<const Rect> exposed) const noexcept {
+    constexpr std::size_t kFew = 8;  // more is quicker composed as a whole
+    const CalendarLayout& layout = m_view.layout;
+    const Rect cells{1, layout.gridTop + 1, layout.client.width - 1,
+                     layout.gridTop + kGridRows * layout.rowHeight + 1};
+    const auto allIn = [&](const Rect& zone) {
+        return std::all_of(exposed.begin(), exposed.end(),
+                           [&](const Rect& rect) { return Contains(zone, rect); });
+    };
+    if (allIn(layout.MonthBand())) return Zone::MonthBand;
+    if (allIn(layout.WeekDayRow())) return Zone::WeekDayRow;
+    if (exposed.size() > kFew || !allIn(cells)) return Zone::Several;
+    const bool large = std::any_of(exposed.begin(), exposed.end(), [&](const Rect& rect) {
+        return rect.bottom - rect.top > 2 * layout.rowHeight;
+    });
+    return large ? Zone::Several : Zone::Cells;
+}
+
+void CalendarPainter::PaintAll(SurfaceHandle surface) {
+    m_drawing.SetBkMode(surface, BackgroundMode::Transparent);
+    PaintGaps(surface);
+    PaintMonthCaption(surface);
+    PaintWeekDayRow(surface);
+    const Rect client = m_view.layout.Client();
+    PaintCells(surface, {&client, 1});
+    PaintFrame(surface);
+}
+
+void CalendarPainter::PaintGaps(SurfaceHandle surface) {
+    const CalendarLayout& layout = m_view.layout;
+    Rect gap = layout.Client();
+    if (layout.cellWidth > 0 && layout.rowHeight > 0) {
+        gap.top = layout.gridTop + kGridRows * layout.rowHeight + 1;
+        if (gap.top >= gap.bottom - 1) return;
+    }
+    const OwnedObject brush = SolidBrush(m_drawing, kButtonFace);
+    m_drawing.FillRect(surface, gap, brush.Get());
+}
+
+void CalendarPainter::PaintFrame(SurfaceHandle surface) {
+    const Rect client = m_view.layout.Client();
+    if (m_view.state.appearance != VmAppearanceFlat) {
+        m_drawing.DrawEdge(surface, client, kSunkenOuter, kAllSides);
+        return;
+    }
+    const Selection pen(m_drawing, surface, m_darkShadowPen);
+    m_drawing.MoveToEx(surface, 0, 0);
+    m_drawing.LineTo(surface, client.right - 1, 0);
+    m_drawing.LineTo(surface, client.right - 1, client.bottom - 1);
+    m_drawing.LineTo(surface, 0, client.bottom - 1);
+    m_drawing.LineTo(surface, 0, 0);
+}
+
+void CalendarPainter::PaintMonthCaption(SurfaceHandle surface) {
+    const OwnedObject back = SolidBrush(m_drawing, m_view.state.monthBackColor);
+    m_drawing.FillRect(surface, m_view.layout.MonthBand(), back.Get());
+    if (m_view.state.monthYearSelStyle == VmMonthSelArrows) PaintArrows(surface);
+    if (m_view.state.monthAppearance == VmAppearance3D) PaintMonthBandEdges(surface);
+    PaintMonthText(surface);
+}
+
+void CalendarPainter::PaintArrows(SurfaceHandle surface) {
+    for (int i = 0; i < kArrowCount; ++i) {
+        const auto arrow = static_cast<Arrow>(i);
+        const bool left = arrow == Arrow::YearBack || arrow == Arrow::MonthBack;
+        std::uint32_t state = left ? kScrollLeft : kScrollRight;
+        if (m_view.pressedArrow == arrow) state |= kFramePushed;
+        if (!m_view.enabled) state |= kFrameInactive;
+        m_drawing.DrawFrameControl(surface, m_view.layout.arrows[static_cast<std::size_t>(i)],
+                                   FrameControl::ScrollBar, state);
+    }
+}
+
+void CalendarPainter::PaintMonthBandEdges(SurfaceHandle surface) {
+    const int right = m_view.layout.client.width - 2;
+    const int bottom = m_view.layout.monthBandHeight;
+    {
+        const Selection pen(m_drawing, surface, m_highlightPen);
+        m_drawing.MoveToEx(surface, 1, bottom);
+        m_drawing.LineTo(surface, 1, 1);
+        m_drawing.LineTo(surface, right, 1);
+    }
+    const Selection pen(m_drawing, surface, m_shadowPen);
+    m_drawing.LineTo(surface, right, bottom);
+    m_drawing.LineTo(surface, 0, bottom);
+}
+
+void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
+    const CalendarState& state = m_view.state;
+    const bool full = state.monthDisplay == VmMonthFullName;
+    if (!full && state.monthDisplay != VmMonthAbbrName) return;
+    const DayNumber shown = DayOf(state.shownDate);
+    const std::string text = m_view.dates.Format(DateOf(shown), full ? "mmmm" : "mmm") + ' ' +
+                             std::to_string(YearOf(shown));
+
+    const OwnedObject font(m_drawing,
+                           m_drawing.CreateFontIndirectA(FontToLogFont(*state.monthFont)));
+    const Selection selected(m_drawing, surface, font);
+    Rect place{2, 2, m_view.layout.client.width - 3, m_view.layout.monthBandHeight - 2};
+    if (state.monthYearSelStyle == VmMonthSelCombo) {
+        // The list and the year box say the same; beside them the caption stands whole or not at all.
+        place.right = m_view.layout.monthList.left - kTextInsetX;
+        Rect extent;
+        m_drawing.DrawTextA(surface, text, extent, kTextSingleLine | kTextCalcRect);
+        if (extent.right > place.right - place.left) return;
+    }
+    m_drawing.SetTextColor(surface, ResolveColor(m_drawing, TextColor(state.monthForeColor)));
+    m_drawing.DrawTextA(surface, text, place, kTextCenter | kTextVCenter | kTextSingleLine);
+}
+
+void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
+    const CalendarState& state = m_view.state;
+    if (!m_view.layout.hasWeekDayRow) return;
+    const OwnedObject back = SolidBrush(m_drawing, state.weekDayBackColor);
+    const OwnedObject font(m_drawing,
+                           m_drawing.CreateFontIndirectA(FontToLogFont(*state.weekDayFont)));
+    const Selection selected(m_drawing, surface, font);
+    m_drawing.SetTextColor(surface, ResolveColor(m_drawing, TextColor(state.weekDayForeColor)));
+    for (int column = 0; column < m_grid.ColumnCount(); ++column) {
+        PaintWeekDay(surface, column, back);
+    }
+}
+
+void CalendarPainter::PaintWeekDay(SurfaceHandle surface, int column, const OwnedObject& back) {
+    Rect cell = m_grid.ColumnRect(column);
+    cell.top = m_view.layout.WeekDayRow().top;
+    cell.bottom = m_view.layout.gridTop;
+    m_drawing.FillRect(surface, Exclusive(cell), back.Get());
+    if (m_view.state.weekDayAppearance == VmAppearance3D) PaintRaisedEdges(surface, cell, true);
+    DrawAligned(surface, WeekDayCaption(column), Exclusive(cell),
+                m_view.state.weekDayCaptionAlignment);
+}
+
+std::string CalendarPainter::WeekDayCaption(int column) const {
+    const CalendarState& state = m_view.state;
+    const int weekDay = (state.GridFirstDay() % 7 + 7 + column) % 7;  // 0 Saturday, 1 Sunday, ..
+    const Date date = DateOf(weekDay);  // day 0 is a Saturday
+    if (state.weekDayDisplay == VmWeekDayAbbrName) return m_view.dates.Format(date, "ddd");
+    const std::string name = m_view.dates.Format(date, "dddd");
+    return state.weekDayDisplay == VmWeekDayLetter ? FirstLetter(name) : name;
+}
+
+void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> exposed) {
+    const OwnedObject font(
+        m_drawing, m_drawing.CreateFontIndirectA(FontToLogFont(*m_view.state.dayFont)));
+    const Selection selected(m_drawing, surface, font);
+    for (DayNumber day = m_grid.FirstVisible(); day <= m_grid.LastVisible(); ++day) {
+        const auto cell = m_grid.DayCellRect(day);
+        if (!cell) continue;
+        const Rect area = Exclusive(*cell);
+        if (std::any_of(exposed.begin(), exposed.end(),
+                        [&](const Rect& rect) { return Intersects(rect, area); })) {
+            PaintDayCell(surface, day, *cell);
+        }
+    }
+}
+
+void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const Rect& cell) {
+    const int dayOfMonth = DayOfMonth(day);
+    const VmDay* decoration = nullptr;
+    if (m_grid.IsShownMonth(day) && dayOfMonth <= m_view.days.Count()) {
+        decoration = m_view.days.Items()[static_cast<std::size_t>(dayOfMonth) - 1].get();
+    }
+    const bool pressed = m_view.chosen == day;
+    const bool raised = m_view.state.dayAppearance == VmAppearance3D;
+    const Rect inner{cell.left + (raised ? 1 : 0), cell.top + (raised ? 1 : 0), cell.right,
+                     cell.bottom};
+
+    const CellColors colors = ColorsOf(day, decoration, pressed || IsSelected(day));
+    const OwnedObject back = SolidBrush(m_drawing, colors.back);
+    m_drawing.FillRect(surface, inner, back.Get());
+    if (raised) {
+        PaintRaisedEdges(surface, cell, !pressed);
+    } else {
+        PaintGridLines(surface, cell);
+    }
+
+    const std::string number = std::to_string(dayOfMonth);
+    if (decoration && decoration->Picture()) {
+        PaintPicture(surface, *decoration->Picture(), number, inner);
+    }
+    m_drawing.SetTextColor(surface, ResolveColor(m_drawing, TextColor(colors.fore)));
+    DrawAligned(surface, number, inner, m_view.state.dayNumberAlignment);
+    if (decoration && !decoration->Caption().empty()) {
+        DrawAligned(surface, decoration->Caption(), inner, m_view.state.dayCaptionAlignment);
+    }
+}
+
+void CalendarPainter::PaintRaisedEdges(SurfaceHandle surface, const Rect& cell, bool raised) {
+    {
+        const Selection pen(m_drawing, surface, raised ? m_highlightPen : m_shadowPen);
+        m_drawing.MoveToEx(surface, cell.left, cell.bottom);
+        m_drawing.LineTo(surface, cell.left, cell.top);
+        m_drawing.LineTo(surface, cell.right, cell.top);
+    }
+    const Selection pen(m_drawing, surface, raised ? m_shadowPen : m_highlightPen);
+    m_drawing.LineTo(surface, cell.right, cell.bottom);
+    m_drawing.LineTo(surface, cell.left, cell.bottom);
+}
+
+/// Lines go between cells: the left and top ones are the right and bottom ones of the neighbours.
+void CalendarPainter::PaintGridLines(SurfaceHandle surface, const Rect& cell) {
+    const Selection pen(m_drawing, surface, m_darkShadowPen);
+    if (cell.left < 2) {
+        m_drawing.MoveToEx(surface, cell.left, cell.top - 1);
+    } else {
+        m_drawing.MoveToEx(surface, cell.left - 1, cell.bottom);
+        m_drawing.LineTo(surface, cell.left - 1, cell.top - 1);
+    }
+    m_drawing.LineTo(surface, cell.right, cell.top - 1);
+    m_drawing.LineTo(surface, cell.right, cell.bottom);
+    m_drawing.LineTo(surface, cell.left - 1, cell.bottom);
+}
+
+void CalendarPainter::PaintPicture(SurfaceHandle surface, const StdPicture& picture,
+                                   std::string_view number, const Rect& inner) {
+    Rect extent;
+    m_drawing.DrawTextA(surface, number, extent, kTextSingleLine | kTextCalcRect);
+    const Rect room = Inset(inner, kTextInsetX, kTextInsetY);
+    const auto place = static_cast<VmPictureAlignmentConstants>(m_view.state.dayNumberAlignment);
+    const Rect text = PlaceDayPicture(place, {extent.right, extent.bottom}, room, room);
+    DrawDayPicture(m_drawing, surface, picture, m_view.state.dayPictureAlignment, inner, text,
+                   m_view.pixelsPerInch);
+}
+
+void CalendarPainter::DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,
+                                  VmTextAlignmentConstants alignment) {
+    Rect room = Inset(inner, kTextInsetX, kTextInsetY);
+    m_drawing.DrawTextA(surface, text, room,
+                        AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix);
+}
+
+bool CalendarPainter::IsSelected(DayNumber day) const noexcept {
+    return !m_view.chosen && m_grid.IsShownMonth(day) && day == DayOf(m_view.state.dateValue);
+}
+
+/// Selected before today, today before other month, other month before the day's own, then the
+/// default.
+CalendarPainter::CellColors CalendarPainter::ColorsOf(DayNumber day, const VmDay* decoration,
+                                                      bool selected) const {
+    const CalendarState& state = m_view.state;
+    const VmDays& days = m_view.days;
+    if (selected) return {state.selectedDayForeColor, state.selectedDayBackColor};
+    if (day == m_today) return {state.todayForeColor, state.todayBackColor};
+    if (!m_grid.IsShownMonth(day)) return {days.OtherMonthForeColor(), days.DefaultBackColor()};
+    if (!decoration) return {days.DefaultForeColor(), days.DefaultBackColor()};
+    return {ColorOr(decoration->ForeColor(), days.DefaultForeColor()),
+            ColorOr(decoration->BackColor(), days.DefaultBackColor())};
+}
+
+OLE_COLOR CalendarPainter::TextColor(OLE_COLOR color) const noexcept {
+    return m_view.enabled ? color : kGrayText;
+}
+
+}  // namespace velmora

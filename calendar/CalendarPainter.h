@@ -1,0 +1,86 @@
+#pragma once
+
+#include "calendar/CalendarLayout.h"
+#include "calendar/CalendarState.h"
+#include "model/VmDays.h"
+#include "platform/Dates.h"
+#include "platform/DrawingScopes.h"
+
+#include <optional>
+#include <span>
+
+namespace velmora {
+
+/// What a calendar looks like at one moment.
+struct CalendarView {
+    const CalendarState& state;  // its three fonts are set
+    const CalendarLayout& layout;
+    const VmDays& days;  // of the shown month
+    const Dates& dates;
+    double pixelsPerInch = 96;
+    bool enabled = true;
+    /// The date being chosen with the mouse: it shows pressed, and no date as the selected one.
+    std::optional<DayNumber> chosen;
+    std::optional<Arrow> pressedArrow;
+};
+
+/// Text-drawing flags of an alignment 0..8: vertical 0, 4 or 8, horizontal 0, 1 or 2. Any other
+/// value counts as top left.
+std::uint32_t AlignmentToTextFlags(VmTextAlignmentConstants alignment) noexcept;
+
+/// Width of the widest caption that the month band must hold, in that font.
+int WidestCaption(Drawing& drawing, const StdFont& font);
+
+/// Draws a calendar on a surface; keeps nothing between paints.
+class CalendarPainter {
+public:
+    CalendarPainter(Drawing& drawing, const CalendarView& view);
+
+    /// The whole calendar, composed off screen and copied to the window in one go. Where there is no
+    /// memory for that, it is drawn on the window.
+    void PaintCalendar(SurfaceHandle window);
+    /// What lies in the rectangles, and possibly more of it: single cells and bands are drawn in
+    /// place, anything else is a paint of the whole.
+    void PaintExposed(SurfaceHandle window, std::span<const Rect> exposed);
+
+private:
+    struct CellColors {
+        OLE_COLOR fore;
+        OLE_COLOR back;
+    };
+    enum class Zone { Cells, MonthBand, WeekDayRow, Several };
+
+    void PaintAll(SurfaceHandle surface);
+    void PaintFrame(SurfaceHandle surface);
+    void PaintGaps(SurfaceHandle surface);
+    void PaintMonthCaption(SurfaceHandle surface);
+    void PaintArrows(SurfaceHandle surface);
+    void PaintMonthBandEdges(SurfaceHandle surface);
+    void PaintMonthText(SurfaceHandle surface);
+    void PaintWeekDayRow(SurfaceHandle surface);
+    void PaintWeekDay(SurfaceHandle surface, int column, const OwnedObject& back);
+    void PaintCells(SurfaceHandle surface, std::span<const Rect> exposed);
+    void PaintDayCell(SurfaceHandle surface, DayNumber day, const Rect& cell);
+    void PaintRaisedEdges(SurfaceHandle surface, const Rect& cell, bool raised);
+    void PaintGridLines(SurfaceHandle surface, const Rect& cell);
+    void PaintPicture(SurfaceHandle surface, const StdPicture& picture, std::string_view number,
+                      const Rect& inner);
+    void DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,
+                     VmTextAlignmentConstants alignment);
+
+    Zone ZoneOf(std::span<const Rect> exposed) const noexcept;
+    CellColors ColorsOf(DayNumber day, const VmDay* decoration, bool selected) const;
+    bool IsSelected(DayNumber day) const noexcept;
+    OLE_COLOR TextColor(OLE_COLOR color) const noexcept;
+    std::string WeekDayCaption(int column) const;
+
+    Drawing& m_drawing;
+    const CalendarView& m_view;
+    MonthGrid m_grid;
+    DayNumber m_today;
+    OwnedObject m_highlightPen;
+    OwnedObject m_shadowPen;
+    OwnedObject m_darkShadowPen;
+};
+
+}  // namespace velmora

@@ -1,0 +1,112 @@
+#include "calendar/DayPicture.h"
+
+#include "platform/DrawingScopes.h"
+#include "platform/ScaleMode.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr int kTextGap = 2;  // pixels between a picture and the number that it goes by
+
+constexpr int WidthOf(const Rect& rect) noexcept { return rect.right - rect.left; }
+constexpr int HeightOf(const Rect& rect) noexcept { return rect.bottom - rect.top; }
+
+constexpr Rect At(int left, int top, Size size) noexcept {
+    return {left, top, left + size.width, top + size.height};
+}
+
+/// Moves a span of that length to where it begins nearest to `wanted` inside low..high.
+constexpr int Inside(int wanted, int length, int low, int high) noexcept {
+    return std::max(low, std::min(wanted, high - length));
+}
+
+Rect PlaceByText(VmPictureAlignmentConstants alignment, Size size, const Rect& cell,
+                 const Rect& text) noexcept {
+    int left = text.left + (WidthOf(text) - size.width) / 2;
+    int top = text.top + (HeightOf(text) - size.height) / 2;
+    if (alignment == VmPictLeftOfText) left = text.left - kTextGap - size.width;
+    if (alignment == VmPictRightOfText) left = text.right + kTextGap;
+    if (alignment == VmPictAboveText) top = text.top - kTextGap - size.height;
+    if (alignment == VmPictBelowText) top = text.bottom + kTextGap;
+    return At(Inside(left, size.width, cell.left, cell.right),
+              Inside(top, size.height, cell.top, cell.bottom), size);
+}
+
+/// Copies the whole bitmap that is selected into `source` to `area`.
+void CopyPicture(Drawing& drawing, SurfaceHandle surface, SurfaceHandle source,
+                 const StdPicture& picture, const Rect& area) {
+    const Size pixels{picture.Image()->width, picture.Image()->height};
+    if (pixels == Size{WidthOf(area), HeightOf(area)}) {
+        drawing.BitBlt(surface, area, source, {0, 0}, RasterOp::SrcCopy);
+    } else {
+        drawing.StretchBlt(surface, area, source, {0, 0, pixels.width, pixels.height},
+                           RasterOp::SrcCopy);
+    }
+}
+
+/// Neighbouring copies overlap by one pixel; a picture one pixel wide or high still advances.
+void TilePicture(Drawing& drawing, SurfaceHandle surface, SurfaceHandle source,
+                 const StdPicture& picture, Size size, const Rect& area) {
+    const int stepX = std::max(size.width - 1, 1);
+    const int stepY = std::max(size.height - 1, 1);
+    for (int x = area.left; x < area.right; x += stepX) {
+        for (int y = area.top; y < area.bottom; y += stepY) {
+            CopyPicture(drawing, surface, source, picture, At(x, y, size));
+        }
+    }
+}
+
+void DrawBitmap(Drawing& drawing, SurfaceHandle surface, const StdPicture& picture,
+                ObjectHandle bitmap, VmPictureAlignmentConstants alignment, Size size,
+                const Rect& area) {
+    const OwnedSurface source(drawing, drawing.CreateCompatibleDC(surface));
+    if (!source) return;
+    const Selection selected(drawing, source.Get(), bitmap);
+    if (alignment == VmPictTile) {
+        TilePicture(drawing, surface, source.Get(), picture, size, area);
+    } else {
+        CopyPicture(drawing, surface, source.Get(), picture, area);
+    }
+}
+
+}  // namespace
+
+Rect PlaceDayPicture(VmPictureAlignmentConstants alignment, Size picture, const Rect& cell,
+                     const Rect& text) noexcept {
+    if (alignment == VmPictStretch || alignment == VmPictTile) return cell;
+    if (alignment >= VmPictLeftOfText && alignment <= VmPictBelowText) {
+        return PlaceByText(alignment, picture, cell, text);
+    }
+    const bool known = alignment >= VmPictTopLeft && alignment <= VmPictBottomRight;
+    const int column = known ? alignment / 3 : 0;  // 0..2
+    const int row = known ? alignment % 3 : 0;     // 0..2
+    return At(cell.left + (WidthOf(cell) - picture.width) * column / 2,
+              cell.top + (HeightOf(cell) - picture.height) * row / 2, picture);
+}
+
+Size PictureSize(const StdPicture& picture, double pixelsPerInch) noexcept {
+    if (picture.Type() == PictureType::Icon) return kIconSize;
+    return HimetricToPixels(picture.Himetric(), pixelsPerInch);
+}
+
+void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& picture,
+                    VmPictureAlignmentConstants alignment, const Rect& cell, const Rect& text,
+                    double pixelsPerInch) {
+    const Size size = PictureSize(picture, pixelsPerInch);
+    if (size.width <= 0 || size.height <= 0) return;
+    const ObjectHandle handle = drawing.PictureHandle(picture);
+    if (handle == ObjectHandle::None) return;
+
+    const Rect area = PlaceDayPicture(alignment, size, cell, text);
+    const Clip clip(drawing, surface, cell);
+    if (picture.Type() == PictureType::Icon) {
+        drawing.DrawIconEx(surface, area.left, area.top, handle, kIconSize.width, kIconSize.height,
+                           kDrawIconNormal);
+    } else {
+        DrawBitmap(drawing, surface, picture, handle, alignment, size, area);
+    }
+}
+
+}  // namespace velmora

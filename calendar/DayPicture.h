@@ -1,0 +1,26 @@
+#pragma once
+
+#include "model/Enumerations.h"
+#include "platform/Drawing.h"
+
+namespace velmora {
+
+/// Icons are always drawn at 32 x 32 pixels.
+inline constexpr Size kIconSize{32, 32};
+
+/// Where a picture of that size goes. `cell` is what may be painted on; the modes beside, above and
+/// below the text go by `text`, the place of the day's number, and stay inside the cell where there
+/// is room. Right and bottom exclusive. Total: an unknown alignment counts as top left.
+Rect PlaceDayPicture(VmPictureAlignmentConstants alignment, Size picture, const Rect& cell,
+                     const Rect& text) noexcept;
+
+/// Size of a picture on the screen: 32 x 32 for an icon, else its HIMETRIC size in pixels.
+Size PictureSize(const StdPicture& picture, double pixelsPerInch) noexcept;
+
+/// Draws a day's picture clipped to its cell; nothing for one that has no size or that the host
+/// cannot draw.
+void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& picture,
+                    VmPictureAlignmentConstants alignment, const Rect& cell, const Rect& text,
+                    double pixelsPerInch);
+
+}  // namespace velmora

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "calendar/CalendarLayout.h"
+#include "platform/Windowing.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// The child controls for changing the shown month and year: the month list `cboMonth`, the year
+/// box `txtYear` with its spinner `scrYear`, and the month scroll bar `scrDate`. Holds their values,
+/// whether they exist or not; native controls are made when their style is first shown. Setting a
+/// value here never counts as the user's own change of it.
+class Selectors {
+public:
+    /// A scroll bar's values; the value is that of the last handled change, which the user's next
+    /// one is measured against.
+    struct Position {
+        int minimum = 0;
+        int maximum = 0;
+        int value = 0;
+    };
+
+    explicit Selectors(Windowing& windowing) : m_windowing(windowing) {}
+
+    /// The twelve month names, January first.
+    void MonthNames(std::vector<std::string> names);
+
+    /// Makes the native controls of a style where they are missing; their sizes are in the metrics.
+    void Prepare(VmMonthYearSelStyleConstants style, LayoutMetrics& metrics);
+    /// Shows those of the style at their places and hides the others.
+    void Place(VmMonthYearSelStyleConstants style, const CalendarLayout& layout);
+
+    /// List index month - 1.
+    void Month(int month);
+    int ListIndex() const noexcept { return m_listIndex; }
+    bool MonthListDropped() const { return m_monthList && m_monthList->DroppedDown(); }
+    WindowHandle MonthListHandle() const;
+
+    /// Spinner and year box show the year; the spinner runs over negated years.
+    void Year(int year);
+    void YearRange(int firstYear, int lastYear);
+    const Position& YearSpinner() const noexcept { return m_yearSpinner; }
+    const std::string& YearText() const noexcept { return m_yearTextValue; }
+
+    /// The scroll bar's position on the `MonthIndex` scale.
+    void MonthPosition(int monthIndex);
+    void MonthPositionRange(int first, int last);
+    const Position& DateScroll() const noexcept { return m_dateScroll; }
+
+private:
+    void PushMonth();
+    void PushYear();
+    void PushDate();
+
+    Windowing& m_windowing;
+    std::vector<std::string> m_monthNames;
+    int m_listIndex = -1;
+    std::string m_yearTextValue;
+    Position m_yearSpinner;
+    Position m_dateScroll;
+    std::unique_ptr<ComboBox> m_monthList;
+    std::unique_ptr<TextBox> m_yearText;
+    std::unique_ptr<ScrollBar> m_yearSpinnerBar;
+    std::unique_ptr<ScrollBar> m_dateScrollBar;
+};
+
+}  // namespace velmora

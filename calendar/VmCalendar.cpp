@@ -1,0 +1,230 @@
+#include "calendar/VmCalendar.h"
+
+#include <utility>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+constexpr AboutText kAbout{"Velmora Calendar Controls", "0.1.0", "https://velmoracalendar.example/"};
+
+/// A copy of its own for each property, so that a change of one font leaves the others alone.
+FontRef CopyOf(const FontRef& font) { return std::make_shared<StdFont>(*font); }
+
+std::vector<std::string> MonthNamesOf(const Dates& dates) {
+    return {dates.Locale().monthNames.begin(), dates.Locale().monthNames.end()};
+}
+
+}  // namespace
+
+VmCalendar::VmCalendar(const Platform& platform)
+    : m_platform(platform), m_days(std::make_shared<VmDays>()), m_selectors(platform.windowing) {
+    m_days->WhenItemChanges([this](std::int16_t position) {
+        InvalidateDay(FirstOfMonth(DayOf(m_state.shownDate)) + position - 1);
+    });
+    m_selectors.MonthNames(MonthNamesOf(platform.dates));
+}
+
+VmCalendar::~VmCalendar() { m_days->WhenItemChanges(nullptr); }
+
+void VmCalendar::InitProperties() {
+    m_state = CalendarState{};
+    m_state.dateValue = DateOf(m_platform.dates.Today());
+    m_state.shownDate = m_state.dateValue;
+    const FontRef font = m_platform.hosting.AmbientFont();
+    m_state.dayFont = CopyOf(font);
+    m_state.monthFont = CopyOf(font);
+    m_state.weekDayFont = CopyOf(font);
+    m_days->LoadMonth(DayOf(m_state.shownDate));
+    m_state.ready = true;
+    SyncSelectors();
+
+    const Lifetime::Watch alive(m_lifetime);
+    SelectMonth(MonthOf(DayOf(m_state.shownDate)));
+    if (alive) SelectYear(YearOf(DayOf(m_state.shownDate)));
+}
+
+void VmCalendar::Let(const DayColorProperty& property, OLE_COLOR value) {
+    if (!AdmitsColor(value)) throw AutomationError(ErrorNumber::InvalidPropertyValue);
+    ((*m_days).*property.set)(value);
+    Announce(property.name, AfterEffect::Repaint);
+}
+
+void VmCalendar::Announce(std::string_view property, AfterEffect effect) {
+    const Lifetime::Watch alive(m_lifetime);
+    m_platform.hosting.PropertyChanged(property);
+    if (!alive) return;
+    switch (effect) {
+        case AfterEffect::Nothing: break;
+        case AfterEffect::Repaint: RepaintControl(); break;
+        case AfterEffect::MonthBand: Invalidate(m_layout.MonthBand()); break;
+        case AfterEffect::WeekDayRow: Invalidate(m_layout.WeekDayRow()); break;
+    }
+}
+
+void VmCalendar::Enabled(bool value) {
+    m_platform.windowing.Enabled(value);
+    EndPress();
+    Announce(kEnabled, AfterEffect::Repaint);
+}
+
+void VmCalendar::MouseIcon(PictureRef value) {
+    if (value && value->Type() != PictureType::Icon) {
+        throw AutomationError(ErrorNumber::InvalidPropertyValue);
+    }
+    m_platform.windowing.MouseIcon(std::move(value));
+    Announce(kMouseIcon, AfterEffect::Nothing);
+}
+
+void VmCalendar::MousePointer(std::int16_t value) {
+    constexpr std::int16_t kCustom = 99;
+    if ((value < 0 || value > 15) && value != kCustom) return;
+    m_platform.windowing.MousePointer(value);
+    Announce(kMousePointer, AfterEffect::Nothing);
+}
+
+VmOLEDropModeConstants VmCalendar::OLEDropMode() const {
+    return static_cast<VmOLEDropModeConstants>(m_platform.windowing.OLEDropMode());
+}
+
+void VmCalendar::OLEDropMode(VmOLEDropModeConstants value) {
+    if (value < VmOLENone || value > VmOLEAutomatic) {
+        throw AutomationError(ErrorNumber::InvalidPropertyValue);
+    }
+    m_platform.windowing.OLEDropMode(value);
+}
+
+void VmCalendar::AboutBox() { m_platform.hosting.ShowAboutBox(kAbout); }
+
+// Painting
+
+CalendarLayout VmCalendar::ComputeLayout() {
+    for (FontRef* font : {&m_state.monthFont, &m_state.weekDayFont, &m_state.dayFont}) {
+        if (!*font) *font = m_platform.hosting.AmbientFont();
+    }
+    LayoutMetrics metrics;
+    metrics.client = m_platform.windowing.ClientSize();
+    m_selectors.Prepare(m_state.monthYearSelStyle, metrics);
+    if (m_state.monthYearSelStyle == VmMonthSelArrows) {
+        metrics.captionWidth = WidestCaption(m_platform.drawing, *m_state.monthFont);
+    }
+    return LayoutCalendar(m_state, metrics);
+}
+
+void VmCalendar::UpdateLayout() {
+    m_layout = ComputeLayout();
+    m_laidOut = true;
+    m_selectors.Place(m_state.monthYearSelStyle, m_layout);
+}
+
+const CalendarLayout& VmCalendar::Layout() {
+    if (!m_laidOut) UpdateLayout();
+    return m_layout;
+}
+
+std::optional<DayNumber> VmCalendar::DateFromPoint(float x, float y) {
+    return GridOf(m_state, Layout()).DateFromPoint(x, y);
+}
+
+CalendarView VmCalendar::View() const {
+    return {.state = m_state,
+            .layout = m_layout,
+            .days = *m_days,
+            .dates = m_platform.dates,
+            .pixelsPerInch = m_platform.windowing.PixelsPerInch(),
+            .enabled = m_platform.windowing.TakesInput(),
+            .chosen = m_press.chosen,
+            .pressedArrow = m_press.onArrow ? m_press.arrow : std::nullopt};
+}
+
+bool VmCalendar::OnPaint(SurfaceHandle surface, std::span<const Rect> exposed) {
+    if (!IsPaintable()) return false;
+    if (!m_state.monthAnnounced) {
+        m_state.monthAnnounced = true;
+        const Lifetime::Watch alive(m_lifetime);
+        auto month = static_cast<std::int16_t>(MonthOf(DayOf(m_state.dateValue)));
+        m_events.MonthChanged.Raise(month);
+        if (!alive || !IsPaintable()) return false;
+    }
+    const bool stale = IsScreenStale();
+    const CalendarView view = View();
+    CalendarPainter painter(m_platform.drawing, view);
+    if (stale) {
+        painter.PaintCalendar(surface);
+        RepaintControl();  // the surface may be confined to what is exposed
+    } else {
+        painter.PaintExposed(surface, exposed);
+    }
+    return true;
+}
+
+/// Brings the layout up to date. True when the screen shows another layout, month or selection than
+/// the state does, so that a part of it cannot be painted alone.
+bool VmCalendar::IsScreenStale() {
+    const CalendarLayout before = std::exchange(m_layout, ComputeLayout());
+    const bool first = !std::exchange(m_laidOut, true);
+    if (first || m_layout != before) m_selectors.Place(m_state.monthYearSelStyle, m_layout);
+    if (first) NoteScreen();
+    return !first && (m_layout != before || m_selectedOnScreen != DayOf(m_state.dateValue) ||
+                      IsOtherMonthOnScreen());
+}
+
+/// What the screen shows from the repaint on that is being asked for.
+void VmCalendar::NoteScreen() {
+    m_selectedOnScreen = DayOf(m_state.dateValue);
+    m_shownOnScreen = DayOf(m_state.shownDate);
+}
+
+bool VmCalendar::IsOtherMonthOnScreen() const noexcept {
+    return MonthsBetween(m_shownOnScreen, DayOf(m_state.shownDate)) != 0;
+}
+
+void VmCalendar::RepaintControl() {
+    if (!IsPaintable()) return;
+    NoteScreen();
+    if (m_laidOut) UpdateLayout();
+    m_platform.drawing.InvalidateRect(hWnd(), nullptr);
+}
+
+void VmCalendar::OnWindowChanged() {
+    if (!m_platform.windowing.TakesInput()) EndPress();
+    if (!IsPaintable()) return;
+    m_laidOut = true;
+    RepaintControl();
+}
+
+void VmCalendar::OnLocaleChanged() {
+    m_selectors.MonthNames(MonthNamesOf(m_platform.dates));
+    RepaintControl();
+}
+
+void VmCalendar::Invalidate(const Rect& rect) {
+    if (IsPaintable() && m_laidOut) m_platform.drawing.InvalidateRect(hWnd(), &rect);
+}
+
+void VmCalendar::InvalidateDay(std::optional<DayNumber> day) {
+    if (!day || !m_laidOut) return;
+    if (IsOtherMonthOnScreen()) {
+        RepaintControl();
+        return;
+    }
+    if (const auto cell = GridOf(m_state, m_layout).DayCellRect(*day)) {
+        Invalidate({cell->left, cell->top, cell->right + 1, cell->bottom + 1});
+    }
+}
+
+/// Redraws what a move of the date has changed on the screen: two cells, or all.
+void VmCalendar::RepaintSelection() {
+    if (!IsPaintable()) return;
+    if (IsOtherMonthOnScreen()) {
+        RepaintControl();
+        return;
+    }
+    const DayNumber selected = DayOf(m_state.dateValue);
+    const DayNumber before = std::exchange(m_selectedOnScreen, selected);
+    if (before == selected) return;
+    InvalidateDay(before);
+    InvalidateDay(selected);
+}
+
+}  // namespace velmora

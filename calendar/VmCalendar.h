@@ -1,0 +1,303 @@
+#pragma once
+
+#include "calendar/CalendarEvents.h"
+#include "calendar/CalendarLayout.h"
+#include "calendar/CalendarPainter.h"
+#include "calendar/CalendarProperties.h"
+#include "calendar/CalendarState.h"
+#include "calendar/Selectors.h"
+#include "model/VmDays.h"
+#include "platform/AutomationError.h"
+#include "platform/Platform.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace velmora {
+
+/// A month calendar: it shows one month, selects one date of it, and decorates its days.
+///
+/// Setters of published properties refuse a wrong value with error 380, leave everything as it was,
+/// tell the container of every success (`Hosting::PropertyChanged`) and ask for the repaint that the
+/// change needs. Colours are refused when any bit of 0x7F000000 is set. Events are raised from inside
+/// the operation that causes them; a handler may change anything, or destroy the calendar.
+///
+/// Life cycle: construct, connect to events, then exactly one of `InitProperties` and `ReadProps`.
+class VmCalendar : public Object {
+public:
+    explicit VmCalendar(const Platform& platform);
+    ~VmCalendar() override;
+    VmCalendar(const VmCalendar&) = delete;
+    VmCalendar& operator=(const VmCalendar&) = delete;
+
+    /// Takes the defaults of a newly placed calendar, today selected. Raises `MonthChanged` and
+    /// `YearChanged`.
+    void InitProperties();
+
+    CalendarEvents& Events() noexcept { return m_events; }
+
+    // The published properties, in the order of their slots.
+
+    /// Outer frame, one pixel: sunken (3D) or a dark line (flat). 0..1.
+    VmAppearanceConstants Appearance() const { return m_state.appearance; }
+    void Appearance(VmAppearanceConstants value) { Let(kAppearance, value); }
+
+    /// Latest date that can be selected; always the last day of its month. Setting it moves a later
+    /// `DateValue` down to it without events and without a repaint. Error 380: year outside
+    /// 200..4600, or earlier than `DateMin`.
+    Date DateMax() const { return m_state.dateMax; }
+    void DateMax(Date value);
+
+    /// Earliest date that can be selected; always the first day of its month. Setting it moves an
+    /// earlier `DateValue` up to it without events and without a repaint. Error 380: year outside
+    /// 200..4600, or later than `DateMax`.
+    Date DateMin() const { return m_state.dateMin; }
+    void DateMin(Date value);
+
+    /// The selected date. Reads as text in the locale's short form; takes a date, a number (day
+    /// number) or text. Empty, and another time on the same day, change nothing. Raises, each only
+    /// when its part changed, `DateChanged`, `DayChanged`, `MonthChanged`, `YearChanged`.
+    /// Error 13: no date. Error 380: year outside 200..4600, or outside `DateMin`..`DateMax`.
+    Variant DateValue() const;
+    void DateValue(const Variant& value);
+
+    /// Edges of the day cells: raised (3D) or grid lines (flat). 0..1.
+    VmAppearanceConstants DayAppearance() const { return m_state.dayAppearance; }
+    void DayAppearance(VmAppearanceConstants value) { Let(kDayAppearance, value); }
+
+    /// Colours of days without their own, and of the neighbouring months' days.
+    OLE_COLOR DayDefaultBackColor() const { return m_days->DefaultBackColor(); }
+    void DayDefaultBackColor(OLE_COLOR value) { Let(kDayDefaultBackColor, value); }
+    OLE_COLOR DayOtherMonthForeColor() const { return m_days->OtherMonthForeColor(); }
+    void DayOtherMonthForeColor(OLE_COLOR value) { Let(kDayOtherMonthForeColor, value); }
+    OLE_COLOR DayDefaultForeColor() const { return m_days->DefaultForeColor(); }
+    void DayDefaultForeColor(OLE_COLOR value) { Let(kDayDefaultForeColor, value); }
+
+    /// Place of a day's caption in its cell. 0..8.
+    VmTextAlignmentConstants DayCaptionAlignment() const { return m_state.dayCaptionAlignment; }
+    void DayCaptionAlignment(VmTextAlignmentConstants value) { Let(kDayCaptionAlignment, value); }
+
+    /// Font of the day numbers and captions; kept by reference. Null takes the container's font at
+    /// the next paint.
+    const FontRef& DayFont() const { return m_state.dayFont; }
+    void DayFont(FontRef value) { Let(kDayFont, value); }
+
+    /// Place of a day's number in its cell. 0..8.
+    VmTextAlignmentConstants DayNumberAlignment() const { return m_state.dayNumberAlignment; }
+    void DayNumberAlignment(VmTextAlignmentConstants value) { Let(kDayNumberAlignment, value); }
+
+    /// Place of a day's picture in its cell, or how it fills it. 0..14.
+    VmPictureAlignmentConstants DayPictureAlignment() const { return m_state.dayPictureAlignment; }
+    void DayPictureAlignment(VmPictureAlignmentConstants value) { Let(kDayPictureAlignment, value); }
+
+    /// The days of the shown month; the same object as long as the calendar lives. A change of the
+    /// shown month rebuilds it, which discards the decorations.
+    const DaysRef& Days() const { return m_days; }
+
+    /// The control window's own state. A disabled calendar is grey and ignores keys and mouse.
+    bool Enabled() const { return m_platform.windowing.Enabled(); }
+    void Enabled(bool value);
+
+    /// First column of the full week, 1 (Sunday)..7. Without the weekend it is always Monday.
+    VmWeekDays FirstDayOfWeek() const { return m_state.firstDayOfWeek; }
+    void FirstDayOfWeek(VmWeekDays value) { Let(kFirstDayOfWeek, value); }
+
+    WindowHandle hWnd() const { return m_platform.windowing.Handle(); }
+
+    /// Look of the month band: raised (3D) or flat. 0..1.
+    VmAppearanceConstants MonthAppearance() const { return m_state.monthAppearance; }
+    void MonthAppearance(VmAppearanceConstants value) { Let(kMonthAppearance, value); }
+    OLE_COLOR MonthBackColor() const { return m_state.monthBackColor; }
+    void MonthBackColor(OLE_COLOR value) { Let(kMonthBackColor, value); }
+    /// Full or abbreviated name of the month. 0..1.
+    VmMonthDisplayConstants MonthDisplay() const { return m_state.monthDisplay; }
+    void MonthDisplay(VmMonthDisplayConstants value) { Let(kMonthDisplay, value); }
+    const FontRef& MonthFont() const { return m_state.monthFont; }
+    void MonthFont(FontRef value) { Let(kMonthFont, value); }
+    OLE_COLOR MonthForeColor() const { return m_state.monthForeColor; }
+    void MonthForeColor(OLE_COLOR value) { Let(kMonthForeColor, value); }
+    /// How the user changes month and year: not at all, arrow buttons, a list with a year box, or a
+    /// scroll bar. 0..3.
+    VmMonthYearSelStyleConstants MonthYearSelStyle() const { return m_state.monthYearSelStyle; }
+    void MonthYearSelStyle(VmMonthYearSelStyleConstants value) { Let(kMonthYearSelStyle, value); }
+
+    /// Pointer over the calendar while `MousePointer` is 99. Null for none. Error 380: a picture
+    /// that is no icon.
+    PictureRef MouseIcon() const { return m_platform.windowing.MouseIcon(); }
+    void MouseIcon(PictureRef value);
+    /// 0..15 or 99; any other value is ignored without an error.
+    std::int16_t MousePointer() const { return m_platform.windowing.MousePointer(); }
+    void MousePointer(std::int16_t value);
+
+    /// The day of the shown month whose number is that of `DateValue`. Error 381: a month without
+    /// that day is shown.
+    DayRef SelectedDay() const;
+    OLE_COLOR SelectedDayBackColor() const { return m_state.selectedDayBackColor; }
+    void SelectedDayBackColor(OLE_COLOR value) { Let(kSelectedDayBackColor, value); }
+    OLE_COLOR SelectedDayForeColor() const { return m_state.selectedDayForeColor; }
+    void SelectedDayForeColor(OLE_COLOR value) { Let(kSelectedDayForeColor, value); }
+    OLE_COLOR TodayBackColor() const { return m_state.todayBackColor; }
+    void TodayBackColor(OLE_COLOR value) { Let(kTodayBackColor, value); }
+    OLE_COLOR TodayForeColor() const { return m_state.todayForeColor; }
+    void TodayForeColor(OLE_COLOR value) { Let(kTodayForeColor, value); }
+
+    /// Look of the week-day captions: raised (3D) or flat. 0..1.
+    VmAppearanceConstants WeekDayAppearance() const { return m_state.weekDayAppearance; }
+    void WeekDayAppearance(VmAppearanceConstants value) { Let(kWeekDayAppearance, value); }
+    OLE_COLOR WeekDayBackColor() const { return m_state.weekDayBackColor; }
+    void WeekDayBackColor(OLE_COLOR value) { Let(kWeekDayBackColor, value); }
+    /// No captions, full names, abbreviations or first letters. 0..3.
+    VmWeekDayDisplayConstants WeekDayDisplay() const { return m_state.weekDayDisplay; }
+    void WeekDayDisplay(VmWeekDayDisplayConstants value) { Let(kWeekDayDisplay, value); }
+    const FontRef& WeekDayFont() const { return m_state.weekDayFont; }
+    void WeekDayFont(FontRef value) { Let(kWeekDayFont, value); }
+    OLE_COLOR WeekDayForeColor() const { return m_state.weekDayForeColor; }
+    void WeekDayForeColor(OLE_COLOR value) { Let(kWeekDayForeColor, value); }
+    VmTextAlignmentConstants WeekDayCaptionAlignment() const {
+        return m_state.weekDayCaptionAlignment;
+    }
+    void WeekDayCaptionAlignment(VmTextAlignmentConstants value) {
+        Let(kWeekDayCaptionAlignment, value);
+    }
+    /// True: seven columns. False: the work week, Monday to Friday.
+    bool ShowWeekend() const { return m_state.showWeekend; }
+    void ShowWeekend(bool value) { Let(kShowWeekend, value); }
+
+    /// Takes the properties from a bag, unchecked, instead of `InitProperties`. A missing name gives
+    /// its default. Raises `MonthChanged`.
+    void ReadProps(PropertyBag& bag);
+    void WriteProps(PropertyBag& bag) const;
+
+    /// While True nothing is painted, whoever asks for it. A `DateValue` that changes both month and
+    /// year sets it to False.
+    void NoRepaintControl(bool value) { m_state.noRepaintControl = value; }
+    /// Stored without any effect.
+    void NoResizeControl(bool value) { m_state.noResizeControl = value; }
+    /// Recomputes the layout and repaints everything.
+    void RepaintControl();
+    /// Window of the month list, None as long as it has not been shown.
+    WindowHandle cboMonthhwnd() const { return m_selectors.MonthListHandle(); }
+    /// True: a click on the selected day raises `DayChanged`, which else raises nothing.
+    void AlwaysDateChanged(bool value) { m_state.alwaysDateChanged = value; }
+    /// Starts a drag from the control; the drag events follow.
+    void OleDrag() { m_platform.hosting.OleDrag(); }
+    VmOLEDropModeConstants OLEDropMode() const;
+    void OLEDropMode(VmOLEDropModeConstants value);
+    void AboutBox();
+
+    // What a host in C++ asks for besides.
+
+    /// `DateValue` as a date.
+    Date SelectedDate() const noexcept { return m_state.dateValue; }
+    /// The grid shows the month of this date. The selectors move it without `DateValue`.
+    Date ShownDate() const noexcept { return m_state.shownDate; }
+    /// The layout of what is on the screen, for hit tests.
+    const CalendarLayout& Layout();
+    std::optional<DayNumber> DateFromPoint(float x, float y);
+
+    // What a host tells the calendar. Coordinates are pixels of the client area.
+
+    /// Paints what is exposed. The first paint raises `MonthChanged` before it draws. False when
+    /// nothing was drawn: painting is suspended, or the properties are not there yet.
+    bool OnPaint(SurfaceHandle surface, std::span<const Rect> exposed);
+    /// The window has been shown, has another size, or looks enabled or disabled now.
+    void OnWindowChanged();
+    /// The date services speak another language now.
+    void OnLocaleChanged();
+
+    /// Virtual-key code and shift state; the handlers of `KeyDown` may change both. On return the
+    /// key code is 0 when the calendar used the key.
+    void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);
+    void OnKeyPress(std::int16_t& keyAscii);
+    void OnKeyUp(std::int16_t& keyCode, std::int16_t& shift);
+
+    void OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y);
+    void OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y);
+    void OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y);
+    /// The window lost the mouse capture: nothing is chosen any more.
+    void OnCaptureLost();
+    void OnClick() { m_events.Click.Raise(); }
+    void OnDblClick() { m_events.DblClick.Raise(); }
+
+private:
+    template <class T>
+    void Let(const Property<T>& property, const T& value);
+    void Let(const DayColorProperty& property, OLE_COLOR value);
+    void Announce(std::string_view property, AfterEffect effect);
+
+    // Dates
+    bool IsSelectable(DayNumber day) const noexcept;
+    void ApplyLimit(std::string_view name, bool clamps, Date limit);
+    bool ShowDate(Date date);
+    void SyncSelectors();
+    /// Whether the grid goes along with the selection, or only when the month's number changes: then
+    /// a month that the user has turned to stays while the arrow keys work within another.
+    enum class Follow { Always, OtherMonths };
+    void SelectDate(Date date, Follow follow = Follow::Always);
+    void MoveShown(Date date);
+    void RaiseDateParts(Date from, Date to);
+    void SelectMonth(int month);
+    void SelectYear(int year);
+
+    // Keys
+    bool StepByKey(std::int16_t keyCode, std::int16_t shift);
+    bool StepSelection(int days);
+    bool StepShown(int months);
+
+    // Mouse
+    struct Press {
+        bool active = false;              // the left button went down here and is still held
+        std::optional<Arrow> arrow;       // where it went down, arrows style
+        bool onArrow = false;             // the pointer is on that arrow
+        std::optional<DayNumber> chosen;  // the date under the pointer that would be selected
+    };
+    using MouseEvent = CalendarEvents::Mouse;
+    void Raise(MouseEvent CalendarEvents::*event, std::int16_t button, std::int16_t shift, float x,
+               float y);
+    std::optional<Arrow> ArrowAt(float x, float y);
+    std::optional<DayNumber> SelectableAt(float x, float y);
+    void Track(float x, float y);
+    void Choose(std::optional<DayNumber> day);
+    Press EndPress();
+    void Release(const Press& press, float x, float y);
+    void StepByArrow(Arrow arrow);
+    void InvalidateArrow(Arrow arrow);
+
+    // Painting
+    bool IsPaintable() const noexcept { return m_state.ready && !m_state.noRepaintControl; }
+    CalendarLayout ComputeLayout();
+    void UpdateLayout();
+    bool IsScreenStale();
+    void NoteScreen();
+    bool IsOtherMonthOnScreen() const noexcept;
+    CalendarView View() const;
+    void Invalidate(const Rect& rect);
+    void InvalidateDay(std::optional<DayNumber> day);
+    void RepaintSelection();
+
+    Platform m_platform;
+    CalendarState m_state;
+    DaysRef m_days;
+    CalendarEvents m_events;
+    Lifetime m_lifetime;
+    Selectors m_selectors;
+    CalendarLayout m_layout;
+    bool m_laidOut = false;
+    Press m_press;
+    unsigned m_dateChanges = 0;       // tells an operation that a handler has moved the date again
+    DayNumber m_selectedOnScreen = 0;  // as of the last repaint that was asked for
+    DayNumber m_shownOnScreen = 0;
+};
+
+template <class T>
+void VmCalendar::Let(const Property<T>& property, const T& value) {
+    if (property.admits && !property.admits(value)) {
+        throw AutomationError(ErrorNumber::InvalidPropertyValue);
+    }
+    m_state.*property.field = value;
+    Announce(property.name, property.effect);
+}
+
+}  // namespace velmora

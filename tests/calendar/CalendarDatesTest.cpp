@@ -1,0 +1,196 @@
+#include "tests/support/TestCalendar.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+namespace velmora::test {
+namespace {
+
+using Log = std::vector<std::string>;
+
+TEST(CalendarDates, EachPartRaisesItsEventOnce) {
+    struct Case {
+        DayNumber from, to;
+        Log events;
+    };
+    const Log end{"notify DateValue", "repaint"};
+    for (const Case& c : std::initializer_list<Case>{
+             {Day(2023, 12, 31), Day(2024, 1, 1),
+              {"DateChanged 2024-01-01", "DayChanged 1", "MonthChanged 1", "YearChanged 2024"}},
+             {Day(2023, 3, 15), Day(2024, 3, 15), {"DateChanged 2024-03-15", "YearChanged 2024"}},
+             {Day(2023, 3, 15), Day(2023, 4, 15), {"DateChanged 2023-04-15", "MonthChanged 4"}},
+             {Day(2023, 3, 15), Day(2024, 4, 15),
+              {"DateChanged 2024-04-15", "MonthChanged 4", "YearChanged 2024"}},
+             {Day(1000, 1, 1), Day(2999, 12, 31),
+              {"DateChanged 2999-12-31", "DayChanged 31", "MonthChanged 12", "YearChanged 2999"}},
+         }) {
+        TestCalendar test;
+        test.calendar->DateValue(DateOf(c.from));
+        test.Paint();
+        test.TakeLog();
+        test.calendar->DateValue(DateOf(c.to));
+        Log expected = c.events;
+        expected.insert(expected.end(), end.begin(), end.end());
+        EXPECT_EQ(test.TakeLog(), expected);
+        EXPECT_EQ(test.BrokenInvariant(), "");
+    }
+}
+
+TEST(CalendarDates, ADateInTheShownMonthRedrawsTwoCells) {
+    TestCalendar test;
+    test.Paint();
+    test.calendar->Days()->Item(20)->Caption("kept");
+    test.TakeLog();
+    test.calendar->DateValue(DateOf(Day(2020, 3, 20)));
+    EXPECT_EQ(test.TakeLog(),
+              (Log{"DateChanged 2020-03-20", "DayChanged 20", "notify DateValue",
+                   "repaint cell 2020-03-15", "repaint cell 2020-03-20"}));
+    EXPECT_EQ(test.calendar->SelectedDay()->Caption(), "kept");
+}
+
+TEST(CalendarDates, ConvertsOrRefuses) {
+    struct Case {
+        Variant value;
+        int error;
+        DayNumber selected;
+    };
+    const DayNumber today = Day(2020, 3, 15);
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const Case& c : std::initializer_list<Case>{
+             {{}, 0, today},
+             {DateOf(today, 0.9), 0, today},
+             {"4/5/2020", 0, Day(2020, 4, 5)},
+             {"5 April 2020", 0, Day(2020, 4, 5)},
+             {std::int16_t{0}, 0, 0},
+             {std::int32_t{43000}, 0, 43000},
+             {43000.25, 0, 43000},
+             {Date(-1.25), 0, -1},
+             {"12x", 13, today},
+             {"", 13, today},
+             {Null{}, 13, today},
+             {true, 13, today},
+             {ObjectRef(), 13, today},
+             {infinity, 13, today},
+             {std::numeric_limits<double>::quiet_NaN(), 13, today},
+             {DateOf(Day(199, 12, 31)), 380, today},
+             {DateOf(Day(4601, 1, 1)), 380, today},
+             {1e300, 380, today},
+             {DateOf(Day(999, 12, 31)), 380, today},
+             {DateOf(Day(3000, 1, 1)), 380, today},
+             {DateOf(Day(2999, 12, 31), 0.75), 0, Day(2999, 12, 31)},
+         }) {
+        TestCalendar test;
+        test.TakeLog();
+        int number = 0;
+        try {
+            test.calendar->DateValue(c.value);
+        } catch (const AutomationError& error) {
+            number = static_cast<int>(error.Number());
+        }
+        EXPECT_EQ(number, c.error);
+        EXPECT_EQ(DayOf(test.calendar->SelectedDate()), c.selected);
+        EXPECT_EQ(test.TakeLog().empty(), c.selected == today);
+        EXPECT_EQ(test.BrokenInvariant(), "");
+    }
+}
+
+TEST(CalendarDates, ReadsAsTextThatComesBackAsTheSameDay) {
+    TestCalendar test;
+    test.calendar->DateMin(DateOf(Day(200, 1, 1)));
+    for (const DayNumber day : {Day(200, 2, 3), Day(1930, 1, 2), Day(2029, 12, 31), Day(2100, 5, 6)}) {
+        test.calendar->DateValue(DateOf(day, 0.5));
+        const Variant text = test.calendar->DateValue();
+        ASSERT_EQ(text.Type(), VarType::Text);
+        test.calendar->DateValue(DateOf(Day(1999, 9, 9)));
+        test.calendar->DateValue(text);
+        EXPECT_EQ(DayOf(test.calendar->SelectedDate()), day) << *text.As<std::string>();
+    }
+}
+
+TEST(CalendarDates, TheDaysAreThoseOfTheNewMonthInEveryHandler) {
+    TestCalendar test;
+    CalendarEvents& events = test.calendar->Events();
+    int checks = 0;
+    const auto check = [&] {
+        ++checks;
+        EXPECT_EQ(test.BrokenInvariant(), "");
+    };
+    events.DateChanged.Connect([&](Date&) { check(); });
+    events.DayChanged.Connect([&](std::int16_t&) { check(); });
+    events.MonthChanged.Connect([&](std::int16_t&) {
+        check();
+        test.calendar->Days()->Item(1)->Caption("first");
+    });
+    events.YearChanged.Connect([&](std::int16_t&) { check(); });
+    test.calendar->DateValue(DateOf(Day(2021, 2, 28)));
+    EXPECT_EQ(checks, 4);
+    EXPECT_EQ(test.calendar->Days()->Item(1)->Caption(), "first");
+
+    // The user turns the page, then code selects a date of the month left behind.
+    test.calendar->MonthYearSelStyle(VmMonthSelArrows);
+    test.Paint();
+    const Rect forward = test.calendar->Layout().arrows[static_cast<int>(Arrow::MonthForward)];
+    const auto x = static_cast<float>(forward.left + 1);
+    const auto y = static_cast<float>(forward.top + 1);
+    test.calendar->OnMouseDown(1, 0, x, y);
+    test.calendar->OnMouseUp(1, 0, x, y);
+    EXPECT_EQ(DayOf(test.calendar->ShownDate()), Day(2021, 3, 28));
+    test.calendar->DateValue(DateOf(Day(2021, 2, 5)));
+    EXPECT_EQ(test.BrokenInvariant(), "");
+    EXPECT_EQ(DayOf(test.calendar->ShownDate()), Day(2021, 2, 5));
+}
+
+TEST(CalendarDates, AChangeOfMonthAndYearEndsASuspendedPaint) {
+    TestCalendar test;
+    test.calendar->NoRepaintControl(true);
+    test.TakeLog();
+    test.calendar->DateValue(DateOf(Day(2020, 5, 1)));
+    test.calendar->DateValue(DateOf(Day(2021, 5, 1)));
+    for (const std::string& entry : test.TakeLog()) EXPECT_EQ(entry.find("repaint"), std::string::npos);
+    test.calendar->DateValue(DateOf(Day(2022, 6, 1)));
+    EXPECT_EQ(test.TakeLog().back(), "repaint");
+}
+
+TEST(CalendarDates, AHandlerThatMovesTheDateAgainEndsTheFirstSequence) {
+    TestCalendar test;
+    test.Paint();
+    bool moved = false;
+    test.calendar->Events().DateChanged.Connect([&](Date&) {
+        if (!std::exchange(moved, true)) test.calendar->DateValue(DateOf(Day(2020, 5, 5)));
+    });
+    test.TakeLog();
+    test.calendar->DateValue(DateOf(Day(2020, 4, 4)));
+    EXPECT_EQ(test.TakeLog(), (Log{"DateChanged 2020-04-04", "DateChanged 2020-05-05", "DayChanged 5",
+                                   "MonthChanged 5", "notify DateValue", "repaint",
+                                   "notify DateValue"}));
+    EXPECT_EQ(test.BrokenInvariant(), "");
+}
+
+TEST(CalendarDates, AnyHandlerMayDestroyTheCalendar) {
+    for (const std::string event : {"DateChanged", "DayChanged", "MonthChanged", "YearChanged"}) {
+        TestCalendar test;
+        CalendarEvents& events = test.calendar->Events();
+        const auto destroy = [&] { test.calendar.reset(); };
+        if (event == "DateChanged") events.DateChanged.Connect([=](Date&) { destroy(); });
+        if (event == "DayChanged") events.DayChanged.Connect([=](std::int16_t&) { destroy(); });
+        if (event == "MonthChanged") events.MonthChanged.Connect([=](std::int16_t&) { destroy(); });
+        if (event == "YearChanged") events.YearChanged.Connect([=](std::int16_t&) { destroy(); });
+        test.TakeLog();
+        test.calendar->DateValue(DateOf(Day(2021, 4, 4)));
+        EXPECT_EQ(test.calendar, nullptr);
+        EXPECT_EQ(test.TakeLog().back().substr(0, event.size()), event);
+    }
+}
+
+TEST(CalendarDates, InitRaisesMonthAndYearAndTheFirstPaintTheMonthOnceMore) {
+    TestCalendar test;
+    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3", "YearChanged 2020", "repaint"}));
+    test.Paint();
+    test.Paint();
+    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3"}));
+}
+
+}  // namespace
+}  // namespace velmora::test

@@ -1,0 +1,248 @@
+#include "tests/support/TestCalendar.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace velmora::test {
+namespace {
+
+using Log = std::vector<std::string>;
+
+ErrorNumber NumberOf(const std::function<void()>& refused) {
+    try {
+        refused();
+    } catch (const AutomationError& error) {
+        return error.Number();
+    }
+    return ErrorNumber{};
+}
+
+constexpr std::int64_t kNever = -1;
+
+/// A property seen as a number.
+struct Row {
+    std::string name;
+    std::int64_t initial;
+    std::vector<std::int64_t> accepted;
+    std::vector<std::int64_t> refused;
+    std::string effect;
+    std::function<std::int64_t(VmCalendar&)> get;
+    std::function<void(VmCalendar&, std::int64_t)> let;
+};
+
+template <class T>
+Row RowOf(const char* name, std::int64_t initial, std::vector<std::int64_t> accepted,
+          std::vector<std::int64_t> refused, T (VmCalendar::*get)() const,
+          void (VmCalendar::*let)(T), const char* effect = "repaint") {
+    return {name, initial, std::move(accepted), std::move(refused), effect,
+            [get](VmCalendar& c) { return static_cast<std::int64_t>((c.*get)()); },
+            [let](VmCalendar& c, std::int64_t value) { (c.*let)(static_cast<T>(value)); }};
+}
+
+template <class T>
+Row Choice(const char* name, std::int64_t initial, std::int64_t low, std::int64_t high,
+           T (VmCalendar::*get)() const, void (VmCalendar::*let)(T)) {
+    return RowOf(name, initial, {low, high}, {low - 1, high + 1, INT32_MIN, INT32_MAX}, get, let);
+}
+
+Row Colour(const char* name, std::int64_t initial, OLE_COLOR (VmCalendar::*get)() const,
+           void (VmCalendar::*let)(OLE_COLOR), const char* effect = "repaint") {
+    return RowOf(name, initial, {0, 0xFFFFFF, 0x80000018, 0x80FFFFFF},
+                 {0x01000000, 0x7F000000, 0xFF000000, 0x40ABCDEF}, get, let, effect);
+}
+
+std::vector<Row> Rows() {
+    using C = VmCalendar;
+    return {
+        Choice("Appearance", 1, 0, 1, &C::Appearance, &C::Appearance),
+        Choice("DayAppearance", 1, 0, 1, &C::DayAppearance, &C::DayAppearance),
+        Colour("DayDefaultBackColor", 0x8000000F, &C::DayDefaultBackColor, &C::DayDefaultBackColor),
+        Colour("DayOtherMonthForeColor", 0x80000011, &C::DayOtherMonthForeColor,
+               &C::DayOtherMonthForeColor),
+        Colour("DayDefaultForeColor", 0x80000008, &C::DayDefaultForeColor, &C::DayDefaultForeColor),
+        Choice("DayCaptionAlignment", 5, 0, 8, &C::DayCaptionAlignment, &C::DayCaptionAlignment),
+        Choice("DayNumberAlignment", 6, 0, 8, &C::DayNumberAlignment, &C::DayNumberAlignment),
+        Choice("DayPictureAlignment", 0, 0, 14, &C::DayPictureAlignment, &C::DayPictureAlignment),
+        RowOf<bool>("Enabled", 1, {0, 1}, {}, &C::Enabled, &C::Enabled),
+        Choice("FirstDayOfWeek", 1, 1, 7, &C::FirstDayOfWeek, &C::FirstDayOfWeek),
+        Choice("MonthAppearance", 1, 0, 1, &C::MonthAppearance, &C::MonthAppearance),
+        Colour("MonthBackColor", 0x8000000F, &C::MonthBackColor, &C::MonthBackColor,
+               "repaint band"),
+        Choice("MonthDisplay", 0, 0, 1, &C::MonthDisplay, &C::MonthDisplay),
+        Colour("MonthForeColor", 0x80000008, &C::MonthForeColor, &C::MonthForeColor,
+               "repaint band"),
+        Choice("MonthYearSelStyle", 0, 0, 3, &C::MonthYearSelStyle, &C::MonthYearSelStyle),
+        RowOf<std::int16_t>("MousePointer", 0, {0, 15, 99}, {}, &C::MousePointer, &C::MousePointer,
+                            ""),
+        Colour("SelectedDayBackColor", 0x8000000D, &C::SelectedDayBackColor,
+               &C::SelectedDayBackColor),
+        Colour("SelectedDayForeColor", 0x8000000E, &C::SelectedDayForeColor,
+               &C::SelectedDayForeColor),
+        Colour("TodayBackColor", 0x00FFFF00, &C::TodayBackColor, &C::TodayBackColor),
+        Colour("TodayForeColor", 0x80000008, &C::TodayForeColor, &C::TodayForeColor),
+        Choice("WeekDayAppearance", 1, 0, 1, &C::WeekDayAppearance, &C::WeekDayAppearance),
+        Colour("WeekDayBackColor", 0x8000000F, &C::WeekDayBackColor, &C::WeekDayBackColor,
+               "repaint band"),
+        Choice("WeekDayDisplay", 2, 0, 3, &C::WeekDayDisplay, &C::WeekDayDisplay),
+        Colour("WeekDayForeColor", 0x80000008, &C::WeekDayForeColor, &C::WeekDayForeColor,
+               "repaint band"),
+        Choice("WeekDayCaptionAlignment", 4, 0, 8, &C::WeekDayCaptionAlignment,
+               &C::WeekDayCaptionAlignment),
+        RowOf<bool>("ShowWeekend", 1, {0, 1}, {}, &C::ShowWeekend, &C::ShowWeekend),
+    };
+}
+
+TEST(CalendarProperties, StoreNotifyAndRepaintOrRefuse) {
+    for (const Row& row : Rows()) {
+        SCOPED_TRACE(row.name);
+        TestCalendar test;
+        VmCalendar& calendar = *test.calendar;
+        EXPECT_EQ(row.get(calendar), row.initial);
+        for (const std::int64_t value : row.accepted) {
+            test.TakeLog();
+            row.let(calendar, value);
+            EXPECT_EQ(row.get(calendar), value);
+            Log expected{"notify " + row.name};
+            if (!row.effect.empty()) expected.push_back(row.effect);
+            EXPECT_EQ(test.TakeLog(), expected);
+        }
+        const std::int64_t kept = row.get(calendar);
+        for (const std::int64_t value : row.refused) {
+            EXPECT_EQ(NumberOf([&] { row.let(calendar, value); }),
+                      ErrorNumber::InvalidPropertyValue) << value;
+            EXPECT_EQ(row.get(calendar), kept);
+        }
+        EXPECT_TRUE(test.TakeLog().empty());
+    }
+}
+
+TEST(CalendarProperties, FontsAreKeptByReferenceAndBeginAsSeparateCopies) {
+    TestCalendar test;
+    VmCalendar& calendar = *test.calendar;
+    EXPECT_NE(calendar.DayFont(), calendar.MonthFont());
+    EXPECT_NE(calendar.DayFont(), calendar.WeekDayFont());
+    const auto font = std::make_shared<StdFont>();
+    font->name = "Other";
+    test.TakeLog();
+    calendar.DayFont(font);
+    EXPECT_EQ(calendar.DayFont(), font);
+    EXPECT_EQ(test.TakeLog(), (Log{"notify DayFont", "repaint"}));
+    calendar.MonthFont(nullptr);
+    test.Paint();
+    ASSERT_NE(calendar.MonthFont(), nullptr);  // taken from the container
+}
+
+TEST(CalendarProperties, WrongPointersAreIgnoredAndWrongIconsRefused) {
+    TestCalendar test;
+    VmCalendar& calendar = *test.calendar;
+    calendar.MousePointer(5);
+    test.TakeLog();
+    for (const int pointer : {-1, 16, 98, 100}) {
+        calendar.MousePointer(static_cast<std::int16_t>(pointer));
+    }
+    EXPECT_EQ(calendar.MousePointer(), 5);
+    EXPECT_TRUE(test.TakeLog().empty());
+
+    const auto picture = [](PictureType type) {
+        return std::make_shared<StdPicture>(type, Size{}, nullptr);
+    };
+    const auto icon = picture(PictureType::Icon);
+    calendar.MouseIcon(icon);
+    for (const auto type : {PictureType::None, PictureType::Bitmap, PictureType::Metafile}) {
+        EXPECT_EQ(NumberOf([&] { calendar.MouseIcon(picture(type)); }),
+                  ErrorNumber::InvalidPropertyValue);
+    }
+    EXPECT_EQ(calendar.MouseIcon(), icon);
+    calendar.MouseIcon(nullptr);
+    EXPECT_EQ(calendar.MouseIcon(), nullptr);
+    EXPECT_EQ(test.TakeLog(), (Log{"notify MouseIcon", "notify MouseIcon"}));
+}
+
+TEST(CalendarProperties, LimitsRoundToWholeMonthsAndRefuseWhatCrosses) {
+    struct Case {
+        const char* name;
+        bool maximum;
+        DayNumber value;
+        bool accepted;
+        DayNumber stored;
+    };
+    const DayNumber min = Day(2020, 2, 1);
+    const DayNumber max = Day(2020, 6, 30);
+    for (const Case& c : std::initializer_list<Case>{
+             {"last of the month", true, Day(2024, 2, 10), true, Day(2024, 2, 29)},
+             {"in the month of DateMin", true, Day(2020, 2, 1), true, Day(2020, 2, 29)},
+             {"before DateMin", true, Day(2020, 1, 31), false, max},
+             {"year 4600", true, Day(4600, 12, 1), true, Day(4600, 12, 31)},
+             {"year 4601", true, Day(4601, 1, 1), false, max},
+             {"first of the month", false, Day(2020, 3, 10), true, Day(2020, 3, 1)},
+             {"in the month of DateMax", false, Day(2020, 6, 30), true, Day(2020, 6, 1)},
+             {"after DateMax", false, Day(2020, 7, 1), false, min},
+             {"year 200", false, Day(200, 1, 31), true, Day(200, 1, 1)},
+             {"year 199", false, Day(199, 12, 31), false, min},
+         }) {
+        SCOPED_TRACE(c.name);
+        TestCalendar test;
+        test.calendar->DateMax(DateOf(max));
+        test.calendar->DateMin(DateOf(min));
+        test.TakeLog();
+        const ErrorNumber number = NumberOf([&] {
+            c.maximum ? test.calendar->DateMax(DateOf(c.value)) : test.calendar->DateMin(DateOf(c.value));
+        });
+        EXPECT_EQ(number, c.accepted ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
+        EXPECT_EQ(DayOf(c.maximum ? test.calendar->DateMax() : test.calendar->DateMin()), c.stored);
+        EXPECT_EQ(test.BrokenInvariant(), "");
+        EXPECT_EQ(test.TakeLog().empty(), !c.accepted);
+    }
+}
+
+TEST(CalendarProperties, ALimitMovesTheDateSilently) {
+    TestCalendar test;
+    test.Paint();
+    test.calendar->Days()->Item(3)->Caption("gone");
+    test.TakeLog();
+    test.calendar->DateMax(DateOf(Day(2019, 12, 5)));
+    EXPECT_EQ(test.TakeLog(), (Log{"notify DateValue", "notify DateMax"}));
+    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2019, 12, 31));
+    EXPECT_EQ(test.BrokenInvariant(), "");
+    EXPECT_EQ(test.calendar->Days()->Item(3)->Caption(), "");
+
+    test.calendar->DateMax(DateOf(Day(2999, 1, 1)));
+    test.TakeLog();
+    test.calendar->DateMin(DateOf(Day(2021, 5, 20)));
+    EXPECT_EQ(test.TakeLog(), (Log{"notify DateValue", "notify DateMin"}));
+    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2021, 5, 1));
+    EXPECT_EQ(test.BrokenInvariant(), "");
+}
+
+TEST(CalendarProperties, SelectorsAgreeWithTheShownDate) {
+    for (const auto style : {VmMonthSelCombo, VmMonthSelScrollbar}) {
+        TestCalendar test;
+        EXPECT_EQ(test.childrenMade, 0);
+        test.calendar->MonthYearSelStyle(style);
+        EXPECT_EQ(test.childrenMade, style == VmMonthSelCombo ? 3 : 1);
+        EXPECT_EQ(test.monthList.visible, style == VmMonthSelCombo);
+        EXPECT_EQ(test.dateScroll.visible, style == VmMonthSelScrollbar);
+        const auto shows = [&] {
+            return style == VmMonthSelCombo ? test.monthList.shown + ' ' + test.yearText.shown +
+                                                  ' ' + test.yearSpinner.shown
+                                            : test.dateScroll.shown;
+        };
+        const auto expect = [&](const char* combo, const char* scroll) {
+            EXPECT_EQ(shows(), style == VmMonthSelCombo ? combo : scroll);
+        };
+        expect("2 2020 -2999..-1000: -2020", "-10799..13200: 1443");
+        test.calendar->DateValue(DateOf(Day(1899, 12, 31)));
+        expect("11 1899 -2999..-1000: -1899", "-10799..13200: 0");
+        test.calendar->DateMin(DateOf(Day(1950, 2, 3)));
+        expect("1 1950 -2999..-1950: -1950", "602..13200: 602");
+        test.Key(34, 2);  // Ctrl+Page Down
+        expect("1 1951 -2999..-1950: -1951", "602..13200: 614");
+        test.calendar->MonthYearSelStyle(VmMonthSelNone);
+        EXPECT_FALSE(test.monthList.visible || test.yearText.visible || test.yearSpinner.visible ||
+                     test.dateScroll.visible);
+    }
+}
+
+}  // namespace
+}  // namespace velmora::test

@@ -1,0 +1,204 @@
+#include "tests/support/TestCalendar.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace velmora::test {
+
+std::string IsoDate(DayNumber day) {
+    const CivilDate civil = CivilOf(day);
+    char text[32];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d", civil.year, civil.month, civil.day);
+    return text;
+}
+
+template <class Interface>
+class TestCalendar::Child : public Interface {
+public:
+    Child(FakeChild& child, Size size) : m_child(child), m_size(size) {}
+    WindowHandle Handle() const override { return WindowHandle{8}; }
+    Size Extent() const override { return m_size; }
+    void Move(const Rect& rect) override { m_child.rect = rect; }
+    void Visible(bool visible) override { m_child.visible = visible; }
+
+protected:
+    FakeChild& m_child;
+    Size m_size;
+};
+
+class TestCalendar::List : public Child<ComboBox> {
+public:
+    using Child::Child;
+    void Items(std::span<const std::string> items) override { m_count = items.size(); }
+    int ListIndex() const override { return std::stoi(m_child.shown); }
+    void ListIndex(int index) override { m_child.shown = std::to_string(index); }
+    bool DroppedDown() const override { return m_child.dropped; }
+
+private:
+    std::size_t m_count = 0;
+};
+
+class TestCalendar::Box : public Child<TextBox> {
+public:
+    using Child::Child;
+    std::string Text() const override { return m_child.shown; }
+    void Text(const std::string& text) override { m_child.shown = text; }
+};
+
+class TestCalendar::Bar : public Child<ScrollBar> {
+public:
+    using Child::Child;
+    void Position(int minimum, int maximum, int value) override {
+        m_child.shown = std::to_string(minimum) + ".." + std::to_string(maximum) + ": " +
+                        std::to_string(value);
+    }
+};
+
+TestCalendar::TestCalendar(Size size)
+    : dates(std::make_shared<DateLocale>(), [this] { return now; }), client(size) {
+    calendar = std::make_unique<VmCalendar>(Platform{drawing, *this, dates, *this});
+    ConnectLog();
+    calendar->InitProperties();
+    calendar->OnWindowChanged();
+}
+
+void TestCalendar::ConnectLog() {
+    CalendarEvents& events = calendar->Events();
+    const auto note = [this](const std::string& text) {
+        CollectRepaints();
+        log.push_back(text);
+    };
+    const auto number = [note](const char* name) {
+        return [note, name](std::int16_t& value) { note(name + (" " + std::to_string(value))); };
+    };
+    const auto key = [note](const char* name) {
+        return [note, name](std::int16_t& code, std::int16_t& shift) {
+            note(name + (" " + std::to_string(code) + " " + std::to_string(shift)));
+        };
+    };
+    const auto mouse = [note](const char* name) {
+        return [note, name](std::int16_t& button, std::int16_t&, float&, float&) {
+            note(name + (" " + std::to_string(button)));
+        };
+    };
+    events.DateChanged.Connect([note](Date& date) { note("DateChanged " + IsoDate(DayOf(date))); });
+    events.DayChanged.Connect(number("DayChanged"));
+    events.MonthChanged.Connect(number("MonthChanged"));
+    events.YearChanged.Connect(number("YearChanged"));
+    events.KeyDown.Connect(key("KeyDown"));
+    events.KeyUp.Connect(key("KeyUp"));
+    events.KeyPress.Connect(number("KeyPress"));
+    events.MouseDown.Connect(mouse("MouseDown"));
+    events.MouseMove.Connect(mouse("MouseMove"));
+    events.MouseUp.Connect(mouse("MouseUp"));
+    events.Click.Connect([note] { note("Click"); });
+    events.DblClick.Connect([note] { note("DblClick"); });
+}
+
+/// Repaints are logged when the next entry or the end comes: by cells where they are cells.
+void TestCalendar::CollectRepaints() {
+    for (const auto& rect : drawing.invalidated) {
+        if (!rect) {
+            log.push_back("repaint");
+            continue;
+        }
+        const auto day = calendar ? calendar->DateFromPoint(static_cast<float>(rect->left),
+                                                            static_cast<float>(rect->top))
+                                  : std::nullopt;
+        log.push_back(day ? "repaint cell " + IsoDate(*day) : "repaint band");
+    }
+    drawing.invalidated.clear();
+}
+
+std::vector<std::string> TestCalendar::TakeLog() {
+    CollectRepaints();
+    return std::exchange(log, {});
+}
+
+const std::vector<std::string>& TestCalendar::Paint() {
+    return Paint({0, 0, client.width, client.height});
+}
+
+const std::vector<std::string>& TestCalendar::Paint(const Rect& exposed) {
+    calendar->OnPaint(StrictDrawing::kWindowSurface, {&exposed, 1});
+    return drawing.FaultsAfterPaint();
+}
+
+Point TestCalendar::CenterOf(DayNumber day) {
+    const VmCalendar& shown = *calendar;
+    CalendarState state;
+    state.shownDate = shown.ShownDate();
+    state.firstDayOfWeek = shown.FirstDayOfWeek();
+    state.showWeekend = shown.ShowWeekend();
+    const auto cell = GridOf(state, calendar->Layout()).DayCellRect(day);
+    if (!cell) return {-1000, -1000};
+    return {(cell->left + cell->right) / 2, (cell->top + cell->bottom) / 2};
+}
+
+void TestCalendar::Press(DayNumber day) {
+    const Point at = CenterOf(day);
+    calendar->OnMouseDown(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+}
+
+void TestCalendar::MoveTo(DayNumber day) {
+    const Point at = CenterOf(day);
+    calendar->OnMouseMove(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+}
+
+void TestCalendar::Release(DayNumber day) {
+    const Point at = CenterOf(day);
+    calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+}
+
+std::string TestCalendar::Key(std::int16_t keyCode, std::int16_t shift) {
+    calendar->OnKeyDown(keyCode, shift);
+    return std::to_string(keyCode);
+}
+
+std::string TestCalendar::SelectorsShow() const {
+    return monthList.shown + " | " + yearText.shown + " | " + yearSpinner.shown + " | " +
+           dateScroll.shown;
+}
+
+std::string TestCalendar::BrokenInvariant() {
+    const VmCalendar& c = *calendar;
+    const DayNumber first = FirstOfMonth(DayOf(c.ShownDate()));
+    if (c.Days()->Count() != DaysInMonth(static_cast<std::int16_t>(MonthOf(first)),
+                                         static_cast<std::int16_t>(YearOf(first)))) {
+        return "Days has another length than the shown month";
+    }
+    for (std::int16_t i = 1; i <= c.Days()->Count(); ++i) {
+        if (DayOf(c.Days()->Item(i)->DayDate()) != first + i - 1) return "Days is another month";
+    }
+    const DayNumber minimum = DayOf(c.DateMin());
+    const DayNumber maximum = DayOf(c.DateMax());
+    const DayNumber selected = DayOf(c.SelectedDate());
+    if (minimum != FirstOfMonth(minimum)) return "DateMin is no first of a month";
+    if (maximum != LastOfMonth(maximum)) return "DateMax is no last of a month";
+    if (selected < minimum || selected > maximum) return "DateValue is outside the limits";
+    return drawing.faults.empty() ? "" : drawing.faults.front();
+}
+
+void TestCalendar::PropertyChanged(std::string_view name) {
+    CollectRepaints();
+    log.push_back("notify " + std::string(name));
+}
+
+std::unique_ptr<ComboBox> TestCalendar::CreateMonthList() {
+    ++childrenMade;
+    return std::make_unique<List>(monthList, Size{90, 21});
+}
+std::unique_ptr<TextBox> TestCalendar::CreateYearText() {
+    ++childrenMade;
+    return std::make_unique<Box>(yearText, Size{40, 21});
+}
+std::unique_ptr<ScrollBar> TestCalendar::CreateYearSpinner() {
+    ++childrenMade;
+    return std::make_unique<Bar>(yearSpinner, Size{17, 21});
+}
+std::unique_ptr<ScrollBar> TestCalendar::CreateDateScroll() {
+    ++childrenMade;
+    return std::make_unique<Bar>(dateScroll, Size{100, 17});
+}
+
+}  // namespace velmora::test

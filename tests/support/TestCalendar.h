@@ -1,0 +1,103 @@
+#pragma once
+
+#include "calendar/VmCalendar.h"
+#include "tests/support/StrictDrawing.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmora::test {
+
+/// Records what a calendar does to a child control.
+struct FakeChild {
+    Rect rect;
+    bool visible = false;
+    std::string shown;  // list index, text, or "minimum..maximum: value"
+    bool dropped = false;
+};
+
+/// Everything around a calendar: one log takes events, notifications and repaints in order.
+class TestCalendar : private Windowing, private Hosting {
+public:
+    /// Sunday 15 March 2020 at noon is now, unless the test moves it.
+    explicit TestCalendar(Size size = {252, 202});
+
+    /// The log since the last call: "DateChanged 2020-03-16", "notify DateValue", "repaint",
+    /// "repaint cell 2020-03-16", ...
+    std::vector<std::string> TakeLog();
+    /// Paints all and returns the faults that the drawing found.
+    const std::vector<std::string>& Paint();
+    const std::vector<std::string>& Paint(const Rect& exposed);
+    void Press(DayNumber day);
+    void MoveTo(DayNumber day);
+    void Release(DayNumber day);
+    void Clicks(DayNumber day) { Press(day), Release(day); }
+    Point CenterOf(DayNumber day);
+    std::string Key(std::int16_t keyCode, std::int16_t shift = 0);  // the key code on return
+    std::string SelectorsShow() const;
+    /// Every invariant that must hold after any operation; empty when all do.
+    std::string BrokenInvariant();
+
+    Date now = DateOf(DayFromCivil(2020, 3, 15), 0.5);
+    StrictDrawing drawing;
+    Dates dates;
+    std::unique_ptr<VmCalendar> calendar;
+    FakeChild monthList, yearText, yearSpinner, dateScroll;
+    int childrenMade = 0;
+    bool enabled = true;
+    Size client;
+    std::vector<std::string> log;
+
+private:
+    template <class Interface>
+    class Child;
+    class List;
+    class Box;
+    class Bar;
+
+    void ConnectLog();
+    void CollectRepaints();
+
+    WindowHandle Handle() const override { return WindowHandle{7}; }
+    Size ClientSize() const override { return client; }
+    double PixelsPerInch() const override { return 96; }
+    bool Enabled() const override { return enabled; }
+    void Enabled(bool value) override { enabled = value; }
+    bool TakesInput() const override { return enabled; }
+    std::int16_t MousePointer() const override { return m_pointer; }
+    void MousePointer(std::int16_t pointer) override { m_pointer = pointer; }
+    PictureRef MouseIcon() const override { return m_icon; }
+    void MouseIcon(PictureRef icon) override { m_icon = std::move(icon); }
+    std::int32_t OLEDropMode() const override { return m_dropMode; }
+    void OLEDropMode(std::int32_t mode) override { m_dropMode = mode; }
+    void SetCapture() override { log.push_back("capture"); }
+    void ReleaseCapture() override { log.push_back("release capture"); }
+    Point ClientToScreen(Point point) const override { return point; }
+    Point ScreenToClient(Point point) const override { return point; }
+    std::optional<Point> GetCursorPos() const override { return std::nullopt; }
+    std::unique_ptr<ComboBox> CreateMonthList() override;
+    std::unique_ptr<TextBox> CreateYearText() override;
+    std::unique_ptr<ScrollBar> CreateYearSpinner() override;
+    std::unique_ptr<ScrollBar> CreateDateScroll() override;
+
+    void PropertyChanged(std::string_view name) override;
+    FontRef AmbientFont() const override { return m_font; }
+    std::optional<std::int16_t> ContainerScaleMode() const override { return 3; }
+    std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
+    void OleDrag() override { log.push_back("drag"); }
+    void ShowAboutBox(const AboutText& text) override {
+        log.push_back("about " + std::string(text.title));
+    }
+
+    std::int16_t m_pointer = 0;
+    PictureRef m_icon;
+    std::int32_t m_dropMode = 0;
+    FontRef m_font = std::make_shared<StdFont>();
+};
+
+std::string IsoDate(DayNumber day);
+inline DayNumber Day(int year, int month, int day) { return DayFromCivil(year, month, day); }
+
+}  // namespace velmora::test
