@@ -12,13 +12,29 @@ constexpr std::int16_t kLeftButton = 1;
 }  // namespace
 
 /// Events carry the units of the container.
-void VmCalendar::Raise(MouseEvent CalendarEvents::*event, std::int16_t button, std::int16_t shift,
-                       float x, float y) {
+VmCalendar::Place VmCalendar::InContainer(float x, float y) const {
     const std::int16_t mode = ContainerScaleMode(m_platform.hosting);
     const double pixelsPerInch = m_platform.windowing.PixelsPerInch();
-    auto scaledX = static_cast<float>(FromPixels(x, mode, pixelsPerInch, Axis::Horizontal));
-    auto scaledY = static_cast<float>(FromPixels(y, mode, pixelsPerInch, Axis::Vertical));
-    (m_events.*event).Raise(button, shift, scaledX, scaledY);
+    return {static_cast<float>(FromPixels(x, mode, pixelsPerInch, Axis::Horizontal)),
+            static_cast<float>(FromPixels(y, mode, pixelsPerInch, Axis::Vertical))};
+}
+
+void VmCalendar::Raise(MouseEvent CalendarEvents::*event, std::int16_t button, std::int16_t shift,
+                       float x, float y) {
+    Place place = InContainer(x, y);
+    (m_events.*event).Raise(button, shift, place.x, place.y);
+}
+
+void VmCalendar::OnOLEDragDrop(DataRef data, std::int32_t& effect, std::int16_t button,
+                               std::int16_t shift, float x, float y) {
+    Place place = InContainer(x, y);
+    m_events.OLEDragDrop.Raise(data, effect, button, shift, place.x, place.y);
+}
+
+void VmCalendar::OnOLEDragOver(DataRef data, std::int32_t& effect, std::int16_t button,
+                               std::int16_t shift, float x, float y, std::int16_t state) {
+    Place place = InContainer(x, y);
+    m_events.OLEDragOver.Raise(data, effect, button, shift, place.x, place.y, state);
 }
 
 void VmCalendar::OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {

@@ -218,8 +218,36 @@ public:
     void OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y);
     /// The window lost the mouse capture: nothing is chosen any more.
     void OnCaptureLost();
+    /// The platform's drag over the control or drop on it; the handlers may change the effect.
+    void OnOLEDragDrop(DataRef data, std::int32_t& effect, std::int16_t button, std::int16_t shift,
+                       float x, float y);
+    void OnOLEDragOver(DataRef data, std::int32_t& effect, std::int16_t button, std::int16_t shift,
+                       float x, float y, std::int16_t state);
     void OnClick() { m_events.Click.Raise(); }
     void OnDblClick() { m_events.DblClick.Raise(); }
+
+    // What the user does with the child controls. Their focus, keys and values reach the calendar
+    // here alone; values that it sets itself do not come back.
+
+    /// The month list or the year box has got the focus: an Escape of before is forgotten.
+    void OnSelectorEnter() { m_cancelled = false; }
+    /// An item has been chosen; it counts when the list is closed. Raises `DateChanged` with the
+    /// shown date, then `MonthChanged`. A month outside the limits changes nothing.
+    void OnMonthListClick(int listIndex);
+    /// Enter takes the month (raises `MonthChanged`), Escape makes the list's next choices void.
+    void OnMonthListKeyDown(std::int16_t keyCode);
+    /// Escape brings the shown month back into the list and raises `MonthChanged`.
+    void OnMonthListKeyUp(std::int16_t keyCode);
+    /// The year has been committed, by Enter or loss of focus. Raises `YearChanged`; with the shown
+    /// year, which goes back into the box, when the text is no year or leaves the limits.
+    void OnYearText(std::string_view text);
+    /// Escape in the year box: the shown year goes back into it.
+    void OnYearTextCancel();
+    /// New position of the spinner, a negated year. Raises `YearChanged`.
+    void OnYearSpinner(int value);
+    /// New position of the scroll bar, by its buttons or its thumb. Raises `MonthChanged` and
+    /// `YearChanged`.
+    void OnDateScroll(int value);
 
 private:
     template <class T>
@@ -254,6 +282,10 @@ private:
         std::optional<DayNumber> chosen;  // the date under the pointer that would be selected
     };
     using MouseEvent = CalendarEvents::Mouse;
+    struct Place {
+        float x, y;
+    };
+    Place InContainer(float x, float y) const;
     void Raise(MouseEvent CalendarEvents::*event, std::int16_t button, std::int16_t shift, float x,
                float y);
     std::optional<Arrow> ArrowAt(float x, float y);
@@ -264,6 +296,8 @@ private:
     void Release(const Press& press, float x, float y);
     void StepByArrow(Arrow arrow);
     void InvalidateArrow(Arrow arrow);
+
+    void AcceptMonth();
 
     // Painting
     bool IsPaintable() const noexcept { return m_state.ready && !m_state.noRepaintControl; }
@@ -286,6 +320,7 @@ private:
     CalendarLayout m_layout;
     bool m_laidOut = false;
     Press m_press;
+    bool m_cancelled = false;         // Escape in the month list, until a selector is entered again
     unsigned m_dateChanges = 0;       // tells an operation that a handler has moved the date again
     DayNumber m_selectedOnScreen = 0;  // as of the last repaint that was asked for
     DayNumber m_shownOnScreen = 0;

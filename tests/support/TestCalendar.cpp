@@ -64,10 +64,7 @@ TestCalendar::TestCalendar(Size size)
 
 void TestCalendar::ConnectLog() {
     CalendarEvents& events = calendar->Events();
-    const auto note = [this](const std::string& text) {
-        CollectRepaints();
-        log.push_back(text);
-    };
+    const auto note = [this](const std::string& text) { Note(text); };
     const auto number = [note](const char* name) {
         return [note, name](std::int16_t& value) { note(name + (" " + std::to_string(value))); };
     };
@@ -108,6 +105,11 @@ void TestCalendar::CollectRepaints() {
         log.push_back(day ? "repaint cell " + IsoDate(*day) : "repaint band");
     }
     drawing.invalidated.clear();
+}
+
+void TestCalendar::Note(const std::string& text) {
+    CollectRepaints();
+    log.push_back(text);
 }
 
 std::vector<std::string> TestCalendar::TakeLog() {
@@ -155,11 +157,6 @@ std::string TestCalendar::Key(std::int16_t keyCode, std::int16_t shift) {
     return std::to_string(keyCode);
 }
 
-std::string TestCalendar::SelectorsShow() const {
-    return monthList.shown + " | " + yearText.shown + " | " + yearSpinner.shown + " | " +
-           dateScroll.shown;
-}
-
 std::string TestCalendar::BrokenInvariant() {
     const VmCalendar& c = *calendar;
     const DayNumber first = FirstOfMonth(DayOf(c.ShownDate()));
@@ -180,8 +177,8 @@ std::string TestCalendar::BrokenInvariant() {
 }
 
 void TestCalendar::PropertyChanged(std::string_view name) {
-    CollectRepaints();
-    log.push_back("notify " + std::string(name));
+    Note("notify " + std::string(name));
+    if (whenNotified) whenNotified();
 }
 
 std::unique_ptr<ComboBox> TestCalendar::CreateMonthList() {

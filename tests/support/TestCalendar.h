@@ -3,6 +3,7 @@
 #include "calendar/VmCalendar.h"
 #include "tests/support/StrictDrawing.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,7 +37,6 @@ public:
     void Clicks(DayNumber day) { Press(day), Release(day); }
     Point CenterOf(DayNumber day);
     std::string Key(std::int16_t keyCode, std::int16_t shift = 0);  // the key code on return
-    std::string SelectorsShow() const;
     /// Every invariant that must hold after any operation; empty when all do.
     std::string BrokenInvariant();
 
@@ -49,6 +49,7 @@ public:
     bool enabled = true;
     Size client;
     std::vector<std::string> log;
+    std::function<void()> whenNotified;  // called by every notification of a property
 
 private:
     template <class Interface>
@@ -59,6 +60,7 @@ private:
 
     void ConnectLog();
     void CollectRepaints();
+    void Note(const std::string& text);
 
     WindowHandle Handle() const override { return WindowHandle{7}; }
     Size ClientSize() const override { return client; }
@@ -72,8 +74,8 @@ private:
     void MouseIcon(PictureRef icon) override { m_icon = std::move(icon); }
     std::int32_t OLEDropMode() const override { return m_dropMode; }
     void OLEDropMode(std::int32_t mode) override { m_dropMode = mode; }
-    void SetCapture() override { log.push_back("capture"); }
-    void ReleaseCapture() override { log.push_back("release capture"); }
+    void SetCapture() override { Note("capture"); }
+    void ReleaseCapture() override { Note("release capture"); }
     Point ClientToScreen(Point point) const override { return point; }
     Point ScreenToClient(Point point) const override { return point; }
     std::optional<Point> GetCursorPos() const override { return std::nullopt; }

@@ -1,0 +1,484 @@
+#include "tests/support/TestCalendar.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+namespace velmora::test {
+namespace {
+
+using Log = std::vector<std::string>;
+
+constexpr std::int16_t kEnter = 13, kEscape = 27, kPageUp = 33, kPageDown = 34, kLeft = 37,
+                       kUp = 38, kRight = 39, kDown = 40, kCtrl = 2;
+
+struct Start {
+    DayNumber selected;
+    DayNumber shown = 0;  // another month that has been turned to
+    bool showWeekend = true;
+    DayNumber minimum = Day(1000, 1, 1);
+    DayNumber maximum = Day(2999, 12, 31);
+};
+
+void Begin(TestCalendar& test, const Start& start) {
+    VmCalendar& calendar = *test.calendar;
+    calendar.DateMin(DateOf(Day(200, 1, 1)));
+    calendar.DateMax(DateOf(Day(4600, 12, 31)));
+    calendar.DateValue(DateOf(start.selected));
+    calendar.DateMin(DateOf(start.minimum));
+    calendar.DateMax(DateOf(start.maximum));
+    calendar.ShowWeekend(start.showWeekend);
+    if (start.shown != 0) calendar.OnDateScroll(MonthIndex(start.shown));
+    test.Paint();
+    test.TakeLog();
+}
+
+TEST(CalendarKeyboard, MovesTheDateWithExactEvents) {
+    struct Case {
+        const char* name;
+        Start start;
+        std::int16_t key, shift;
+        Log events;  // after KeyDown
+        DayNumber selected;
+        const char* keyOnReturn = "0";
+    };
+    const DayNumber mar15 = Day(2020, 3, 15);
+    for (const Case& c : std::initializer_list<Case>{
+             {"day", {mar15}, kRight, 0,
+              {"DateChanged 2020-03-16", "DayChanged 16", "notify DateValue",
+               "repaint cell 2020-03-15", "repaint cell 2020-03-16"}, Day(2020, 3, 16)},
+             {"week back over the month", {Day(2020, 3, 3)}, kUp, 0,
+              {"DateChanged 2020-02-25", "DayChanged 25", "MonthChanged 2", "notify DateValue",
+               "repaint"}, Day(2020, 2, 25)},
+             {"day over the year", {Day(2020, 12, 31)}, kRight, 0,
+              {"DateChanged 2021-01-01", "DayChanged 1", "MonthChanged 1", "YearChanged 2021",
+               "notify DateValue", "repaint"}, Day(2021, 1, 1)},
+             {"Friday to Monday", {Day(2020, 3, 13), 0, false}, kRight, 0,
+              {"DateChanged 2020-03-16", "DayChanged 16", "notify DateValue",
+               "repaint cell 2020-03-13", "repaint cell 2020-03-16"}, Day(2020, 3, 16)},
+             {"Monday to Friday", {Day(2020, 3, 16), 0, false}, kLeft, 0,
+              {"DateChanged 2020-03-13", "DayChanged 13", "notify DateValue",
+               "repaint cell 2020-03-16", "repaint cell 2020-03-13"}, Day(2020, 3, 13)},
+             {"Monday beyond the limit", {Day(2020, 1, 31), 0, false, Day(2020, 1, 1), Day(2020, 1, 31)},
+              kRight, 0, {}, Day(2020, 1, 31), "39"},
+             {"at DateMax", {Day(2020, 3, 31), 0, true, Day(2020, 1, 1), Day(2020, 3, 31)}, kDown, 0,
+              {}, Day(2020, 3, 31), "40"},
+             {"at DateMin", {Day(2020, 3, 1), 0, true, Day(2020, 3, 1)}, kLeft, 0, {},
+              Day(2020, 3, 1), "37"},
+             {"first day of 200", {Day(200, 1, 1), 0, true, Day(200, 1, 1)}, kLeft, 0, {},
+              Day(200, 1, 1), "37"},
+             {"last day of 4600", {Day(4600, 12, 31), 0, true, mar15, Day(4600, 12, 31)}, kRight, 0, {},
+              Day(4600, 12, 31), "39"},
+             {"page from 31 January", {Day(2021, 1, 31)}, kPageDown, 0,
+              {"MonthChanged 2", "notify DateValue", "repaint"}, Day(2021, 2, 28)},
+             {"page over the year", {Day(2020, 1, 31)}, kPageUp, 0,
+              {"MonthChanged 12", "notify DateValue", "repaint"}, Day(2019, 12, 31)},
+             {"year from 29 February", {Day(2000, 2, 29)}, kPageUp, kCtrl,
+              {"YearChanged 1999", "notify DateValue", "repaint"}, Day(1999, 2, 28)},
+             {"page beyond DateMin", {mar15, 0, true, Day(2020, 3, 1)}, kPageUp, 0, {}, mar15, "33"},
+             {"year beyond DateMax", {mar15, 0, true, Day(2020, 1, 1), Day(2021, 2, 28)}, kPageDown,
+              kCtrl, {}, mar15, "34"},
+             {"page from the shown month", {mar15, Day(2020, 6, 1)}, kPageDown, 0,
+              {"MonthChanged 7", "notify DateValue", "repaint"}, Day(2020, 7, 15)},
+             {"day while another month is shown", {mar15, Day(2020, 6, 1)}, kRight, 0,
+              {"DateChanged 2020-03-16", "DayChanged 16", "notify DateValue"}, Day(2020, 3, 16)},
+             {"month while another month is shown", {Day(2020, 3, 31), Day(2020, 6, 1)}, kRight, 0,
+              {"DateChanged 2020-04-01", "DayChanged 1", "MonthChanged 4", "notify DateValue",
+               "repaint"}, Day(2020, 4, 1)},
+             {"another key", {mar15}, 65, 0, {}, mar15, "65"},
+         }) {
+        SCOPED_TRACE(c.name);
+        TestCalendar test;
+        Begin(test, c.start);
+        EXPECT_EQ(test.Key(c.key, c.shift), c.keyOnReturn);
+        Log expected{"KeyDown " + std::to_string(c.key) + ' ' + std::to_string(c.shift)};
+        expected.insert(expected.end(), c.events.begin(), c.events.end());
+        EXPECT_EQ(test.TakeLog(), expected);
+        EXPECT_EQ(IsoDate(DayOf(test.calendar->SelectedDate())), IsoDate(c.selected));
+        EXPECT_EQ(test.BrokenInvariant(), "");
+    }
+}
+
+TEST(CalendarKeyboard, TheHostMayChangeTheKey) {
+    TestCalendar test;
+    std::int16_t replacement = 0;
+    test.calendar->Events().KeyDown.Connect(
+        [&](std::int16_t& key, std::int16_t&) { key = replacement; });
+    EXPECT_EQ(test.Key(kRight), "39");  // nothing left to do: the key goes on as it came
+    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 15));
+    replacement = kDown;
+    EXPECT_EQ(test.Key(65), "0");
+    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 22));
+    test.calendar->DateMax(DateOf(Day(2020, 3, 22)));
+    test.calendar->DateValue(DateOf(Day(2020, 3, 30)));
+    EXPECT_EQ(test.Key(65), "40");  // refused: the handler's own value stays
+}
+
+TEST(CalendarKeyboard, DoesNothingWhileDisabledOrWhileTheListIsOpen) {
+    TestCalendar test;
+    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
+    test.monthList.dropped = true;
+    test.TakeLog();
+    EXPECT_EQ(test.Key(kRight), "39");
+    EXPECT_EQ(test.TakeLog(), (Log{"KeyDown 39 0"}));
+    test.enabled = false;
+    EXPECT_EQ(test.Key(kRight), "39");
+    std::int16_t key = 65, shift = 0;
+    test.calendar->OnKeyPress(key);
+    test.calendar->OnKeyUp(key, shift);
+    EXPECT_TRUE(test.TakeLog().empty());
+}
+
+TEST(CalendarMouse, AClickSelectsWithExactEvents) {
+    struct Case {
+        const char* name;
+        Start start;
+        DayNumber clicked;
+        Log events;
+        DayNumber selected;
+    };
+    const DayNumber mar15 = Day(2020, 3, 15);
+    for (const Case& c : std::initializer_list<Case>{
+             {"same month", {mar15}, Day(2020, 3, 18),
+              {"DateChanged 2020-03-18", "DayChanged 18", "notify DateValue",
+               "repaint cell 2020-03-15", "repaint cell 2020-03-18"}, Day(2020, 3, 18)},
+             {"next month", {mar15}, Day(2020, 4, 2),
+              {"DateChanged 2020-04-02", "DayChanged 2", "MonthChanged 4", "notify DateValue",
+               "repaint"}, Day(2020, 4, 2)},
+             {"same number in the month before", {Day(2020, 3, 29)}, Day(2020, 2, 29),
+              {"DateChanged 2020-02-29", "MonthChanged 2", "notify DateValue", "repaint"},
+              Day(2020, 2, 29)},
+             {"year before", {Day(2020, 1, 5)}, Day(2019, 12, 31),
+              {"DateChanged 2019-12-31", "DayChanged 31", "MonthChanged 12", "YearChanged 2019",
+               "notify DateValue", "repaint"}, Day(2019, 12, 31)},
+             {"the selected day", {mar15}, mar15, {}, mar15},
+             {"beyond the limits", {mar15, 0, true, Day(2020, 3, 1)}, Day(2020, 2, 28), {}, mar15},
+         }) {
+        SCOPED_TRACE(c.name);
+        TestCalendar test;
+        Begin(test, c.start);
+        const Point at = test.CenterOf(c.clicked);
+        test.Press(c.clicked);
+        const Log pressed = test.TakeLog();
+        EXPECT_EQ(pressed.front(), "capture");
+        EXPECT_EQ(pressed.back(), "MouseDown 1");
+        test.calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+        Log log = test.TakeLog();
+        // The choice goes before the events: its cells, and the capture.
+        while (!log.empty() && log.front().rfind("repaint", 0) == 0) log.erase(log.begin());
+        ASSERT_EQ(log.front(), "release capture");
+        log.erase(log.begin());
+        Log expected = c.events;
+        expected.push_back("MouseUp 1");
+        EXPECT_EQ(log, expected);
+        EXPECT_EQ(IsoDate(DayOf(test.calendar->SelectedDate())), IsoDate(c.selected));
+        EXPECT_EQ(test.BrokenInvariant(), "");
+    }
+}
+
+TEST(CalendarMouse, AHeldButtonShowsTheChoiceAndGivesItBack) {
+    TestCalendar test;
+    Begin(test, {Day(2020, 3, 15), 0, true, Day(2020, 3, 1)});
+    test.Press(Day(2020, 3, 10));
+    EXPECT_EQ(test.TakeLog(), (Log{"capture", "repaint cell 2020-03-10", "repaint cell 2020-03-15",
+                                   "MouseDown 1"}));
+    test.MoveTo(Day(2020, 3, 11));
+    EXPECT_EQ(test.TakeLog(), (Log{"repaint cell 2020-03-10", "repaint cell 2020-03-11",
+                                   "MouseMove 1"}));
+    test.MoveTo(Day(2020, 3, 11));
+    EXPECT_EQ(test.TakeLog(), (Log{"MouseMove 1"}));
+    test.MoveTo(Day(2020, 2, 29));  // outside the limits
+    EXPECT_EQ(test.TakeLog(), (Log{"repaint cell 2020-03-11", "repaint cell 2020-03-15",
+                                   "MouseMove 1"}));
+    test.MoveTo(Day(2020, 3, 12));
+    test.TakeLog();
+    for (const std::string how : {"lost capture", "escape", "disabled"}) {
+        test.Press(Day(2020, 3, 12));
+        test.TakeLog();
+        if (how == "lost capture") test.calendar->OnCaptureLost();
+        if (how == "escape") test.Key(kEscape);
+        if (how == "disabled") test.calendar->Enabled(false);
+        const Log log = test.TakeLog();
+        EXPECT_NE(std::find(log.begin(), log.end(), "repaint cell 2020-03-12"), log.end()) << how;
+        EXPECT_NE(std::find(log.begin(), log.end(), "repaint cell 2020-03-15"), log.end()) << how;
+        test.Release(Day(2020, 3, 12));
+        EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 15)) << how;
+        test.calendar->Enabled(true);
+    }
+}
+
+TEST(CalendarMouse, MovingWithoutAButtonPaintsNothing) {
+    TestCalendar test;
+    Begin(test, {Day(2020, 3, 15)});
+    for (int x = 0; x < 252; x += 3) test.calendar->OnMouseMove(0, 0, static_cast<float>(x), 80);
+    for (const std::string& entry : test.TakeLog()) EXPECT_EQ(entry, "MouseMove 0");
+}
+
+TEST(CalendarMouse, ArrowsStepTheShownMonthInsideTheLimits) {
+    struct Case {
+        Arrow arrow;
+        Start start;
+        Log events;
+        DayNumber shown;
+    };
+    for (const Case& c : std::initializer_list<Case>{
+             {Arrow::YearBack, {Day(2020, 3, 15)}, {"YearChanged 2019", "repaint"}, Day(2019, 3, 15)},
+             {Arrow::YearForward, {Day(2020, 2, 29)}, {"YearChanged 2021", "repaint"},
+              Day(2021, 2, 28)},
+             {Arrow::MonthBack, {Day(2020, 1, 31)}, {"MonthChanged 12", "YearChanged 2019", "repaint"},
+              Day(2019, 12, 31)},
+             {Arrow::MonthForward, {Day(2020, 1, 31)}, {"MonthChanged 2", "repaint"},
+              Day(2020, 2, 29)},
+             {Arrow::MonthBack, {Day(2020, 3, 15), 0, true, Day(2020, 3, 1)}, {}, Day(2020, 3, 15)},
+             {Arrow::YearForward, {Day(2020, 3, 15), 0, true, Day(2020, 3, 1), Day(2021, 2, 28)}, {},
+              Day(2020, 3, 15)},
+         }) {
+        TestCalendar test;
+        test.calendar->MonthYearSelStyle(VmMonthSelArrows);
+        Begin(test, c.start);
+        const Rect arrow = test.calendar->Layout().arrows[static_cast<std::size_t>(c.arrow)];
+        const auto x = static_cast<float>(arrow.left);
+        const auto y = static_cast<float>(arrow.top);
+        const auto looksPressed = [&] {
+            test.drawing.Forget();
+            test.Paint();
+            for (const auto state : test.drawing.frameStates) {
+                if ((state & kFramePushed) != 0) return true;
+            }
+            return false;
+        };
+        test.calendar->OnMouseDown(1, 0, x, y);
+        EXPECT_TRUE(looksPressed());
+        test.calendar->OnMouseMove(1, 0, x, 150);
+        EXPECT_FALSE(looksPressed());
+        test.calendar->OnMouseMove(1, 0, x, y);
+        EXPECT_TRUE(looksPressed());
+        test.TakeLog();
+        test.calendar->OnMouseUp(1, 0, x, y);
+        Log expected{"repaint band", "release capture"};
+        expected.insert(expected.end(), c.events.begin(), c.events.end());
+        expected.push_back("MouseUp 1");
+        EXPECT_EQ(test.TakeLog(), expected);
+        EXPECT_FALSE(looksPressed());
+        EXPECT_EQ(IsoDate(DayOf(test.calendar->ShownDate())), IsoDate(c.shown));
+        EXPECT_EQ(DayOf(test.calendar->SelectedDate()), c.start.selected);
+        EXPECT_EQ(test.BrokenInvariant(), "");
+    }
+}
+
+TEST(CalendarMouse, AClickWorksBeforeTheFirstPaintAndTheSelectedDayCanAnswer) {
+    TestCalendar test;
+    test.Clicks(Day(2020, 3, 20));
+    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 20));
+    test.TakeLog();
+    test.calendar->AlwaysDateChanged(true);
+    test.Clicks(Day(2020, 3, 20));
+    const Log log = test.TakeLog();
+    EXPECT_NE(std::find(log.begin(), log.end(), "DayChanged 20"), log.end());
+    EXPECT_EQ(std::find(log.begin(), log.end(), "DateChanged 2020-03-20"), log.end());
+}
+
+/// What the user does with a selector, and what follows.
+TEST(CalendarSelectors, MoveTheShownDateWithExactEvents) {
+    using Act = std::function<void(VmCalendar&)>;
+    const auto list = [](int index) { return Act([=](VmCalendar& c) { c.OnMonthListClick(index); }); };
+    const auto year = [](const char* text) { return Act([=](VmCalendar& c) { c.OnYearText(text); }); };
+    const auto spin = [](int y) { return Act([=](VmCalendar& c) { c.OnYearSpinner(-y); }); };
+    const auto scroll = [](DayNumber to) {
+        return Act([=](VmCalendar& c) { c.OnDateScroll(MonthIndex(to)); });
+    };
+    struct Case {
+        const char* name;
+        Start start;
+        Act act;
+        Log events;
+        DayNumber shown;
+    };
+    const DayNumber jan31 = Day(2021, 1, 31);
+    const Start narrow{Day(2020, 3, 15), 0, true, Day(2020, 2, 1), Day(2021, 6, 30)};
+    for (const Case& c : std::initializer_list<Case>{
+             {"list", {jan31}, list(1),
+              {"DateChanged 2021-02-28", "MonthChanged 2", "repaint"}, Day(2021, 2, 28)},
+             {"list, same month", {jan31}, list(0), {}, jan31},
+             {"list, beyond the limits", narrow, list(0), {}, Day(2020, 3, 15)},
+             {"list, no item", narrow, list(12), {}, Day(2020, 3, 15)},
+             {"year", {jan31}, year(" 1999 "), {"YearChanged 1999", "repaint"}, Day(1999, 1, 31)},
+             {"year, the same", {jan31}, year("2021"), {}, jan31},
+             {"year, beyond the limits", narrow, year("2022"), {"YearChanged 2020"}, Day(2020, 3, 15)},
+             {"year, empty", narrow, year(""), {"YearChanged 2020"}, Day(2020, 3, 15)},
+             {"year, letters", narrow, year("12x"), {"YearChanged 2020"}, Day(2020, 3, 15)},
+             {"year, too large", narrow, year("99999"), {"YearChanged 2020"}, Day(2020, 3, 15)},
+             {"spinner", {jan31}, spin(2022), {"YearChanged 2022", "repaint"}, Day(2022, 1, 31)},
+             {"spinner, the same", {jan31}, spin(2021), {"repaint"}, jan31},
+             {"spinner, over a limit inside its year",
+              {Day(2020, 12, 15), 0, true, Day(2020, 2, 1), Day(2021, 6, 30)}, spin(2021),
+              {"YearChanged 2021", "repaint"}, Day(2021, 12, 15)},
+             {"scroll", {jan31}, scroll(Day(2021, 2, 1)), {"MonthChanged 2", "repaint"},
+              Day(2021, 2, 28)},
+             {"scroll over the year", {jan31}, scroll(Day(2020, 12, 1)),
+              {"MonthChanged 12", "YearChanged 2020", "repaint"}, Day(2020, 12, 31)},
+             {"scroll, a year", {jan31}, scroll(Day(2023, 1, 1)), {"YearChanged 2023", "repaint"},
+              Day(2023, 1, 31)},
+             {"scroll, beyond the limits", narrow, scroll(Day(2030, 1, 1)),
+              {"MonthChanged 6", "YearChanged 2021", "repaint"}, Day(2021, 6, 15)},
+         }) {
+        SCOPED_TRACE(c.name);
+        TestCalendar test;
+        test.calendar->MonthYearSelStyle(VmMonthSelCombo);
+        Begin(test, c.start);
+        c.act(*test.calendar);
+        EXPECT_EQ(test.TakeLog(), c.events);
+        const CivilDate shown = CivilOf(DayOf(test.calendar->ShownDate()));
+        EXPECT_EQ(IsoDate(DayOf(test.calendar->ShownDate())), IsoDate(c.shown));
+        EXPECT_EQ(DayOf(test.calendar->SelectedDate()), c.start.selected);
+        EXPECT_EQ(test.BrokenInvariant(), "");
+        EXPECT_EQ(test.yearText.shown, std::to_string(shown.year));
+        EXPECT_EQ(test.monthList.shown, std::to_string(shown.month - 1));
+    }
+}
+
+TEST(CalendarSelectors, EscapeInTheListCancelsUntilItIsEnteredAgain) {
+    TestCalendar test;
+    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
+    Begin(test, {Day(2020, 3, 15)});
+    test.monthList.dropped = true;
+    test.calendar->OnMonthListClick(6);  // while it is open nothing counts
+    test.monthList.dropped = false;
+    test.calendar->OnMonthListKeyDown(kEscape);
+    test.calendar->OnMonthListClick(6);
+    test.calendar->OnMonthListKeyDown(kEnter);
+    test.calendar->OnYearText("1999");
+    EXPECT_TRUE(test.TakeLog().empty());
+    test.calendar->OnMonthListKeyUp(kEscape);
+    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3"}));
+    test.calendar->OnSelectorEnter();
+    test.calendar->OnMonthListKeyDown(kEnter);
+    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3", "repaint"}));
+    test.calendar->OnMonthListClick(6);
+    EXPECT_EQ(test.TakeLog(), (Log{"DateChanged 2020-07-15", "MonthChanged 7", "repaint"}));
+}
+
+TEST(CalendarSelectors, ATypedYearIsDroppedWhenItsBoxIsGone) {
+    TestCalendar test;
+    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
+    test.calendar->MonthYearSelStyle(VmMonthSelNone);
+    test.TakeLog();
+    test.calendar->OnYearText("1999");  // as focus leaves the box that is being hidden
+    EXPECT_TRUE(test.TakeLog().empty());
+    EXPECT_EQ(test.yearText.shown, "2020");
+}
+
+/// One random input or setting.
+void Act(TestCalendar& test, std::mt19937& random) {
+    const auto pick = [&](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    VmCalendar& calendar = *test.calendar;
+    const auto x = static_cast<float>(pick(-20, 280));
+    const auto y = static_cast<float>(pick(-20, 230));
+    const DayNumber near = DayOf(calendar.SelectedDate()) + pick(-90, 90);
+    switch (pick(0, 15)) {
+        case 0: calendar.OnMouseDown(static_cast<std::int16_t>(pick(0, 2)), 0, x, y); break;
+        case 1: calendar.OnMouseMove(1, 0, x, y); break;
+        case 2: calendar.OnMouseUp(static_cast<std::int16_t>(pick(0, 2)), 0, x, y); break;
+        case 3: calendar.MonthYearSelStyle(static_cast<VmMonthYearSelStyleConstants>(pick(0, 3))); break;
+        case 4: calendar.ShowWeekend(pick(0, 1) == 1); break;
+        case 5: calendar.FirstDayOfWeek(static_cast<VmWeekDays>(pick(1, 7))); break;
+        case 6: calendar.DateMax(DateOf(near)); break;
+        case 7: calendar.DateMin(DateOf(near)); break;
+        case 8: calendar.DateValue(DateOf(near)); break;
+        case 9: calendar.OnMonthListClick(pick(-1, 12)); break;
+        case 10: calendar.OnYearText(std::to_string(pick(195, 4605))); break;
+        case 11: calendar.OnYearSpinner(-pick(YearOf(near) - 2, YearOf(near) + 2)); break;
+        case 12: calendar.OnDateScroll(MonthIndex(near) + pick(-30, 30)); break;
+        case 13: calendar.DateMax(DateOf(Day(4600, 12, 31))), calendar.DateMin(DateOf(Day(200, 1, 1))); break;
+        default: test.Key(static_cast<std::int16_t>(pick(32, 41)), static_cast<std::int16_t>(pick(0, 3)));
+    }
+}
+
+TEST(Calendar, HoldsItsInvariantsOnARandomWalk) {
+    std::mt19937 random(20200315);
+    TestCalendar test;
+    test.calendar->Events().MonthChanged.Connect([&](std::int16_t&) {
+        ASSERT_EQ(test.BrokenInvariant(), "");
+        test.calendar->Days()->Item(1)->Caption("first");
+    });
+    for (int step = 0; step < 100'000; ++step) {
+        try {
+            Act(test, random);
+        } catch (const AutomationError& refused) {
+            ASSERT_EQ(refused.Number(), ErrorNumber::InvalidPropertyValue);
+        }
+        ASSERT_EQ(test.BrokenInvariant(), "") << "step " << step;
+        const CivilDate shown = CivilOf(DayOf(test.calendar->ShownDate()));
+        if (test.childrenMade >= 3 && test.monthList.visible) {
+            ASSERT_EQ(test.yearText.shown, std::to_string(shown.year)) << "step " << step;
+        }
+        if (step % 50 == 0) {
+            ASSERT_TRUE(test.Paint().empty());
+            test.drawing.Forget();
+            test.log.clear();
+        }
+    }
+}
+
+/// A handler of any event does its worst in the middle of any input.
+TEST(Calendar, SurvivesEveryHandlerInEverySequence) {
+    using Handler = std::function<void(TestCalendar&)>;
+    const Handler handlers[] = {
+        [](TestCalendar& t) { t.calendar.reset(); },
+        [](TestCalendar& t) { t.calendar->DateValue(DateOf(Day(2031, 7, 7))); },
+        [](TestCalendar& t) { t.calendar->DateMax(DateOf(Day(2018, 1, 1))); },
+        [](TestCalendar& t) { t.calendar->Enabled(false); },
+        [](TestCalendar& t) { t.calendar->MonthYearSelStyle(VmMonthSelNone); },
+        [](TestCalendar& t) { t.calendar->ShowWeekend(false); },
+        [](TestCalendar& t) { t.Key(kRight); },
+    };
+    const std::function<void(TestCalendar&)> inputs[] = {
+        [](TestCalendar& t) { t.calendar->DateValue(DateOf(Day(2021, 4, 4))); },
+        [](TestCalendar& t) { t.Key(kRight); },
+        [](TestCalendar& t) { t.Key(kPageDown); },
+        [](TestCalendar& t) {
+            const Point at = t.CenterOf(Day(2021, 1, 2));
+            t.calendar->OnMouseDown(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+            if (t.calendar) t.calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+        },
+        [](TestCalendar& t) { t.calendar->OnMonthListClick(4); },
+        [](TestCalendar& t) { t.calendar->OnYearText("2019"); },
+        [](TestCalendar& t) { t.calendar->OnYearSpinner(-2019); },
+        [](TestCalendar& t) { t.calendar->OnDateScroll(MonthIndex(Day(2022, 2, 2))); },
+        [](TestCalendar& t) { t.Paint(); },
+    };
+    for (const auto& input : inputs) {
+        for (const auto& handler : handlers) {
+            for (int event = 0; event < 8; ++event) {
+                TestCalendar test;
+                test.calendar->DateValue(DateOf(Day(2020, 12, 31)));
+                test.calendar->MonthYearSelStyle(VmMonthSelCombo);
+                int depth = 0;
+                const auto act = [&] {
+                    if (depth++ == 0 && test.calendar) handler(test);
+                };
+                CalendarEvents& events = test.calendar->Events();
+                if (event == 0) events.DateChanged.Connect([&](Date&) { act(); });
+                if (event == 1) events.DayChanged.Connect([&](std::int16_t&) { act(); });
+                if (event == 2) events.MonthChanged.Connect([&](std::int16_t&) { act(); });
+                if (event == 3) events.YearChanged.Connect([&](std::int16_t&) { act(); });
+                if (event == 4) events.KeyDown.Connect([&](std::int16_t&, std::int16_t&) { act(); });
+                const auto mouse = [&](auto&...) { act(); };
+                if (event == 5) events.MouseDown.Connect(mouse);
+                if (event == 6) events.MouseUp.Connect(mouse);
+                if (event == 7) test.whenNotified = act;
+                input(test);
+                if (!test.calendar) continue;
+                EXPECT_EQ(test.BrokenInvariant(), "");
+                test.whenNotified = nullptr;
+                EXPECT_TRUE(test.Paint().empty());
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace velmora::test
