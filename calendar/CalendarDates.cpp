@@ -1,57 +1,17 @@
 #include "calendar/VmCalendar.h"
 
-#include <cmath>
 #include <utility>
 
 namespace velmora {
-namespace {
-
-constexpr int kFirstYear = 200;
-constexpr int kLastYear = 4600;
-
-[[noreturn]] void Refuse() { throw AutomationError(ErrorNumber::InvalidPropertyValue); }
-
-void CheckYear(Date date) {
-    const int year = YearOf(DayOf(date));
-    if (year < kFirstYear || year > kLastYear) Refuse();
-}
-
-/// A date, a day number or date text. Error 13: anything else.
-Date ToDate(const Variant& value, const Dates& dates) {
-    Date date;
-    if (const auto* asDate = value.As<Date>()) {
-        date = *asDate;
-    } else if (const auto* number = value.As<double>()) {
-        date = Date(*number);
-    } else if (const auto* small = value.As<std::int16_t>()) {
-        date = Date(*small);
-    } else if (const auto* whole = value.As<std::int32_t>()) {
-        date = Date(*whole);
-    } else if (const auto* text = value.As<std::string>()) {
-        return dates.Parse(*text);
-    } else {
-        throw AutomationError(ErrorNumber::TypeMismatch);
-    }
-    if (!std::isfinite(date.value)) throw AutomationError(ErrorNumber::TypeMismatch);
-    return date;
-}
-
-}  // namespace
 
 void VmCalendar::DateMax(Date value) {
-    const DayNumber day = DayOf(value);
-    CheckYear(value);
-    if (day < DayOf(m_state.dateMin)) Refuse();
-    m_state.dateMax = DateOf(LastOfMonth(day));
-    ApplyLimit(kDateMax.name, DayOf(m_state.dateValue) > DayOf(m_state.dateMax), m_state.dateMax);
+    const bool clamps = StoreDateMax(m_state, value);
+    ApplyLimit(kDateMax.name, clamps, m_state.dateMax);
 }
 
 void VmCalendar::DateMin(Date value) {
-    const DayNumber day = DayOf(value);
-    CheckYear(value);
-    if (day > DayOf(m_state.dateMax)) Refuse();
-    m_state.dateMin = DateOf(FirstOfMonth(day));
-    ApplyLimit(kDateMin.name, DayOf(m_state.dateValue) < DayOf(m_state.dateMin), m_state.dateMin);
+    const bool clamps = StoreDateMin(m_state, value);
+    ApplyLimit(kDateMin.name, clamps, m_state.dateMin);
 }
 
 /// Moving the date to a limit raises no event and paints nothing: the container alone learns of it.
@@ -72,19 +32,14 @@ Variant VmCalendar::DateValue() const {
 
 void VmCalendar::DateValue(const Variant& value) {
     if (value.Type() == VarType::Empty) return;
-    const Date date = ToDate(value, m_platform.dates);
+    const Date date = ToDate(value);
     if (DayOf(date) == DayOf(m_state.dateValue)) return;
-    CheckYear(date);
-    if (!IsSelectable(DayOf(date))) Refuse();
+    CheckDateValue(m_state, date);
     SelectDate(date);
 }
 
 DayRef VmCalendar::SelectedDay() const {
     return m_days->Item(static_cast<std::int16_t>(DayOfMonth(DayOf(m_state.dateValue))));
-}
-
-bool VmCalendar::IsSelectable(DayNumber day) const noexcept {
-    return DayOf(m_state.dateMin) <= day && day <= DayOf(m_state.dateMax);
 }
 
 /// Moves the grid; the days and the selectors follow at once, so that every handler finds them in

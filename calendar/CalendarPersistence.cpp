@@ -53,23 +53,14 @@ Variant DefaultVariant(const Variant& value) {
 template <const auto& kProperty>
 constexpr Entry Saved(Stored stored = Stored::WhenChanged) {
     using T = typename std::remove_cvref_t<decltype(kProperty)>::Value;
-    if constexpr (requires { kProperty.field; }) {
-        return {kProperty.name, stored,
-                [](const Defaults& from) {
-                    return DefaultVariant(ToVariant(from.state.*kProperty.field));
-                },
-                [](const Holder& from) { return ToVariant(from.state.*kProperty.field); },
-                [](Holder& to, const Variant& value) {
-                    to.state.*kProperty.field = FromVariant<T>(value);
-                }};
-    } else {
-        return {kProperty.name, stored,
-                [](const Defaults& from) { return ToVariant((from.days.*kProperty.get)()); },
-                [](const Holder& from) { return ToVariant((from.days.*kProperty.get)()); },
-                [](Holder& to, const Variant& value) {
-                    (to.days.*kProperty.set)(FromVariant<T>(value));
-                }};
-    }
+    return {kProperty.name, stored,
+            [](const Defaults& from) {
+                return DefaultVariant(ToVariant<T>(kProperty.Get(from.state, from.days)));
+            },
+            [](const Holder& from) { return ToVariant<T>(kProperty.Get(from.state, from.days)); },
+            [](Holder& to, const Variant& value) {
+                kProperty.Store(to.state, to.days, FromVariant<T>(value));
+            }};
 }
 
 constexpr Entry kSavedEnabled{

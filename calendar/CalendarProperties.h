@@ -3,6 +3,7 @@
 #include "calendar/CalendarState.h"
 #include "model/VmDays.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace velmora {
@@ -20,6 +21,9 @@ struct Property {
     T CalendarState::*field;
     bool (*admits)(const T&) = nullptr;  // false refuses with error 380
     AfterEffect effect = AfterEffect::Repaint;
+
+    const T& Get(const CalendarState& state, const VmDays&) const { return state.*field; }
+    void Store(CalendarState& state, VmDays&, const T& value) const { state.*field = value; }
 };
 
 /// A default colour of days: it lives in the day collection.
@@ -29,12 +33,22 @@ struct DayColorProperty {
     std::string_view name;
     OLE_COLOR (VmDays::*get)() const noexcept;
     void (VmDays::*set)(OLE_COLOR) noexcept;
+    bool (*admits)(const OLE_COLOR&);
+    AfterEffect effect = AfterEffect::Repaint;
+
+    OLE_COLOR Get(const CalendarState&, const VmDays& days) const { return (days.*get)(); }
+    void Store(CalendarState&, VmDays& days, OLE_COLOR value) const { (days.*set)(value); }
 };
 
 /// The signed value lies in the inclusive range.
 template <auto kLowest, auto kHighest>
 constexpr bool Within(const decltype(kLowest)& value) {
     return kLowest <= value && value <= kHighest;
+}
+
+/// 0..15 are the platform's pointers, 99 is the mouse icon.
+constexpr bool IsMousePointer(std::int16_t value) {
+    return (0 <= value && value <= 15) || value == 99;
 }
 
 constexpr bool AdmitsColor(const OLE_COLOR& color) { return IsPropertyColor(color); }
@@ -51,11 +65,11 @@ inline constexpr Property<Date> kDateValue{"DateValue", &CalendarState::dateValu
 inline constexpr Property<VmAppearanceConstants> kDayAppearance{
     "DayAppearance", &CalendarState::dayAppearance, kAdmitsAppearance};
 inline constexpr DayColorProperty kDayDefaultBackColor{
-    "DayDefaultBackColor", &VmDays::DefaultBackColor, &VmDays::DefaultBackColor};
+    "DayDefaultBackColor", &VmDays::DefaultBackColor, &VmDays::DefaultBackColor, AdmitsColor};
 inline constexpr DayColorProperty kDayOtherMonthForeColor{
-    "DayOtherMonthForeColor", &VmDays::OtherMonthForeColor, &VmDays::OtherMonthForeColor};
+    "DayOtherMonthForeColor", &VmDays::OtherMonthForeColor, &VmDays::OtherMonthForeColor, AdmitsColor};
 inline constexpr DayColorProperty kDayDefaultForeColor{
-    "DayDefaultForeColor", &VmDays::DefaultForeColor, &VmDays::DefaultForeColor};
+    "DayDefaultForeColor", &VmDays::DefaultForeColor, &VmDays::DefaultForeColor, AdmitsColor};
 inline constexpr Property<VmTextAlignmentConstants> kDayCaptionAlignment{
     "DayCaptionAlignment", &CalendarState::dayCaptionAlignment, kAdmitsTextAlignment};
 inline constexpr Property<FontRef> kDayFont{"DayFont", &CalendarState::dayFont};
@@ -97,7 +111,8 @@ inline constexpr Property<VmTextAlignmentConstants> kWeekDayCaptionAlignment{
     "WeekDayCaptionAlignment", &CalendarState::weekDayCaptionAlignment, kAdmitsTextAlignment};
 inline constexpr Property<bool> kShowWeekend{"ShowWeekend", &CalendarState::showWeekend};
 
-/// Properties that live on the control's window: only their names are here.
+/// Properties that live elsewhere: only their names are here.
+inline constexpr std::string_view kDays = "Days";
 inline constexpr std::string_view kEnabled = "Enabled";
 inline constexpr std::string_view kMouseIcon = "MouseIcon";
 inline constexpr std::string_view kMousePointer = "MousePointer";

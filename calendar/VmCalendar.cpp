@@ -44,12 +44,6 @@ void VmCalendar::InitProperties() {
     if (alive) SelectYear(YearOf(DayOf(m_state.shownDate)));
 }
 
-void VmCalendar::Let(const DayColorProperty& property, OLE_COLOR value) {
-    if (!AdmitsColor(value)) throw AutomationError(ErrorNumber::InvalidPropertyValue);
-    ((*m_days).*property.set)(value);
-    Announce(property.name, AfterEffect::Repaint);
-}
-
 void VmCalendar::Announce(std::string_view property, AfterEffect effect) {
     const Lifetime::Watch alive(m_lifetime);
     m_platform.hosting.PropertyChanged(property);
@@ -77,8 +71,7 @@ void VmCalendar::MouseIcon(PictureRef value) {
 }
 
 void VmCalendar::MousePointer(std::int16_t value) {
-    constexpr std::int16_t kCustom = 99;
-    if ((value < 0 || value > 15) && value != kCustom) return;
+    if (!IsMousePointer(value)) return;
     m_platform.windowing.MousePointer(value);
     Announce(kMousePointer, AfterEffect::Nothing);
 }

@@ -5,8 +5,10 @@
 #include "calendar/CalendarPainter.h"
 #include "calendar/CalendarProperties.h"
 #include "calendar/CalendarState.h"
+#include "calendar/DateLimits.h"
 #include "calendar/Selectors.h"
 #include "model/VmDays.h"
+#include "platform/Automation.h"
 #include "platform/AutomationError.h"
 #include "platform/Platform.h"
 
@@ -25,7 +27,7 @@ namespace velmora {
 /// the operation that causes them; a handler may change anything, or destroy the calendar.
 ///
 /// Life cycle: construct, connect to events, then exactly one of `InitProperties` and `ReadProps`.
-class VmCalendar : public Object {
+class VmCalendar : public AutomationObject {
 public:
     explicit VmCalendar(const Platform& platform);
     ~VmCalendar() override;
@@ -169,6 +171,10 @@ public:
     /// its default. Raises `MonthChanged`.
     void ReadProps(PropertyBag& bag);
     void WriteProps(PropertyBag& bag) const;
+    /// Copies a whole look from an object that has the calendar's property names, the decorations of
+    /// its dirty days included. Every value passes its setter; a member that is missing or refused is
+    /// skipped, the others are copied, and the first error is raised at the end. Repaints once.
+    void SetProps(const AutomationObject& holder);
 
     /// While True nothing is painted, whoever asks for it. A `DateValue` that changes both month and
     /// year sets it to False.
@@ -188,6 +194,24 @@ public:
     void AboutBox();
 
     // What a host in C++ asks for besides.
+
+    /// A property by its row: the getter and the setter of that name.
+    template <class Row>
+    typename Row::Value Get(const Row& property) const {
+        return property.Get(m_state, *m_days);
+    }
+    template <class Row>
+    void Let(const Row& property, const typename Row::Value& value) {
+        if (property.admits && !property.admits(value)) {
+            throw AutomationError(ErrorNumber::InvalidPropertyValue);
+        }
+        property.Store(m_state, *m_days, value);
+        Announce(property.name, property.effect);
+    }
+    /// The published properties by name, in any case, converted to their types.
+    Variant GetMember(std::string_view name) const override;
+    void LetMember(std::string_view name, const Variant& value) override;
+    Date ToDate(const Variant& value) const { return m_platform.dates.ToDate(value); }
 
     /// `DateValue` as a date.
     Date SelectedDate() const noexcept { return m_state.dateValue; }
@@ -250,13 +274,10 @@ public:
     void OnDateScroll(int value);
 
 private:
-    template <class T>
-    void Let(const Property<T>& property, const T& value);
-    void Let(const DayColorProperty& property, OLE_COLOR value);
     void Announce(std::string_view property, AfterEffect effect);
 
     // Dates
-    bool IsSelectable(DayNumber day) const noexcept;
+    bool IsSelectable(DayNumber day) const noexcept { return IsInLimits(m_state, day); }
     void ApplyLimit(std::string_view name, bool clamps, Date limit);
     bool ShowDate(Date date);
     void SyncSelectors();
@@ -300,7 +321,9 @@ private:
     void AcceptMonth();
 
     // Painting
-    bool IsPaintable() const noexcept { return m_state.ready && !m_state.noRepaintControl; }
+    bool IsPaintable() const noexcept {
+        return m_state.ready && !m_state.noRepaintControl && !m_copying;
+    }
     CalendarLayout ComputeLayout();
     void UpdateLayout();
     bool IsScreenStale();
@@ -319,20 +342,12 @@ private:
     Selectors m_selectors;
     CalendarLayout m_layout;
     bool m_laidOut = false;
+    bool m_copying = false;           // `SetProps` is at work: one repaint at its end
     Press m_press;
     bool m_cancelled = false;         // Escape in the month list, until a selector is entered again
     unsigned m_dateChanges = 0;       // tells an operation that a handler has moved the date again
     DayNumber m_selectedOnScreen = 0;  // as of the last repaint that was asked for
     DayNumber m_shownOnScreen = 0;
 };
-
-template <class T>
-void VmCalendar::Let(const Property<T>& property, const T& value) {
-    if (property.admits && !property.admits(value)) {
-        throw AutomationError(ErrorNumber::InvalidPropertyValue);
-    }
-    m_state.*property.field = value;
-    Announce(property.name, property.effect);
-}
 
 }  // namespace velmora

@@ -37,6 +37,9 @@ Variant ToVariant(const T& value);
 
 [[noreturn]] void RaiseTypeMismatch();
 
+/// Member names are the same in any case (ASCII).
+bool EqualsIgnoringCase(std::string_view a, std::string_view b) noexcept;
+
 template <class T>
 std::shared_ptr<T> ToObject(const Variant& value) {
     if (value.Type() == VarType::Empty || value.Type() == VarType::Null) return nullptr;

@@ -1,11 +1,13 @@
 #include "platform/Dates.h"
 
+#include "platform/Automation.h"
 #include "platform/AutomationError.h"
 #include "platform/DateFormat.h"
 #include "platform/DateParse.h"
 #include "platform/DateText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace velmora {
@@ -78,6 +80,14 @@ Date Dates::Parse(std::string_view text) const {
     const std::optional<Date> date = TryParse(text);
     if (!date) throw AutomationError(ErrorNumber::TypeMismatch);
     return *date;
+}
+
+Date Dates::ToDate(const Variant& value) const {
+    if (const auto* text = value.As<std::string>()) return Parse(*text);
+    if (value.Type() == VarType::Boolean) RaiseTypeMismatch();
+    const Date date = FromVariant<Date>(value);
+    if (!std::isfinite(date.value)) RaiseTypeMismatch();
+    return date;
 }
 
 }  // namespace velmora

@@ -2,6 +2,7 @@
 
 #include "platform/Date.h"
 #include "platform/DateLocale.h"
+#include "platform/Variant.h"
 
 #include <functional>
 #include <memory>
@@ -54,6 +55,9 @@ public:
     std::optional<Date> TryParse(std::string_view text) const;
     /// The same with error 13 for text that is no date.
     Date Parse(std::string_view text) const;
+
+    /// A date, a day number or date text as a date. Error 13: anything else, and text that is none.
+    Date ToDate(const Variant& value) const;
 
 private:
     std::shared_ptr<const DateLocale> m_locale;
