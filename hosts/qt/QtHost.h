@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Hosting.h"
+#include "platform/Windowing.h"
+
+class QWidget;
+
+namespace velmora {
+
+/// A widget as a control's window. The widget must live longer. The pointer is the widget's cursor.
+class QtWindowing final : public Windowing {
+public:
+    explicit QtWindowing(QWidget& widget);
+
+    WindowHandle Handle() const override;
+    Size ClientSize() const override;
+    double PixelsPerInch() const override;
+
+    bool Enabled() const override;
+    void Enabled(bool enabled) override;
+    bool TakesInput() const override;
+    /// Whether the own state has changed since the last call, other than through `Enabled`.
+    bool TakeEnabledChange();
+
+    std::int16_t MousePointer() const override { return m_pointer; }
+    void MousePointer(std::int16_t pointer) override;
+    PictureRef MouseIcon() const override { return m_icon; }
+    void MouseIcon(PictureRef icon) override;
+    std::int32_t OLEDropMode() const override { return m_dropMode; }
+    void OLEDropMode(std::int32_t mode) override;
+
+    /// Qt holds the mouse by itself while a button is down.
+    void SetCapture() override {}
+    void ReleaseCapture() override {}
+    Point ClientToScreen(Point point) const override;
+    Point ScreenToClient(Point point) const override;
+    std::optional<Point> GetCursorPos() const override;
+
+    std::unique_ptr<ComboBox> CreateMonthList() override;
+    std::unique_ptr<TextBox> CreateYearText() override;
+    std::unique_ptr<ScrollBar> CreateYearSpinner() override;
+    std::unique_ptr<ScrollBar> CreateDateScroll() override;
+
+private:
+    void ApplyPointer();
+
+    QWidget& m_widget;
+    PictureRef m_icon;
+    std::int32_t m_dropMode = 0;
+    std::int16_t m_pointer = 0;
+    bool m_knownEnabled;
+};
+
+/// What a widget's surroundings are to the control in it; pixels throughout. Who raises the
+/// control's notifications derives from it.
+class QtHosting : public Hosting {
+public:
+    explicit QtHosting(QWidget& widget) : m_widget(widget) {}
+
+    FontRef AmbientFont() const override;
+    std::optional<std::int16_t> ContainerScaleMode() const override;
+    std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
+    /// Returns at once; the box stays until the user closes it.
+    void ShowAboutBox(const AboutText& text) override;
+
+private:
+    QWidget& m_widget;
+};
+
+}  // namespace velmora

@@ -1,0 +1,533 @@
+#include "hosts/qt/QtDrawing.h"
+
+#include "platform/DrawingScopes.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QWidget>
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+constexpr Rgb kWhite = 0xFFFFFF;
+constexpr Rgb kRed = 0x0000FF;
+constexpr Rgb kBlue = 0xFF0000;
+constexpr QRgb kWhitePixel = 0xFFFFFFFF;
+constexpr QRgb kRedPixel = 0xFFFF0000;
+constexpr QRgb kBluePixel = 0xFF0000FF;
+
+/// An image with a painter's surface on it, white at first.
+class Screen {
+public:
+    explicit Screen(int width = 40, int height = 30, double ratio = 1)
+        : m_image(qRound(width * ratio), qRound(height * ratio), QImage::Format_RGB32) {
+        m_image.setDevicePixelRatio(ratio);
+        m_image.fill(Qt::white);
+        m_painter.begin(&m_image);
+        m_surface.emplace(drawing, m_painter);
+    }
+
+    SurfaceHandle Get() const { return m_surface->Handle(); }
+    QImage Image() const { return m_image.copy(); }
+    QRgb At(int x, int y) const { return m_image.pixel(x, y); }
+
+    QtDrawing drawing;
+
+private:
+    QImage m_image;
+    QPainter m_painter;
+    std::optional<QtDrawing::Surface> m_surface;
+};
+
+/// A memory surface with a bitmap like the screen's, filled.
+class Memory {
+public:
+    Memory(Screen& screen, int width, int height, Rgb color = kWhite)
+        : m_drawing(screen.drawing),
+          m_surface(m_drawing, m_drawing.CreateCompatibleDC(screen.Get())),
+          m_bitmap(m_drawing, m_drawing.CreateCompatibleBitmap(screen.Get(), width, height)),
+          m_selected(m_drawing, m_surface.Get(), m_bitmap) {
+        m_drawing.FillRect(Get(), {0, 0, width, height}, SolidBrush(m_drawing, color).Get());
+    }
+
+    SurfaceHandle Get() const { return m_surface.Get(); }
+
+private:
+    QtDrawing& m_drawing;
+    OwnedSurface m_surface;
+    OwnedObject m_bitmap;
+    Selection m_selected;
+};
+
+using Paint = std::function<void(QtDrawing&, SurfaceHandle)>;
+
+void Fill(QtDrawing& drawing, SurfaceHandle surface, const Rect& rect, Rgb color) {
+    drawing.FillRect(surface, rect, SolidBrush(drawing, color).Get());
+}
+
+void Line(QtDrawing& drawing, SurfaceHandle surface, Point from, Point to) {
+    const OwnedObject pen = SolidPen(drawing, kRed);
+    const Selection selected(drawing, surface, pen);
+    drawing.MoveToEx(surface, from.x, from.y);
+    drawing.LineTo(surface, to.x, to.y);
+}
+
+int Text(QtDrawing& drawing, SurfaceHandle surface, std::string_view text, Rect rect,
+         std::uint32_t flags, const LogFont& description = {"DejaVu Sans", 9}) {
+    const OwnedObject font(drawing, drawing.CreateFontIndirectA(description));
+    const Selection selected(drawing, surface, font);
+    return drawing.DrawTextA(surface, text, rect, flags);
+}
+
+QImage Direct(const Paint& paint, double ratio = 1) {
+    Screen screen(60, 30, ratio);
+    paint(screen.drawing, screen.Get());
+    return screen.Image();
+}
+
+QImage OffScreen(const Paint& paint, double ratio = 1) {
+    Screen screen(60, 30, ratio);
+    const Memory memory(screen, 60, 30);
+    paint(screen.drawing, memory.Get());
+    screen.drawing.BitBlt(screen.Get(), {0, 0, 60, 30}, memory.Get(), {}, RasterOp::SrcCopy);
+    return screen.Image();
+}
+
+/// The smallest box around everything that is not white; empty when all is.
+QRect Ink(const QImage& image) {
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != kWhitePixel) ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
+bool InkIsInside(const QImage& image, const Rect& rect) {
+    const QRect allowed(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1));
+    return Ink(image).isEmpty() || allowed.contains(Ink(image));
+}
+
+/// Apart from the rounding where two glyphs of a text overlap.
+bool Alike(const QImage& a, const QImage& b) {
+    if (a.size() != b.size()) return false;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            const int far = std::max({std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                                      std::abs(qBlue(p) - qBlue(q))});
+            if (far > 1) return false;
+        }
+    }
+    return true;
+}
+
+std::shared_ptr<StdPicture> MakePicture(PictureType type, int width, int height,
+                                        std::vector<std::uint32_t> pixels) {
+    auto image = std::make_shared<PixelImage>();
+    *image = {width, height, std::move(pixels)};
+    return std::make_shared<StdPicture>(type, Size{}, std::move(image));
+}
+
+}  // namespace
+
+TEST(QtDrawing, PaintsTheSamePixelsDirectlyAndOffScreen) {
+    const auto icon = MakePicture(PictureType::Icon, 2, 2, {kRedPixel, 0, 0x80FF0000, kBluePixel});
+    const std::vector<std::pair<const char*, Paint>> cases{
+        {"fill", [](auto& d, auto s) { Fill(d, s, {3, 4, 20, 21}, kRed); }},
+        {"slanted line", [](auto& d, auto s) { Line(d, s, {3, 4}, {41, 17}); }},
+        {"text", [](auto& d, auto s) {
+             d.SetTextColor(s, 0x804020);
+             Text(d, s, "Tag 17", {2, 3, 58, 20}, kTextCenter | kTextVCenter);
+         }},
+        {"decorated text", [](auto& d, auto s) {
+             Text(d, s, "fgj", {2, 3, 58, 20}, 0, {"DejaVu Sans", 11, true, true, true, true});
+         }},
+        {"clipped text", [](auto& d, auto s) { Text(d, s, "Wagon", {7, 5, 30, 13}, kTextRight); }},
+        {"button", [](auto& d, auto s) {
+             d.DrawFrameControl(s, {1, 1, 18, 18}, FrameControl::ScrollBar, kScrollLeft);
+         }},
+        {"edge", [](auto& d, auto s) { d.DrawEdge(s, {1, 1, 18, 18}, kSunken, kAllSides); }},
+        {"focus", [](auto& d, auto s) { d.DrawFocusRect(s, {3, 3, 20, 12}); }},
+        {"icon", [&](auto& d, auto s) {
+             d.DrawIconEx(s, 2, 2, d.PictureHandle(*icon), 16, 16, kDrawIconNormal);
+         }},
+    };
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        for (const auto& [name, paint] : cases) {
+            const QImage direct = Direct(paint, ratio);
+            EXPECT_TRUE(Alike(direct, OffScreen(paint, ratio))) << name << " at " << ratio;
+            EXPECT_FALSE(Ink(direct).isEmpty()) << name;
+        }
+    }
+}
+
+TEST(QtDrawing, LinesLeaveTheirEndPointUndrawn) {
+    struct Case {
+        Point from, to;
+        QRect ink;
+    };
+    const Case cases[] = {
+        {{2, 5}, {9, 5}, {2, 5, 7, 1}}, {{9, 5}, {2, 5}, {3, 5, 7, 1}},
+        {{4, 3}, {4, 8}, {4, 3, 1, 5}}, {{4, 8}, {4, 3}, {4, 4, 1, 5}},
+        {{3, 3}, {6, 6}, {3, 3, 3, 3}}, {{6, 6}, {3, 3}, {4, 4, 3, 3}},
+        {{4, 4}, {4, 4}, {}},           {{-9, 5}, {3, 5}, {0, 5, 3, 1}},
+    };
+    for (const Case& c : cases) {
+        const Paint paint = [&](auto& d, auto s) { Line(d, s, c.from, c.to); };
+        EXPECT_EQ(Ink(OffScreen(paint)), c.ink) << c.from.x << "," << c.from.y;
+    }
+}
+
+TEST(QtDrawing, EmptyInvertedAndExtremeArgumentsDrawNothingElse) {
+    const Rect rects[] = {{5, 5, 5, 9}, {9, 9, 5, 5}, {INT_MAX, 0, INT_MIN, 9},
+                          {INT_MAX - 1, 0, INT_MAX, 9}, {INT_MIN, INT_MIN, INT_MIN + 1, 0}};
+    for (const Rect& rect : rects) {
+        const Paint paint = [&](auto& d, auto s) {
+            Fill(d, s, rect, kRed);
+            d.DrawEdge(s, rect, kSunken, kAllSides);
+            d.DrawFrameControl(s, rect, FrameControl::ScrollBar, kScrollUp);
+            d.DrawFocusRect(s, rect);
+            d.BitBlt(s, rect, s, {INT_MAX, INT_MIN}, RasterOp::SrcCopy);
+            d.StretchBlt(s, rect, s, {0, 0, 9, 9}, RasterOp::SrcCopy);
+            Text(d, s, "text", rect, kTextCenter | kTextVCenter);
+        };
+        EXPECT_TRUE(Ink(OffScreen(paint)).isEmpty()) << rect.left << ".." << rect.right;
+        EXPECT_TRUE(Ink(Direct(paint)).isEmpty()) << rect.left << ".." << rect.right;
+    }
+    const Rect all{INT_MIN, INT_MIN, INT_MAX, INT_MAX};
+    EXPECT_EQ(Ink(OffScreen([&](auto& d, auto s) { Fill(d, s, all, kRed); })), QRect(0, 0, 60, 30));
+}
+
+TEST(QtDrawing, AcceptsNoneAndObjectsOfTheWrongKind) {
+    Screen screen;
+    QtDrawing& d = screen.drawing;
+    const OwnedObject pen = SolidPen(d, kRed);
+    Rect rect{0, 0, 9, 9};
+    d.FillRect(screen.Get(), rect, pen.Get());
+    for (const SurfaceHandle s : {SurfaceHandle::None, screen.Get()}) {
+        d.FillRect(s, rect, ObjectHandle::None);
+        d.DrawIconEx(s, 0, 0, ObjectHandle::None, 9, 9, kDrawIconNormal);
+        d.BitBlt(s, rect, SurfaceHandle::None, {}, RasterOp::SrcCopy);
+        d.StretchBlt(s, rect, screen.Get(), rect, RasterOp::SrcCopy);
+        d.RestoreDC(s);
+        EXPECT_EQ(d.SelectObject(s, ObjectHandle::None), ObjectHandle::None);
+    }
+    d.DeleteObject(ObjectHandle::None);
+    d.DeleteDC(SurfaceHandle::None);
+    d.InvalidateRect(WindowHandle::None, &rect);
+    EXPECT_EQ(d.DrawTextA(SurfaceHandle::None, "x", rect, 0), 0);
+    EXPECT_TRUE(Ink(screen.Image()).isEmpty());
+    for (const Size size : {Size{0, 5}, Size{5, -1}, Size{32768, 1}, Size{32767, 32767}}) {
+        EXPECT_EQ(d.CreateCompatibleBitmap(screen.Get(), size.width, size.height),
+                  ObjectHandle::None);
+    }
+}
+
+TEST(QtDrawing, BlitsCopyFromTheOffsetAndInsideTheSourceOnly) {
+    Screen screen;
+    QtDrawing& d = screen.drawing;
+    const Memory source(screen, 10, 10, kBlue);
+    Fill(d, source.Get(), {6, 6, 8, 8}, kRed);
+    d.BitBlt(screen.Get(), {20, 10, 40, 30}, source.Get(), {5, 5}, RasterOp::SrcCopy);
+    EXPECT_EQ(Ink(screen.Image()), QRect(20, 10, 5, 5));
+    EXPECT_EQ(screen.At(21, 11), kRedPixel);
+    EXPECT_EQ(screen.At(22, 12), kRedPixel);
+    EXPECT_EQ(screen.At(23, 13), kBluePixel);
+    EXPECT_EQ(screen.At(20, 10), kBluePixel);
+}
+
+TEST(QtDrawing, ACopyWithinOneSurfaceReadsBeforeItOverwrites) {
+    for (const int step : {1, -1}) {
+        const Paint paint = [step](auto& d, auto s) {
+            for (int i = 0; i < 9; ++i) Fill(d, s, {10, 10 + i, 19, 11 + i}, static_cast<Rgb>(i));
+            d.BitBlt(s, {10, 10 + step, 19, 19 + step}, s, {10, 10}, RasterOp::SrcCopy);
+        };
+        const QImage image = OffScreen(paint);
+        for (int i = 0; i < 9; ++i) EXPECT_EQ(qRed(image.pixel(12, 10 + step + i)), i) << step;
+    }
+}
+
+TEST(QtDrawing, StretchKeepsThePartOfTheSourceThatExistsInItsPlace) {
+    Screen screen;
+    QtDrawing& d = screen.drawing;
+    const Memory source(screen, 4, 4, kBlue);
+    d.StretchBlt(screen.Get(), {10, 10, 26, 26}, source.Get(), {-4, 0, 4, 8}, RasterOp::SrcCopy);
+    EXPECT_EQ(Ink(screen.Image()), QRect(18, 10, 8, 8));
+}
+
+TEST(QtDrawing, ClippingNestsAndEndsWithItsRestore) {
+    const Paint paint = [](auto& d, auto s) {
+        {
+            const Clip outer(d, s, {5, 5, 30, 25});
+            const Clip inner(d, s, {0, 0, 12, 12});
+            Fill(d, s, {0, 0, 60, 30}, kRed);
+            Text(d, s, "MMMMMMMM", {0, 0, 60, 30}, kTextLeft);
+            Line(d, s, {0, 6}, {60, 6});
+        }
+        Fill(d, s, {39, 0, 40, 1}, kRed);
+    };
+    for (const QImage& image : {Direct(paint), OffScreen(paint)}) {
+        EXPECT_EQ(Ink(image.copy(0, 0, 39, 30)), QRect(5, 5, 7, 7));
+        EXPECT_EQ(image.pixel(39, 0), kRedPixel);
+    }
+}
+
+TEST(QtDrawing, TextStaysInsideItsRectangle) {
+    const Rect rects[] = {{20, 10, 30, 16}, {0, 0, 3, 3}, {50, 20, 70, 40}};
+    for (const Rect& r : rects) {
+        for (const auto flags : {0u, kTextCenter | kTextVCenter, kTextRight | kTextBottom}) {
+            const Paint paint = [&](auto& d, auto s) {
+                Text(d, s, "MMMM", r, flags, {"DejaVu Sans", 14, true});
+            };
+            EXPECT_TRUE(InkIsInside(Direct(paint), r)) << r.left << " " << flags;
+            EXPECT_TRUE(InkIsInside(OffScreen(paint), r)) << r.left << " " << flags;
+        }
+    }
+}
+
+TEST(QtDrawing, TextIsMeasuredAsItIsPlaced) {
+    Screen screen(200, 60);
+    Rect measured{20, 10, 0, 0};
+    const int height = screen.drawing.DrawTextA(screen.Get(), "H&M 17", measured, kTextCalcRect);
+    EXPECT_EQ(measured.bottom - measured.top, height);
+    EXPECT_TRUE(Ink(screen.Image()).isEmpty());
+    Rect area{0, 0, 200, 60};
+    screen.drawing.DrawTextA(screen.Get(), "H&M 17", area, kTextRight | kTextBottom);
+    const QRect ink = Ink(screen.Image());
+    const int width = measured.right - measured.left;
+    EXPECT_GE(ink.left(), 200 - width - 1);
+    EXPECT_GE(ink.top(), 60 - height);
+    EXPECT_GE(ink.width(), width - 4);
+    EXPECT_EQ(screen.drawing.DrawTextA(screen.Get(), "", area, 0), height);
+}
+
+TEST(QtDrawing, TheTextCacheTellsFontsColoursAndTextsApart) {
+    const auto draw = [](std::string_view text, const LogFont& font, Rgb color) {
+        return OffScreen([&](auto& d, auto s) {
+            d.SetTextColor(s, color);
+            Text(d, s, text, {0, 0, 60, 30}, 0, font);
+        });
+    };
+    const LogFont plain{"DejaVu Sans", 9};
+    const std::vector<QImage> different{
+        draw("17", plain, 0),
+        draw("71", plain, 0),
+        draw("17", plain, kRed),
+        draw("17", {"DejaVu Sans", 10}, 0),
+        draw("17", {"DejaVu Serif", 9}, 0),
+        draw("17", {"DejaVu Sans", 9, true}, 0),
+        draw("17", {"DejaVu Sans", 9, false, true}, 0),
+        draw("17", {"DejaVu Sans", 9, false, false, true}, 0),
+        draw("17", {"DejaVu Sans", 9, false, false, false, true}, 0),
+    };
+    for (std::size_t i = 0; i < different.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(different[i] == different[j]) << i << j;
+    }
+    for (int i = 0; i < 200; ++i) draw("x", {"DejaVu Sans", 5 + i * 0.05}, 0);  // displaces them
+    EXPECT_TRUE(draw("17", plain, 0) == different[0]);
+    EXPECT_TRUE(draw("1\n7\t", plain, 0) == draw("1 7 ", plain, 0));
+}
+
+TEST(QtDrawing, TextTooLongForAMaskIsDrawnAndClipped) {
+    const std::string text(3000, 'M');
+    const Paint paint = [&](auto& d, auto s) { Text(d, s, text, {10, 5, 50, 25}, kTextCenter); };
+    EXPECT_TRUE(InkIsInside(OffScreen(paint), {10, 5, 50, 25}));
+    EXPECT_GE(Ink(OffScreen(paint)).width(), 35);
+    EXPECT_TRUE(OffScreen(paint) == Direct(paint));
+}
+
+TEST(QtDrawing, ABitmapHasTheDevicePixelsOfItsSurfaceAndCrispEdges) {
+    Screen screen(40, 30, 2);
+    QtDrawing& d = screen.drawing;
+    const Memory memory(screen, 40, 30);
+    Line(d, memory.Get(), {3, 5}, {9, 5});
+    Text(d, memory.Get(), "l", {20, 5, 40, 25}, 0);
+    d.BitBlt(screen.Get(), {0, 0, 40, 30}, memory.Get(), {}, RasterOp::SrcCopy);
+    const QImage image = screen.Image();
+    EXPECT_EQ(Ink(image.copy(0, 0, 40, 60)), QRect(6, 10, 12, 2));
+    EXPECT_EQ(image.pixel(6, 10), kRedPixel);
+    EXPECT_EQ(image.pixel(17, 11), kRedPixel);
+    // Scaled-up text would repeat every row.
+    const QImage small = OffScreen([](auto& s, auto h) { Text(s, h, "8", {0, 0, 60, 30}, 0); });
+    const QImage large = OffScreen([](auto& s, auto h) { Text(s, h, "8", {0, 0, 60, 30}, 0); }, 2);
+    EXPECT_FALSE(large == small.scaled(large.size()));
+}
+
+TEST(QtDrawing, AdjoiningAreasLeaveNoGapAtFractionalRatios) {
+    for (const double ratio : {1.25, 1.5, 1.75}) {
+        const Paint paint = [](auto& d, auto s) {
+            for (int x = 0; x < 60; ++x) {
+                Fill(d, s, {x, 0, x + 1, 30}, x % 2 == 0 ? kRed : kBlue);
+            }
+        };
+        for (const QImage& image : {Direct(paint, ratio), OffScreen(paint, ratio)}) {
+            for (int x = 0; x < image.width(); ++x) {
+                EXPECT_TRUE(image.pixel(x, 9) == kRedPixel || image.pixel(x, 9) == kBluePixel)
+                    << ratio << " " << x;
+            }
+        }
+    }
+}
+
+TEST(QtDrawing, PicturesLetTheTargetThroughWhereTheyAreTransparent) {
+    const auto picture = MakePicture(PictureType::Bitmap, 2, 1, {0xFFFF0000, 0x800000FF});
+    for (const double ratio : {1.0, 2.0}) {
+        Screen screen(40, 30, ratio);
+        QtDrawing& d = screen.drawing;
+        const OwnedSurface source(d, d.CreateCompatibleDC(screen.Get()));
+        const Selection selected(d, source.Get(), d.PictureHandle(*picture));
+        d.BitBlt(screen.Get(), {5, 5, 15, 15}, source.Get(), {}, RasterOp::SrcCopy);
+        const int scale = static_cast<int>(ratio);
+        EXPECT_EQ(Ink(screen.Image()), QRect(5 * scale, 5 * scale, 2 * scale, scale));
+        EXPECT_EQ(screen.At(5 * scale, 5 * scale), kRedPixel);
+        EXPECT_EQ(screen.At(7 * scale - 1, 5 * scale), 0xFF7F7FFF);
+        Fill(d, source.Get(), {0, 0, 2, 1}, kWhite);  // read-only
+        d.BitBlt(screen.Get(), {5, 5, 15, 15}, source.Get(), {}, RasterOp::SrcCopy);
+        EXPECT_EQ(screen.At(5 * scale, 5 * scale), kRedPixel);
+    }
+}
+
+TEST(QtDrawing, PicturesWithoutUsablePixelsHaveNoHandle) {
+    QtDrawing drawing;
+    const auto handle = [&](const auto& picture) { return drawing.PictureHandle(*picture); };
+    EXPECT_EQ(handle(MakePicture(PictureType::Bitmap, 2, 2, {1, 2, 3})), ObjectHandle::None);
+    EXPECT_EQ(handle(MakePicture(PictureType::Metafile, 1, 1, {1})), ObjectHandle::None);
+    EXPECT_EQ(drawing.PictureHandle({PictureType::Icon, {}, nullptr}), ObjectHandle::None);
+    const auto picture = MakePicture(PictureType::Icon, 1, 1, {kRedPixel});
+    EXPECT_EQ(handle(picture), handle(picture));
+    // Addresses are used again by the allocator; pixels must not be.
+    for (std::uint32_t i = 0; i < 50; ++i) {
+        Screen screen;
+        const auto next = MakePicture(PictureType::Icon, 1, 1, {0xFF000000 + i});
+        screen.drawing.DrawIconEx(screen.Get(), 0, 0, screen.drawing.PictureHandle(*next), 0, 0,
+                                  kDrawIconNormal);
+        EXPECT_EQ(screen.At(0, 0), 0xFF000000 + i);
+    }
+}
+
+TEST(QtDrawing, ScrollButtonsDifferInEveryDirectionAndState) {
+    std::vector<QImage> seen;
+    const std::uint32_t states[] = {0, kFramePushed, kFrameInactive};
+    for (const std::uint32_t state : states) {
+        for (std::uint32_t direction = 0; direction < 4; ++direction) {
+            const QImage image = OffScreen([&](auto& d, auto s) {
+                d.DrawFrameControl(s, {2, 2, 19, 19}, FrameControl::ScrollBar, direction | state);
+            });
+            for (const QImage& other : seen) EXPECT_FALSE(image == other) << direction << state;
+            seen.push_back(image);
+        }
+    }
+    EXPECT_EQ(seen.size(), 12u);
+}
+
+TEST(QtDrawing, AFocusRectangleIsDottedAndTheSecondRemovesTheFirst) {
+    for (const bool twice : {false, true}) {
+        const Paint paint = [twice](auto& d, auto s) {
+            d.DrawFocusRect(s, {4, 4, 20, 14});
+            if (twice) d.DrawFocusRect(s, {4, 4, 20, 14});
+        };
+        const QImage image = OffScreen(paint);
+        EXPECT_EQ(Ink(image).isEmpty(), twice);
+        EXPECT_EQ(image.pixel(5, 4), kWhitePixel);
+    }
+}
+
+TEST(QtDrawing, SelectionReturnsWhatWasSelectedBefore) {
+    Screen screen;
+    QtDrawing& d = screen.drawing;
+    const OwnedSurface surface(d, d.CreateCompatibleDC(screen.Get()));
+    const OwnedSurface second(d, d.CreateCompatibleDC(screen.Get()));
+    const OwnedObject objects[] = {
+        SolidBrush(d, kRed), SolidPen(d, kRed), {d, d.CreateFontIndirectA({"DejaVu Sans", 9})},
+        {d, d.CreateCompatibleBitmap(screen.Get(), 5, 5)}};
+    ObjectHandle noBitmap{};
+    for (const OwnedObject& object : objects) {
+        const ObjectHandle before = noBitmap = d.SelectObject(surface.Get(), object.Get());
+        EXPECT_NE(before, ObjectHandle::None);
+        EXPECT_EQ(d.SelectObject(surface.Get(), before), object.Get());
+        d.DeleteObject(before);  // what a surface begins with belongs to nobody
+        EXPECT_EQ(d.SelectObject(surface.Get(), object.Get()), before);
+    }
+    const ObjectHandle bitmap = objects[3].Get();
+    EXPECT_EQ(d.SelectObject(second.Get(), bitmap), ObjectHandle::None) << "in another surface";
+    EXPECT_EQ(d.SelectObject(screen.Get(), bitmap), ObjectHandle::None) << "not a memory surface";
+    d.DeleteObject(bitmap);  // not while it is selected
+    EXPECT_EQ(d.SelectObject(surface.Get(), bitmap), bitmap);
+    d.SelectObject(surface.Get(), noBitmap);
+}
+
+TEST(QtDrawing, BitmapsAliveAtOnceDoNotShareScratchMemory) {
+    Screen screen;
+    for (int round = 0; round < 3; ++round) {
+        const Memory first(screen, 30, 20, kRed);
+        const Memory second(screen, 30, 20, kBlue);
+        screen.drawing.BitBlt(screen.Get(), {0, 0, 9, 9}, first.Get(), {}, RasterOp::SrcCopy);
+        EXPECT_EQ(screen.At(3, 3), kRedPixel);
+    }
+}
+
+TEST(QtDrawing, SystemColoursAreThoseOfTheWidgetAndLegibleOnADarkPalette) {
+    QWidget widget;
+    QPalette dark(QColor(0x30, 0x30, 0x30));
+    dark.setColor(QPalette::Base, QColor(0x20, 0x21, 0x22));
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::Disabled, QPalette::Text, QColor(0x28, 0x28, 0x28));
+    dark.setColor(QPalette::Inactive, QPalette::Highlight, Qt::green);
+    dark.setColor(QPalette::Active, QPalette::Highlight, Qt::red);
+    widget.setPalette(dark);
+    QtDrawing drawing(&widget);
+    EXPECT_EQ(drawing.GetSysColor(5), 0x222120u);
+    EXPECT_EQ(drawing.GetSysColor(13), kRed);
+    for (const int index : {-1, 31, 1000}) EXPECT_EQ(drawing.GetSysColor(index), 0u);
+    const auto gray = [&](int index) {
+        const Rgb color = drawing.GetSysColor(index);
+        return qGray(int(color & 0xFF), int(color >> 8 & 0xFF), int(color >> 16));
+    };
+    const std::pair<int, int> legible[] = {{8, 5}, {17, 5}, {18, 15}, {7, 4}, {20, 15}, {23, 24}};
+    for (const auto& [text, ground] : legible) {
+        EXPECT_GE(std::abs(gray(text) - gray(ground)), 20) << text << " on " << ground;
+    }
+    EXPECT_GE(std::abs(gray(17) - gray(5)), 48);
+}
+
+TEST(QtDrawing, ASurfaceRestoresThePainter) {
+    QImage image(80, 60, QImage::Format_RGB32);
+    image.setDevicePixelRatio(2);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::green);
+    painter.translate(3, 4);
+    const auto state = [&] {
+        return std::tuple(painter.pen(), painter.font(), painter.worldTransform(),
+                          painter.renderHints(), painter.hasClipping(),
+                          painter.compositionMode());
+    };
+    const auto before = state();
+    {
+        QtDrawing drawing;
+        const QtDrawing::Surface surface(drawing, painter);
+        drawing.IntersectClipRect(surface.Handle(), {0, 0, 9, 9});
+        Text(drawing, surface.Handle(), "MMMM", {0, 0, 20, 9}, 0);
+        drawing.DrawFocusRect(surface.Handle(), {0, 0, 9, 9});
+        Fill(drawing, surface.Handle(), {1, 1, 2, 2}, kRed);
+    }
+    EXPECT_TRUE(state() == before);
+    EXPECT_EQ(image.pixel(8, 10), kRedPixel);  // the caller's translation holds
+}
+
+}  // namespace velmora
