@@ -67,7 +67,6 @@ void VmCalendar::SyncSelectors() {
 /// Selects a date that has been found valid: state, then events, then what has to be redrawn.
 void VmCalendar::SelectDate(Date date, Follow follow) {
     const Date previous = std::exchange(m_state.dateValue, date);
-    m_state.previousDate = previous;
     const bool sameMonthNumber = MonthOf(DayOf(previous)) == MonthOf(DayOf(date));
     if (follow == Follow::Always || !sameMonthNumber) ShowDate(date);
     ++m_dateChanges;

@@ -79,7 +79,6 @@ bool VmCalendar::StepShown(int months) {
     // Coming back from a month beyond the limits, the step ends at the limit.
     const DayNumber day = std::max(minimum, std::min(wanted, maximum));
 
-    m_state.previousDate = m_state.dateValue;
     m_state.dateValue = DateOf(day, TimeOf(m_state.dateValue));
     ShowDate(m_state.dateValue);
     const Lifetime::Watch alive(m_lifetime);

@@ -47,7 +47,6 @@ struct CalendarState {
     bool noResizeControl = false;
 
     Date shownDate;               // the grid shows its month
-    Date previousDate;            // `dateValue` before its last change
     bool ready = false;           // the properties have their first values
     bool monthAnnounced = false;  // the first paint has raised `MonthChanged`
 

@@ -6,7 +6,8 @@
 namespace velmora {
 namespace {
 
-constexpr AboutText kAbout{"Velmora Calendar Controls", "0.1.0", "https://velmoracalendar.example/"};
+constexpr AboutText kAbout{"Velmora Calendar Controls", VELMORA_VERSION,
+                           "https://velmoracalendar.example/"};
 
 /// A copy of its own for each property, so that a change of one font leaves the others alone.
 FontRef CopyOf(const FontRef& font) { return std::make_shared<StdFont>(*font); }
