@@ -18,8 +18,6 @@ ErrorNumber NumberOf(const std::function<void()>& refused) {
     return ErrorNumber{};
 }
 
-constexpr std::int64_t kNever = -1;
-
 /// A property seen as a number.
 struct Row {
     std::string name;

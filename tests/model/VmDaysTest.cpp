@@ -45,15 +45,19 @@ TEST_F(VmDaysTest, ColoursTakeExactlyThreeTypes) {
         Variant value;
         bool accepted;
     };
-    for (const auto& [value, accepted] :
-         {Case{Variant(), true}, Case{Null{}, true}, Case{std::int32_t{255}, true},
-          Case{std::int16_t{255}, false}, Case{255.0, false}, Case{"255", false}, Case{true, false}}) {
+    for (const Case& c : std::initializer_list<Case>{{Variant(), true},
+                                                     {Null{}, true},
+                                                     {std::int32_t{255}, true},
+                                                     {std::int16_t{255}, false},
+                                                     {255.0, false},
+                                                     {"255", false},
+                                                     {true, false}}) {
         day->BackColor(std::int32_t{1});
         log.clear();
-        const ErrorNumber number = NumberOf([&] { day->BackColor(value); });
-        EXPECT_EQ(number, accepted ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
-        EXPECT_EQ(day->BackColor(), accepted ? value : Variant(std::int32_t{1}));
-        EXPECT_EQ(log.size(), accepted ? 1u : 0u);
+        const ErrorNumber number = NumberOf([&] { day->BackColor(c.value); });
+        EXPECT_EQ(number, c.accepted ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
+        EXPECT_EQ(day->BackColor(), c.accepted ? c.value : Variant(std::int32_t{1}));
+        EXPECT_EQ(log.size(), c.accepted ? 1u : 0u);
     }
 }
 
