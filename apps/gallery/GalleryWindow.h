@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDate>
+#include <QMainWindow>
+
+class QListWidget;
+class QStackedWidget;
+
+namespace velmora {
+
+/// The list of pages, and the chosen one beside it. A page is made when it is first shown.
+class GalleryWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit GalleryWindow(QDate date, QWidget* parent = nullptr);
+
+    /// 0..`Pages().size()` - 1.
+    void ShowPage(int index);
+
+    /// Writes the window with every page as `folder`/`name`.png; the folder is made when it is
+    /// missing. Returns the file that could not be written, empty when all were.
+    QString WritePictures(const QString& folder);
+
+private:
+    QDate m_date;
+    QListWidget* m_titles;
+    QStackedWidget* m_pages;
+};
+
+}  // namespace velmora

@@ -1,0 +1,46 @@
+#include "apps/gallery/LivePage.h"
+
+#include "apps/gallery/Decorations.h"
+#include "apps/gallery/EventLog.h"
+#include "apps/gallery/PropertyPanel.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace velmora {
+namespace {
+
+QWidget* MakeEventColumn(VmCalendarWidget& calendar) {
+    auto* column = new QWidget;
+    auto* layout = new QVBoxLayout(column);
+    auto* log = new EventLog;
+    auto* clear = new QPushButton(QObject::tr("Clear"));
+    layout->addWidget(new QLabel(QObject::tr("Events")));
+    layout->addWidget(log);
+    layout->addWidget(clear);
+    QObject::connect(clear, &QPushButton::clicked, log, &EventLog::clear);
+    log->Follow(calendar);
+    return column;
+}
+
+}  // namespace
+
+QWidget* MakeLivePage(QDate date) {
+    auto* page = new QSplitter;
+    auto* calendar = new VmCalendarWidget;
+    calendar->setMonthYearSelStyle(VmCalendarWidget::MonthSelArrows);
+    calendar->setDateValue(date);
+    calendar->setMinimumSize(280, 220);
+    Decorate(*calendar);
+    page->addWidget(calendar);
+    page->addWidget(MakeEventColumn(*calendar));
+    page->addWidget(new PropertyPanel(*calendar));
+    page->setSizes({480, 260, 320});
+    page->setChildrenCollapsible(false);
+    page->setStretchFactor(0, 1);
+    return page;
+}
+
+}  // namespace velmora

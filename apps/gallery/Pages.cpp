@@ -1,0 +1,144 @@
+#include "apps/gallery/Pages.h"
+
+#include "apps/gallery/Decorations.h"
+#include "apps/gallery/LivePage.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace velmora {
+namespace {
+
+using Widget = VmCalendarWidget;
+
+/// One calendar of a page, with the words above it.
+struct Tile {
+    const char* title;
+    void (*prepare)(Widget& calendar);
+};
+
+void MakeFlat(Widget& calendar) {
+    calendar.setAppearance(Widget::Flat);
+    calendar.setDayAppearance(Widget::Flat);
+    calendar.setMonthAppearance(Widget::Flat);
+    calendar.setWeekDayAppearance(Widget::Flat);
+}
+
+template <Widget::MonthYearSelStyle style>
+void Raised(Widget& calendar) {
+    calendar.setMonthYearSelStyle(style);
+}
+
+template <Widget::MonthYearSelStyle style>
+void Flat(Widget& calendar) {
+    MakeFlat(calendar);
+    calendar.setMonthYearSelStyle(style);
+}
+
+void WorkWeek(Widget& calendar) {
+    calendar.setShowWeekend(false);
+    calendar.setMonthYearSelStyle(Widget::MonthSelArrows);
+    Decorate(calendar);
+}
+
+void Disabled(Widget& calendar) {
+    calendar.setMonthYearSelStyle(Widget::MonthSelArrows);
+    calendar.setEnabled(false);
+}
+
+void MondayFirst(Widget& calendar) {
+    calendar.setFirstDayOfWeek(Widget::Monday);
+    calendar.setWeekDayDisplay(Widget::WeekDayLetter);
+    calendar.setDayNumberAlignment(Widget::TextMiddleCenter);
+}
+
+void Night(Widget& calendar) {
+    MakeFlat(calendar);
+    const QColor back(38, 50, 56);
+    const QColor fore(207, 216, 220);
+    calendar.setMonthBackColor(back.darker(130));
+    calendar.setMonthForeColor(QColor(128, 203, 196));
+    calendar.setWeekDayBackColor(back.darker(115));
+    calendar.setWeekDayForeColor(fore);
+    calendar.setDayDefaultBackColor(back);
+    calendar.setDayDefaultForeColor(fore);
+    calendar.setDayOtherMonthForeColor(QColor(96, 125, 139));
+    calendar.setSelectedDayBackColor(QColor(0, 137, 123));
+    calendar.setSelectedDayForeColor(Qt::white);
+    calendar.setMonthFont(QFont(calendar.monthFont().family(), 13, QFont::Bold));
+    calendar.setDayNumberAlignment(Widget::TextMiddleCenter);
+}
+
+QWidget* MakeGrid(std::span<const Tile> tiles, int columns, QDate date) {
+    auto* page = new QWidget;
+    auto* grid = new QGridLayout(page);
+    for (int i = 0; const Tile& tile : tiles) {
+        auto* cell = new QVBoxLayout;
+        auto* calendar = new Widget;
+        calendar->setDateValue(date);
+        tile.prepare(*calendar);
+        cell->addWidget(new QLabel(QObject::tr(tile.title)));
+        cell->addWidget(calendar, 1);
+        grid->addLayout(cell, i / columns, i % columns);
+        ++i;
+    }
+    return page;
+}
+
+QWidget* MakeStylesPage(QDate date) {
+    static constexpr Tile kTiles[] = {
+        {"No selector", Raised<Widget::MonthSelNone>},
+        {"Arrows", Raised<Widget::MonthSelArrows>},
+        {"Month list and year", Raised<Widget::MonthSelCombo>},
+        {"Scroll bar", Raised<Widget::MonthSelScrollbar>},
+        {"No selector, flat", Flat<Widget::MonthSelNone>},
+        {"Arrows, flat", Flat<Widget::MonthSelArrows>},
+        {"Month list and year, flat", Flat<Widget::MonthSelCombo>},
+        {"Scroll bar, flat", Flat<Widget::MonthSelScrollbar>},
+    };
+    return MakeGrid(kTiles, 4, date);
+}
+
+QWidget* MakeDecoratedPage(QDate date) {
+    static constexpr Tile kTiles[] = {
+        {"Captions, colours and pictures of single days; every month is decorated as it is shown",
+         [](Widget& calendar) {
+             calendar.setMonthYearSelStyle(Widget::MonthSelCombo);
+             calendar.setDayPictureAlignment(Widget::PictMiddleCenter);
+             Decorate(calendar);
+         }},
+    };
+    return MakeGrid(kTiles, 1, date);
+}
+
+QWidget* MakeVariantsPage(QDate date) {
+    static constexpr Tile kTiles[] = {
+        {"Work week", WorkWeek},
+        {"Disabled", Disabled},
+        {"Weeks from Monday, letters, centred numbers", MondayFirst},
+        {"Own colours and fonts", Night},
+    };
+    return MakeGrid(kTiles, 2, date);
+}
+
+constexpr Page kPages[] = {
+    {"calendar", "Calendar", MakeLivePage},
+    {"styles", "Styles", MakeStylesPage},
+    {"decorated-days", "Decorated days", MakeDecoratedPage},
+    {"variants", "Work week and disabled", MakeVariantsPage},
+};
+
+}  // namespace
+
+std::span<const Page> Pages() { return kPages; }
+
+int PageIndex(const QString& name) {
+    for (int i = 0; const Page& page : kPages) {
+        if (name == QLatin1String(page.name)) return i;
+        ++i;
+    }
+    return -1;
+}
+
+}  // namespace velmora

@@ -1,0 +1,115 @@
+#include "apps/gallery/GalleryWindow.h"
+#include "apps/gallery/Pages.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QSysInfo>
+
+#include <algorithm>
+#include <cstdio>
+#include <string_view>
+
+namespace velmora {
+namespace {
+
+enum ExitCode { kSuccess = 0, kFailure = 1, kUsage = 2 };
+
+bool HasDisplay() {
+    return QSysInfo::kernelType() != QLatin1String("linux") ||
+           !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+/// Pictures need no display, and look the same with and without one.
+void ChoosePlatform(int argc, char** argv) {
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) return;
+    const bool pictures = std::any_of(argv, argv + argc, [](std::string_view argument) {
+        return argument.starts_with("--pictures");
+    });
+    if (pictures || !HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+struct Arguments {
+    QString pictures;  // folder; empty opens the window
+    int page = 0;
+    QDate date;
+};
+
+int Refuse(const QString& problem) {
+    std::fprintf(stderr, "velmora-gallery: %s\n", qPrintable(problem));
+    return kUsage;
+}
+
+int Run(const Arguments& arguments) {
+    GalleryWindow window(arguments.date);
+    window.ShowPage(arguments.page);
+    if (arguments.pictures.isEmpty()) {
+        window.show();
+        return QApplication::exec();
+    }
+    if (const QString failed = window.WritePictures(arguments.pictures); !failed.isEmpty()) {
+        std::fprintf(stderr, "velmora-gallery: cannot write %s\n", qPrintable(failed));
+        return kFailure;
+    }
+    std::printf("The gallery's pages are in %s\n", qPrintable(arguments.pictures));
+    return kSuccess;
+}
+
+/// The options of the command line; ends the program by itself for --help and for unknown ones.
+class Options {
+public:
+    Options() {
+        m_parser.setApplicationDescription(
+            QStringLiteral("Shows the VelmoraCalendar controls. Pages: %1.").arg(PageNames()));
+        m_parser.addHelpOption();
+        m_parser.addOptions({m_pictures, m_page, m_date});
+        m_parser.process(*QCoreApplication::instance());
+    }
+
+    QString Pictures() const { return m_parser.value(m_pictures); }
+    QString PageName() const { return m_parser.value(m_page); }
+    QString DateText() const { return m_parser.value(m_date); }
+
+private:
+    static QString PageNames() {
+        QStringList names;
+        for (const Page& page : Pages()) names += QString::fromLatin1(page.name);
+        return names.join(QStringLiteral(", "));
+    }
+
+    QCommandLineParser m_parser;
+    QCommandLineOption m_pictures{QStringLiteral("pictures"),
+                                  QStringLiteral("Write every page as a PNG file and end."),
+                                  QStringLiteral("folder")};
+    QCommandLineOption m_page{QStringLiteral("page"), QStringLiteral("Begin with that page."),
+                              QStringLiteral("name"), QString::fromLatin1(Pages().front().name)};
+    QCommandLineOption m_date{
+        QStringLiteral("date"), QStringLiteral("Select that date, not today."),
+        QStringLiteral("yyyy-mm-dd"), QDate::currentDate().toString(Qt::ISODate)};
+};
+
+int Main() {
+    const Options options;
+    Arguments arguments{options.Pictures(), PageIndex(options.PageName()),
+                        QDate::fromString(options.DateText(), Qt::ISODate)};
+    if (arguments.page < 0) return Refuse(QStringLiteral("no page ") + options.PageName());
+    if (!arguments.date.isValid()) {
+        return Refuse(options.DateText() + QStringLiteral(" is no date"));
+    }
+    if (arguments.pictures.isEmpty() &&
+        QGuiApplication::platformName() == QLatin1String("offscreen")) {
+        arguments.pictures = QStringLiteral("gallery-pictures");
+        std::fprintf(stderr, "velmora-gallery: no display, writing the pages as pictures to %s\n",
+                     qPrintable(arguments.pictures));
+    }
+    return Run(arguments);
+}
+
+}  // namespace
+}  // namespace velmora
+
+int main(int argc, char** argv) {
+    velmora::ChoosePlatform(argc, argv);
+    QApplication application(argc, argv);
+    return velmora::Main();
+}

@@ -1,0 +1,13 @@
+#include <hosts/qt/VmCalendarWidget.h>
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    velmora::VmCalendarWidget calendar;
+    calendar.setMonthYearSelStyle(velmora::VmCalendarWidget::MonthSelArrows);
+    QObject::connect(&calendar, &velmora::VmCalendarWidget::dateChanged,
+                     [](QDate date) { qInfo() << "selected" << date; });
+    calendar.show();
+    return application.exec();
+}

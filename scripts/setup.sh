@@ -1,0 +1,68 @@
+# Sourced by demo, test and bench, from the root folder: installs what is missing on Debian,
+# configures and builds a preset. Whatever fails ends the script with one line on what to do.
+# shellcheck shell=bash disable=SC2034
+
+readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libgl-dev fonts-dejavu-core)
+readonly kSanitizePackages=(clang libclang-rt-dev)
+readonly kWindowPackages=(xvfb xdotool)
+readonly kBenchPackages=(libbenchmark-dev)
+readonly kLogs=build/logs
+
+jobs_count() {
+    local count
+    count=$(nproc 2>/dev/null || echo 2)
+    echo $((count < 2 ? 1 : count > 8 ? 8 : count))
+}
+
+say() { printf '== %s\n' "$*"; }
+
+fail() {
+    printf 'error: %s\n' "$*" >&2
+    exit 1
+}
+
+is_installed() { [[ "$(dpkg-query -W -f='${Status}' "$1" 2>/dev/null)" == "install ok installed" ]]; }
+
+# Runs a command, with variables before it, as root.
+as_root() {
+    if [[ $(id -u) == 0 ]]; then env "$@"; else sudo env "$@"; fi
+}
+
+# need_packages PACKAGE...: installs those that are missing.
+need_packages() {
+    if ! command -v dpkg-query >/dev/null; then
+        say "not a Debian system: taking for granted what $* provide"
+        return
+    fi
+    local missing=() package
+    for package in "$@"; do is_installed "$package" || missing+=("$package"); done
+    if ((${#missing[@]} == 0)); then return; fi
+    if [[ $(id -u) != 0 ]] && ! command -v sudo >/dev/null; then
+        fail "missing packages; as root run: apt-get install ${missing[*]}"
+    fi
+    mkdir -p "$kLogs"
+    say "installing ${missing[*]}"
+    as_root DEBIAN_FRONTEND=noninteractive apt-get update >"$kLogs/apt.log" 2>&1 ||
+        say "apt-get update failed, trying with the package lists that are here"
+    as_root DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+        "${missing[@]}" >>"$kLogs/apt.log" 2>&1 ||
+        fail "could not install ${missing[*]}; the reason is at the end of $kLogs/apt.log"
+}
+
+# build_preset PRESET [TARGET...]: configures when it has to, then builds.
+build_preset() {
+    local preset=$1 folder=build/$1
+    shift
+    mkdir -p "$kLogs"
+    if [[ ! -f $folder/build.ninja || CMakePresets.json -nt $folder/build.ninja ]]; then
+        say "configuring $folder"
+        cmake --preset "$preset" >"$kLogs/configure-$preset.log" 2>&1 || {
+            tail -n 20 "$kLogs/configure-$preset.log" >&2
+            fail "cmake --preset $preset failed; the whole story is in $kLogs/configure-$preset.log"
+        }
+        touch "$folder/build.ninja"
+    fi
+    say "building $folder"
+    cmake --build "$folder" -j "$(jobs_count)" ${1:+--target "$@"} ||
+        fail "the build of $folder failed; the first compiler message above says why"
+}

@@ -1,0 +1,149 @@
+#include "apps/gallery/Decorations.h"
+#include "apps/gallery/EventLog.h"
+#include "apps/gallery/Pages.h"
+#include "apps/gallery/PropertyPanel.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include <memory>
+
+namespace velmora {
+namespace {
+
+struct OpenWidget : VmCalendarWidget {
+    using QObject::isSignalConnected;
+};
+
+template <class Editor>
+Editor& EditorOf(const PropertyPanel& panel, const char* name) {
+    auto* editor = panel.findChild<Editor*>(QString::fromLatin1(name));
+    if (!editor) throw std::logic_error(name);
+    return *editor;
+}
+
+QStringList LinesOf(const EventLog& log) {
+    QStringList lines;
+    for (int i = 0; i < log.count(); ++i) lines += log.item(i)->text();
+    return lines;
+}
+
+TEST(PropertyPanel, HasAnEditorForEveryPropertyButPictures) {
+    VmCalendarWidget calendar;
+    const PropertyPanel panel(calendar);
+    const QMetaObject& type = VmCalendarWidget::staticMetaObject;
+    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
+        const bool editable = type.property(i).metaType().id() != QMetaType::QPixmap;
+        EXPECT_EQ(panel.findChild<QWidget*>(type.property(i).name()) != nullptr, editable)
+            << type.property(i).name();
+    }
+}
+
+TEST(PropertyPanel, EditorsChangeTheCalendar) {
+    VmCalendarWidget calendar;
+    const PropertyPanel panel(calendar);
+    auto& style = EditorOf<QComboBox>(panel, "monthYearSelStyle");
+    style.setCurrentIndex(style.findText(QStringLiteral("MonthSelCombo")));
+    EditorOf<QCheckBox>(panel, "showWeekend").click();
+    EditorOf<QCheckBox>(panel, "enabled").click();
+    EditorOf<QDateEdit>(panel, "dateValue").setDate(QDate(2001, 2, 3));
+    EXPECT_EQ(calendar.monthYearSelStyle(), VmCalendarWidget::MonthSelCombo);
+    EXPECT_FALSE(calendar.showWeekend());
+    EXPECT_FALSE(calendar.isEnabled());
+    EXPECT_EQ(calendar.dateValue(), QDate(2001, 2, 3));
+}
+
+TEST(PropertyPanel, EditorsShowWhatTheCalendarHas) {
+    VmCalendarWidget calendar;
+    const PropertyPanel panel(calendar);
+    calendar.setTodayBackColor(QColor(1, 2, 3));
+    calendar.setFirstDayOfWeek(VmCalendarWidget::Thursday);
+    calendar.setDateValue(QDate(1999, 12, 31));
+    EXPECT_EQ(EditorOf<QPushButton>(panel, "todayBackColor").text(), QStringLiteral("#010203"));
+    EXPECT_EQ(EditorOf<QComboBox>(panel, "firstDayOfWeek").currentText(),
+              QStringLiteral("Thursday"));
+    EXPECT_EQ(EditorOf<QDateEdit>(panel, "dateValue").date(), QDate(1999, 12, 31));
+}
+
+TEST(PropertyPanel, RefusedValueGivesWayToTheKeptOne) {
+    VmCalendarWidget calendar;
+    calendar.setDateMin(QDate(2000, 1, 1));
+    const QDate before = calendar.dateMax();
+    const PropertyPanel panel(calendar);
+    EditorOf<QDateEdit>(panel, "dateMax").setDate(QDate(1990, 5, 31));
+    EXPECT_EQ(calendar.dateMax(), before);
+    EXPECT_EQ(EditorOf<QDateEdit>(panel, "dateMax").date(), before);
+}
+
+TEST(EventLog, FollowsEverySignal) {
+    OpenWidget calendar;
+    EventLog log;
+    log.Follow(calendar);
+    const QMetaObject& type = VmCalendarWidget::staticMetaObject;
+    for (int i = type.methodOffset(); i < type.methodCount(); ++i) {
+        if (type.method(i).methodType() != QMetaMethod::Signal) continue;
+        EXPECT_TRUE(calendar.isSignalConnected(type.method(i))) << type.method(i).name().data();
+    }
+}
+
+TEST(EventLog, NamesArgumentsAndCountsMovesInOneLine) {
+    VmCalendarWidget calendar;
+    EventLog log;
+    log.Follow(calendar);
+    emit calendar.dateChanged(QDate(2024, 2, 29));
+    emit calendar.mouseMove(0, 0, 1, 2);
+    emit calendar.mouseMove(0, 0, 3, 4);
+    emit calendar.click();
+    emit calendar.click();
+    EXPECT_EQ(LinesOf(log), QStringList({"dateChanged(newDate: 2024-02-29)",
+                                         "mouseMove(button: 0, shift: 0, x: 3, y: 4)  2 times",
+                                         "click()", "click()"}));
+    log.clear();
+    emit calendar.mouseMove(0, 0, 5, 6);
+    EXPECT_EQ(log.count(), 1);
+}
+
+TEST(EventLog, ForgetsTheOldestLines) {
+    VmCalendarWidget calendar;
+    EventLog log;
+    log.Follow(calendar);
+    for (int i = 0; i < EventLog::kMostLines + 10; ++i) emit calendar.dayChanged(i);
+    EXPECT_EQ(log.count(), EventLog::kMostLines);
+    EXPECT_EQ(log.item(0)->text(), QStringLiteral("dayChanged(newDay: 10)"));
+}
+
+TEST(Gallery, EveryShownMonthIsDecorated) {
+    VmCalendarWidget calendar;
+    calendar.setDateValue(QDate(2024, 5, 17));
+    Decorate(calendar);
+    for (const QDate date :
+         {QDate(2024, 5, 1), QDate(2024, 6, 2), QDate(2025, 6, 2), QDate(1999, 12, 31)}) {
+        calendar.setDateValue(date);
+        EXPECT_EQ(calendar.day(5)->Caption(), "Dentist") << date.toString().toStdString();
+        EXPECT_EQ(calendar.day(6)->Caption(), "");
+        EXPECT_NE(calendar.day(20)->Picture(), nullptr);
+    }
+}
+
+TEST(Gallery, EveryPageCanBeShownAndEndsAlone) {
+    for (const Page& page : Pages()) {
+        const std::unique_ptr<QWidget> widget(page.make(QDate(2024, 5, 17)));
+        const auto calendars = widget->findChildren<VmCalendarWidget*>();
+        ASSERT_FALSE(calendars.isEmpty()) << page.name;
+        for (const VmCalendarWidget* calendar : calendars) {
+            EXPECT_EQ(calendar->dateValue(), QDate(2024, 5, 17)) << page.name;
+        }
+        EXPECT_EQ(PageIndex(page.name), &page - Pages().data());
+        EXPECT_FALSE(widget->grab().isNull());
+    }
+    EXPECT_EQ(PageIndex(QStringLiteral("none")), -1);
+}
+
+}  // namespace
+}  // namespace velmora
