@@ -1,6 +1,5 @@
 #include "calendar/CProperties.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace velmora {
@@ -28,6 +27,17 @@ void CProperties::DateMin(Date value) {
     if (StoreDateMin(m_state, value)) Move(m_state.dateMin);
 }
 
+void CProperties::Limits(Date minimum, Date maximum) {
+    CalendarState checked;
+    checked.dateMin = Date(kFirstDay);
+    checked.dateMax = Date(kLastDay);
+    StoreDateMin(checked, minimum);
+    StoreDateMax(checked, maximum);
+    m_state.dateMin = checked.dateMin;
+    m_state.dateMax = checked.dateMax;
+    DateValue(Variant(m_state.dateValue));
+}
+
 void CProperties::DateValue(const Variant& value) {
     if (value.Type() == VarType::Empty) return;
     const Date date = ToDate(value);
@@ -39,10 +49,14 @@ void CProperties::DateValue(const Variant& value) {
 }
 
 void CProperties::Move(Date date) {
-    const Date before = std::exchange(m_state.dateValue, date);
-    if (m_days->Count() == 0 || MonthsBetween(DayOf(before), DayOf(date)) != 0) {
-        m_days->LoadMonth(DayOf(date));
-    }
+    m_state.dateValue = date;
+    FollowMonth(DayOf(date));
+}
+
+void CProperties::FollowMonth(DayNumber day) {
+    if (m_days->Count() != 0 && MonthsBetween(DayOf(m_state.shownDate), day) == 0) return;
+    m_state.shownDate = DateOf(day);
+    m_days->LoadMonth(day);
 }
 
 DayRef CProperties::SelectedDay() const {

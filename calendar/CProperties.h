@@ -27,6 +27,7 @@ public:
         }
         property.Store(m_state, *m_days, value);
     }
+    const CalendarState& Values() const noexcept { return m_state; }
     Variant GetMember(std::string_view name) const override;
     void LetMember(std::string_view name, const Variant& value) override;
     Date ToDate(const Variant& value) const { return m_dates.ToDate(value); }
@@ -36,11 +37,15 @@ public:
     void DateMax(Date value);
     Date DateMin() const { return m_state.dateMin; }
     void DateMin(Date value);
+    /// Both at once, whatever they were. Error 380 as for each of them.
+    void Limits(Date minimum, Date maximum);
     /// Clipped into the limits. Keeps its time of day. Error 13: no date. Empty changes nothing.
     Date DateValue() const { return m_state.dateValue; }
     void DateValue(const Variant& value);
 
     const DaysRef& Days() const { return m_days; }
+    /// Makes the days those of another month than that of `DateValue`, until either moves again.
+    void FollowMonth(DayNumber day);
     /// The day of `DateValue`.
     DayRef SelectedDay() const;
     bool Enabled() const { return m_enabled; }

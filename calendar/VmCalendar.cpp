@@ -29,7 +29,9 @@ VmCalendar::VmCalendar(const Platform& platform)
 VmCalendar::~VmCalendar() { m_days->WhenItemChanges(nullptr); }
 
 void VmCalendar::InitProperties() {
+    const bool announced = m_state.monthAnnounced;
     m_state = CalendarState{};
+    m_state.monthAnnounced = announced;
     m_state.dateValue = DateOf(m_platform.dates.Today());
     m_state.shownDate = m_state.dateValue;
     const FontRef font = m_platform.hosting.AmbientFont();

@@ -1,0 +1,188 @@
+#include "dropdown/VmCalDropDown.h"
+#include "platform/ScaleMode.h"
+
+namespace velmora {
+namespace {
+
+// Virtual-key codes
+constexpr std::int16_t kKeyEnter = 13;
+constexpr std::int16_t kKeyAlt = 18;
+constexpr std::int16_t kKeyEscape = 27;
+constexpr std::int16_t kKeyPageUp = 33;
+constexpr std::int16_t kKeyPageDown = 34;
+constexpr std::int16_t kKeyLeft = 37;
+constexpr std::int16_t kKeyUp = 38;
+constexpr std::int16_t kKeyRight = 39;
+constexpr std::int16_t kKeyDown = 40;
+constexpr std::int16_t kKeyF4 = 115;
+
+constexpr std::int16_t kShiftCtrl = 2;
+constexpr std::int16_t kShiftAlt = 4;
+constexpr std::int16_t kLeftButton = 1;
+
+/// Where a key leads from `day`; the same day for a key that is no step.
+DayNumber Stepped(DayNumber day, std::int16_t keyCode, std::int16_t shift, bool showWeekend) {
+    const int months = (shift & kShiftCtrl) != 0 ? 12 : 1;
+    switch (keyCode) {
+        case kKeyUp: return day - 7;
+        case kKeyDown: return day + 7;
+        case kKeyPageUp: return AddMonths(day, -months);
+        case kKeyPageDown: return AddMonths(day, months);
+        case kKeyLeft:
+        case kKeyRight: break;
+        default: return day;
+    }
+    const int step = keyCode == kKeyLeft ? -1 : 1;
+    day += step;
+    while (!showWeekend && IsWeekend(day)) day += step;
+    return day;
+}
+
+}  // namespace
+
+void VmCalDropDown::OnGotFocus() {
+    m_hasFocus = true;
+    RepaintControl();
+    if (!m_pendingDrop) return;
+    m_pendingDrop = false;
+    ShowDropDown();
+}
+
+void VmCalDropDown::OnLostFocus() {
+    m_hasFocus = false;
+    m_pendingDrop = false;
+    m_closedByAlt = false;
+    RepaintControl();
+    if (m_droppedDown && !m_noLostFocus) CloseDropDown();
+}
+
+void VmCalDropDown::OnWindowChanged() {
+    m_buttonDown = false;
+    RepaintControl();
+    if (m_droppedDown) CloseDropDown();
+}
+
+void VmCalDropDown::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
+    if (!TakesInput()) return;
+    const Lifetime::Watch alive(m_lifetime);
+    m_events.KeyDown.Raise(keyCode, shift);
+    if (!alive || !TakesInput()) return;
+    const std::int16_t key = keyCode;
+    if (ActOnKey(key, shift) && alive) keyCode = 0;
+}
+
+/// Returns whether the key was used.
+bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
+    const bool alt = (shift & (kShiftCtrl | kShiftAlt)) == kShiftAlt;
+    switch (keyCode) {
+        case kKeyAlt:
+            m_closedByAlt = m_droppedDown;
+            if (m_droppedDown) CloseDropDown();
+            return false;  // it may begin a menu's key
+        case kKeyEnter:
+            if (!m_droppedDown) return false;
+            CloseDropDown();
+            return true;
+        case kKeyF4:
+            if (shift != 0) return false;
+            ToggleDropDown();
+            return true;
+        case kKeyUp:
+        case kKeyDown:
+            if (!alt) return StepByKey(keyCode, shift);
+            if (!m_closedByAlt) ToggleDropDown();
+            return true;
+        case kKeyEscape:
+            if ((shift & kShiftCtrl) != 0 || !m_droppedDown) return false;
+            CloseDropDown();
+            return true;
+        default: return StepByKey(keyCode, shift);
+    }
+}
+
+/// One step from this box's own date, or from its open calendar's.
+bool VmCalDropDown::StepByKey(std::int16_t keyCode, std::int16_t shift) {
+    const DayNumber from = DayOf(OwnsForm() ? m_form.Calendar().SelectedDate() : DateValue());
+    const DayNumber day = Stepped(from, keyCode, shift, m_store.Get(kShowWeekend));
+    if (day == from || !IsInLimits(m_store.Values(), day)) return false;
+    const Date date = DateOf(day, TimeOf(DateValue()));
+    if (OwnsForm()) {
+        m_form.Calendar().DateValue(date);  // comes back as the calendar's events
+    } else {
+        StepOwnDate(date);
+    }
+    return true;
+}
+
+void VmCalDropDown::StepOwnDate(Date date) {
+    const CivilDate before = CivilOf(DayOf(DateValue()));
+    const CivilDate after = CivilOf(DayOf(date));
+    m_store.DateValue(date);
+    UpdateDateText(date);
+    const unsigned change = ++m_dateChanges;
+    const Lifetime::Watch alive(m_lifetime);
+    const auto goesOn = [&] { return alive && change == m_dateChanges; };
+
+    m_events.DateChanged.Raise(date);
+    auto day = static_cast<std::int16_t>(after.day);
+    auto month = static_cast<std::int16_t>(after.month);
+    auto year = static_cast<std::int16_t>(after.year);
+    if (goesOn() && after.day != before.day) m_events.DayChanged.Raise(day);
+    if (goesOn() && after.month != before.month) m_events.MonthChanged.Raise(month);
+    if (goesOn() && after.year != before.year) m_events.YearChanged.Raise(year);
+    if (alive) Notify(kDateValue.name);
+}
+
+void VmCalDropDown::OnKeyPress(std::int16_t& keyAscii) {
+    if (TakesInput()) m_events.KeyPress.Raise(keyAscii);
+}
+
+void VmCalDropDown::OnKeyUp(std::int16_t& keyCode, std::int16_t& shift) {
+    if (!TakesInput()) return;
+    if (keyCode == kKeyAlt) m_closedByAlt = false;
+    m_events.KeyUp.Raise(keyCode, shift);
+}
+
+void VmCalDropDown::MouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
+    m_events.MouseDown.Raise(button, shift, x, y);
+}
+void VmCalDropDown::MouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
+    m_events.MouseMove.Raise(button, shift, x, y);
+}
+void VmCalDropDown::MouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
+    m_events.MouseUp.Raise(button, shift, x, y);
+}
+
+float VmCalDropDown::InContainer(float pixels, Axis axis) const {
+    return static_cast<float>(FromPixels(pixels, ContainerScaleMode(m_platform.hosting),
+                                         m_platform.windowing.PixelsPerInch(), axis));
+}
+
+/// A press opens, the next one closes.
+void VmCalDropDown::OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (!TakesInput()) return;
+    const bool left = (button & kLeftButton) != 0;
+    if (left) {
+        m_buttonDown = true;
+        RepaintControl();
+    }
+    const Lifetime::Watch alive(m_lifetime);
+    MouseDown(button, shift, InContainer(x, Axis::Horizontal), InContainer(y, Axis::Vertical));
+    if (alive && left && TakesInput()) ToggleDropDown();
+}
+
+void VmCalDropDown::OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (!TakesInput()) return;
+    MouseMove(button, shift, InContainer(x, Axis::Horizontal), InContainer(y, Axis::Vertical));
+}
+
+void VmCalDropDown::OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (!TakesInput()) return;
+    if ((button & kLeftButton) != 0) {
+        m_buttonDown = false;
+        RepaintControl();
+    }
+    MouseUp(button, shift, InContainer(x, Axis::Horizontal), InContainer(y, Axis::Vertical));
+}
+
+}  // namespace velmora

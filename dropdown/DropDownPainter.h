@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Drawing.h"
+
+#include <string>
+
+namespace velmora {
+
+/// What a date box looks like at one moment.
+struct DropDownView {
+    Size client;
+    const std::string& text;
+    const StdFont& font;
+    bool enabled = true;
+    bool focused = false;
+    bool buttonDown = false;
+};
+
+/// A sunken edge, the drop-down button at the right, and the text: grey when disabled, highlighted
+/// with a focus rectangle when focused. Total: a box too small for any of them shows less.
+void PaintDropDown(Drawing& drawing, SurfaceHandle surface, const DropDownView& view);
+
+}  // namespace velmora

@@ -1,0 +1,90 @@
+#include "tests/support/TestBoxes.h"
+
+#include "tests/support/TestCalendar.h"
+
+namespace velmora::test {
+
+TestBoxes::TestBoxes()
+    : dates(std::make_shared<DateLocale>(), [] { return DateOf(Day(2020, 3, 15), 0.5); }) {
+    form.reset(new DropDownForm({drawing, calendarWindow, dates, calendarHost}, *this));
+    Make(a, "A", {100, 50, 250, 72});
+    Make(b, "B", {400, 50, 550, 72});
+}
+
+TestBoxes::~TestBoxes() = default;
+
+void TestBoxes::Make(Box& box, const std::string& name, Rect screen) {
+    box.window = std::make_unique<FakeWindow>(screen);
+    box.control = std::make_unique<VmCalDropDown>(
+        BoxPlatform{drawing, *box.window, dates, box.host}, *form);
+    box.window->focused = [&box] { box.control->OnGotFocus(); };
+    Connect(box.control->Events(), name);
+    box.control->InitProperties();
+    box.host.log = &log;
+}
+
+void TestBoxes::Connect(DropDownEvents& events, const std::string& name) {
+    const auto note = [this, name](const std::string& text) { log.push_back(name + ' ' + text); };
+    const auto number = [note](const char* event) {
+        return [note, event](std::int16_t& value) {
+            note(std::string(event) + ' ' + std::to_string(value));
+        };
+    };
+    events.CloseUp.Connect([note] { note("CloseUp"); });
+    events.DropDown.Connect([note](bool&) { note("DropDown"); });
+    events.DateChanged.Connect([note](Date& d) { note("DateChanged " + IsoDate(DayOf(d))); });
+    events.DayChanged.Connect(number("DayChanged"));
+    events.MonthChanged.Connect(number("MonthChanged"));
+    events.YearChanged.Connect(number("YearChanged"));
+    events.MouseDown.Connect([note](auto&...) { note("MouseDown"); });
+    events.MouseUp.Connect([note](auto&...) { note("MouseUp"); });
+    events.KeyDown.Connect([note](std::int16_t& key, std::int16_t&) {
+        note("KeyDown " + std::to_string(key));
+    });
+}
+
+void TestBoxes::Show(const Rect& screen) {
+    calendarWindow.screen = screen;
+    visible = true;
+    log.push_back("show " + std::to_string(screen.left) + ',' + std::to_string(screen.top) + ' ' +
+                  std::to_string(screen.right - screen.left) + 'x' +
+                  std::to_string(screen.bottom - screen.top));
+}
+
+void TestBoxes::Hide() {
+    if (std::exchange(visible, false)) log.push_back("hide");
+}
+
+std::string TestBoxes::Key(Box& box, int keyCode, int shift) {
+    auto key = static_cast<std::int16_t>(keyCode);
+    auto state = static_cast<std::int16_t>(shift);
+    box.control->OnKeyDown(key, state);
+    return std::to_string(key);
+}
+
+Point TestBoxes::CenterOf(DayNumber day) {
+    VmCalendar& calendar = form->Calendar();
+    CalendarState state;
+    state.shownDate = calendar.ShownDate();
+    state.firstDayOfWeek = calendar.FirstDayOfWeek();
+    state.showWeekend = calendar.ShowWeekend();
+    const auto cell = GridOf(state, calendar.Layout()).DayCellRect(day);
+    return cell ? Point{(cell->left + cell->right) / 2, (cell->top + cell->bottom) / 2}
+                : Point{-1000, -1000};
+}
+
+void TestBoxes::PressCalendar(float x, float y) { form->Calendar().OnMouseDown(1, 0, x, y); }
+void TestBoxes::ReleaseCalendar(float x, float y) { form->Calendar().OnMouseUp(1, 0, x, y); }
+
+void TestBoxes::ClickDay(DayNumber day) {
+    const Point at = CenterOf(day);
+    PressCalendar(static_cast<float>(at.x), static_cast<float>(at.y));
+    ReleaseCalendar(static_cast<float>(at.x), static_cast<float>(at.y));
+}
+
+void TestBoxes::PointAt(Point screen) {
+    calendarWindow.cursor = screen;
+    if (timer) form->OnTimer();
+}
+
+}  // namespace velmora::test

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "dropdown/VmCalDropDown.h"
+#include "tests/support/StrictDrawing.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmora::test {
+
+/// A window at a place of the screen.
+class FakeWindow : public BoxWindowing {
+public:
+    explicit FakeWindow(Rect place) : screen(place) {}
+
+    WindowHandle Handle() const override { return WindowHandle{9}; }
+    Size ClientSize() const override {
+        return {screen.right - screen.left, screen.bottom - screen.top};
+    }
+    double PixelsPerInch() const override { return 96; }
+    bool Enabled() const override { return enabled; }
+    void Enabled(bool value) override { enabled = value; }
+    bool TakesInput() const override { return enabled; }
+    std::int16_t MousePointer() const override { return m_pointer; }
+    void MousePointer(std::int16_t pointer) override { m_pointer = pointer; }
+    PictureRef MouseIcon() const override { return m_icon; }
+    void MouseIcon(PictureRef icon) override { m_icon = std::move(icon); }
+    std::int32_t OLEDropMode() const override { return m_dropMode; }
+    void OLEDropMode(std::int32_t mode) override { m_dropMode = mode; }
+    void SetCapture() override { captured = true; }
+    void ReleaseCapture() override { captured = false; }
+    Point ClientToScreen(Point p) const override { return {p.x + screen.left, p.y + screen.top}; }
+    Point ScreenToClient(Point p) const override { return {p.x - screen.left, p.y - screen.top}; }
+    std::optional<Point> GetCursorPos() const override { return cursor; }
+    std::unique_ptr<ComboBox> CreateMonthList() override { return nullptr; }
+    std::unique_ptr<TextBox> CreateYearText() override { return nullptr; }
+    std::unique_ptr<ScrollBar> CreateYearSpinner() override { return nullptr; }
+    std::unique_ptr<ScrollBar> CreateDateScroll() override { return nullptr; }
+    void SetFocus() override {
+        if (focused) focused();
+    }
+
+private:
+    std::int16_t m_pointer = 0;
+    PictureRef m_icon;
+    std::int32_t m_dropMode = 0;
+
+public:
+    Rect screen;
+    bool enabled = true;
+    bool captured = false;
+    std::optional<Point> cursor;
+    std::function<void()> focused;
+};
+
+class FakeHost : public Hosting {
+public:
+    void PropertyChanged(std::string_view name) override {
+        if (log) log->push_back("notify " + std::string(name));
+    }
+    FontRef AmbientFont() const override { return m_font; }
+    std::optional<std::int16_t> ContainerScaleMode() const override { return scaleMode; }
+    std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
+    void OleDrag() override {}
+    void ShowAboutBox(const AboutText&) override {}
+
+    std::vector<std::string>* log = nullptr;
+    std::int16_t scaleMode = 3;
+
+private:
+    FontRef m_font = std::make_shared<StdFont>();
+};
+
+/// Two date boxes on one form with the one drop-down window, at noon of 15 March 2020. The log has
+/// the boxes' events as "A DateChanged 2020-03-16", notifications of both, and the window.
+class TestBoxes : private FormWindow {
+public:
+    TestBoxes();
+    ~TestBoxes() override;
+
+    struct Box {
+        std::unique_ptr<FakeWindow> window;
+        FakeHost host;
+        std::unique_ptr<VmCalDropDown> control;
+    };
+
+    std::vector<std::string> TakeLog() { return std::exchange(log, {}); }
+    std::string Key(Box& box, int keyCode, int shift = 0);  // the key code on return
+    /// A press and release of the left button on a day of the open calendar.
+    void ClickDay(DayNumber day);
+    void PressCalendar(float x, float y);
+    void ReleaseCalendar(float x, float y);
+    Point CenterOf(DayNumber day);
+    /// The pointer goes there on the screen, and the timer ticks if it runs.
+    void PointAt(Point screen);
+
+    std::vector<std::string> log;
+    StrictDrawing drawing;
+    Dates dates;
+    FakeWindow calendarWindow{{0, 0, 250, 200}};
+    FakeHost calendarHost;
+    bool visible = false;
+    bool timer = false;
+    std::unique_ptr<DropDownForm> form;
+    Box a, b;
+
+private:
+    void Make(Box& box, const std::string& name, Rect screen);
+    void Connect(DropDownEvents& events, const std::string& name);
+    void Show(const Rect& screen) override;
+    void Hide() override;
+    void Timer(bool on) override { timer = on; }
+};
+
+}  // namespace velmora::test
