@@ -11,7 +11,7 @@ namespace velmora {
 namespace {
 
 constexpr QSize kSizes[] = {{250, 200}, {400, 300}, {1600, 1200}};
-constexpr QSize kUsualSize{250, 200};
+constexpr QSize kUsualSize{400, 300};
 
 QImage CanvasOf(QSize size) { return {size, QImage::Format_ARGB32_Premultiplied}; }
 

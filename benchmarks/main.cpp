@@ -58,7 +58,7 @@ int Main() {
         "drawText.\n"
         "Qt is QCalendarWidget (QDate and QLocale for the last rows); its days have colours, but\n"
         "no captions. Full repaints go through QWidget::render into an image, changes through the\n"
-        "posted updates of a shown 250x200 window. F2 x: our time as a multiple of F2's. Qt /: "
+        "posted updates of a shown 400x300 window. F2 x: our time as a multiple of F2's. Qt /: "
         "how\n"
         "many times ours goes into Qt's.");
     return collector.Failed() ? 1 : 0;

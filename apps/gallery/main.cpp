@@ -29,6 +29,12 @@ void ChoosePlatform(int argc, char** argv) {
     if (pictures || !HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+/// In the same month, so that both the selection and today can be seen.
+QDate DayBesideToday() {
+    const QDate today = QDate::currentDate();
+    return today.addDays(today.day() > 3 ? -3 : 3);
+}
+
 struct Arguments {
     QString pictures;  // folder; empty opens the window
     int page = 0;
@@ -84,8 +90,8 @@ private:
     QCommandLineOption m_page{QStringLiteral("page"), QStringLiteral("Begin with that page."),
                               QStringLiteral("name"), QString::fromLatin1(Pages().front().name)};
     QCommandLineOption m_date{
-        QStringLiteral("date"), QStringLiteral("Select that date, not today."),
-        QStringLiteral("yyyy-mm-dd"), QDate::currentDate().toString(Qt::ISODate)};
+        QStringLiteral("date"), QStringLiteral("Select that date, not the one beside today."),
+        QStringLiteral("yyyy-mm-dd"), DayBesideToday().toString(Qt::ISODate)};
 };
 
 int Main() {
