@@ -1,20 +1,10 @@
 #include "calendar/VmCalendar.h"
+#include "platform/Keys.h"
 
 #include <algorithm>
 
 namespace velmora {
 namespace {
-
-// Virtual-key codes
-constexpr std::int16_t kKeyEscape = 27;
-constexpr std::int16_t kKeyPageUp = 33;
-constexpr std::int16_t kKeyPageDown = 34;
-constexpr std::int16_t kKeyLeft = 37;
-constexpr std::int16_t kKeyUp = 38;
-constexpr std::int16_t kKeyRight = 39;
-constexpr std::int16_t kKeyDown = 40;
-
-constexpr std::int16_t kShiftCtrl = 2;
 
 /// Days that an arrow key moves the selection, 0 for any other key.
 constexpr int DaysOf(std::int16_t keyCode) noexcept {

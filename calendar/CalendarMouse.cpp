@@ -1,15 +1,11 @@
 #include "calendar/VmCalendar.h"
 
+#include "platform/Keys.h"
 #include "platform/ScaleMode.h"
 
 #include <utility>
 
 namespace velmora {
-namespace {
-
-constexpr std::int16_t kLeftButton = 1;
-
-}  // namespace
 
 /// Events carry the units of the container.
 VmCalendar::Place VmCalendar::InContainer(float x, float y) const {
@@ -39,7 +35,7 @@ void VmCalendar::OnOLEDragOver(DataRef data, std::int32_t& effect, std::int16_t 
 
 void VmCalendar::OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
     if (!m_platform.windowing.TakesInput()) return;
-    if ((button & kLeftButton) != 0) {
+    if ((button & kButtonLeft) != 0) {
         EndPress();
         m_press.active = true;
         m_press.arrow = ArrowAt(x, y);
@@ -58,7 +54,7 @@ void VmCalendar::OnMouseMove(std::int16_t button, std::int16_t shift, float x, f
 void VmCalendar::OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
     if (!m_platform.windowing.TakesInput()) return;
     const Lifetime::Watch alive(m_lifetime);
-    if ((button & kLeftButton) != 0 && m_press.active) Release(EndPress(), x, y);
+    if ((button & kButtonLeft) != 0 && m_press.active) Release(EndPress(), x, y);
     if (alive) Raise(&CalendarEvents::MouseUp, button, shift, x, y);
 }
 

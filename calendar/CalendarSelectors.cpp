@@ -1,4 +1,5 @@
 #include "calendar/VmCalendar.h"
+#include "platform/Keys.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,9 +7,6 @@
 
 namespace velmora {
 namespace {
-
-constexpr std::int16_t kKeyEnter = 13;
-constexpr std::int16_t kKeyEscape = 27;
 
 /// A whole 16-bit number, or nothing.
 std::optional<std::int16_t> ToYear(std::string_view text) {

@@ -1,15 +1,11 @@
 #include "dropdown/DropDownForm.h"
 
 #include "dropdown/VmCalDropDown.h"
+#include "platform/Keys.h"
 
 #include <utility>
 
 namespace velmora {
-namespace {
-
-constexpr std::int16_t kLeftButton = 1;
-
-}  // namespace
 
 DropDownForm::DropDownForm(const Platform& platform, FormWindow& window)
     : m_platform(platform), m_window(window), m_calendar(platform) {
@@ -144,7 +140,7 @@ void DropDownForm::RelayMouseDown(std::int16_t button, std::int16_t shift, float
     const VmCalDropDown* const owner = m_owner;
     m_owner->MouseDown(button, shift, x, y);
     if (m_owner != owner) return;
-    if ((button & kLeftButton) != 0) {
+    if ((button & kButtonLeft) != 0) {
         if (!IsInside(x, y)) {
             m_owner->CloseDropDown();
             return;

@@ -1,24 +1,9 @@
 #include "dropdown/VmCalDropDown.h"
+#include "platform/Keys.h"
 #include "platform/ScaleMode.h"
 
 namespace velmora {
 namespace {
-
-// Virtual-key codes
-constexpr std::int16_t kKeyEnter = 13;
-constexpr std::int16_t kKeyAlt = 18;
-constexpr std::int16_t kKeyEscape = 27;
-constexpr std::int16_t kKeyPageUp = 33;
-constexpr std::int16_t kKeyPageDown = 34;
-constexpr std::int16_t kKeyLeft = 37;
-constexpr std::int16_t kKeyUp = 38;
-constexpr std::int16_t kKeyRight = 39;
-constexpr std::int16_t kKeyDown = 40;
-constexpr std::int16_t kKeyF4 = 115;
-
-constexpr std::int16_t kShiftCtrl = 2;
-constexpr std::int16_t kShiftAlt = 4;
-constexpr std::int16_t kLeftButton = 1;
 
 /// Where a key leads from `day`; the same day for a key that is no step.
 DayNumber Stepped(DayNumber day, std::int16_t keyCode, std::int16_t shift, bool showWeekend) {
@@ -161,7 +146,7 @@ float VmCalDropDown::InContainer(float pixels, Axis axis) const {
 /// A press opens, the next one closes.
 void VmCalDropDown::OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
     if (!TakesInput()) return;
-    const bool left = (button & kLeftButton) != 0;
+    const bool left = (button & kButtonLeft) != 0;
     if (left) {
         m_buttonDown = true;
         RepaintControl();
@@ -178,7 +163,7 @@ void VmCalDropDown::OnMouseMove(std::int16_t button, std::int16_t shift, float x
 
 void VmCalDropDown::OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
     if (!TakesInput()) return;
-    if ((button & kLeftButton) != 0) {
+    if ((button & kButtonLeft) != 0) {
         m_buttonDown = false;
         RepaintControl();
     }

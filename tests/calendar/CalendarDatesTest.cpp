@@ -1,3 +1,4 @@
+#include "tests/support/Refusals.h"
 #include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
@@ -83,13 +84,8 @@ TEST(CalendarDates, ConvertsOrRefuses) {
          }) {
         TestCalendar test;
         test.TakeLog();
-        int number = 0;
-        try {
-            test.calendar->DateValue(c.value);
-        } catch (const AutomationError& error) {
-            number = static_cast<int>(error.Number());
-        }
-        EXPECT_EQ(number, c.error);
+        const ErrorNumber number = NumberOf([&] { test.calendar->DateValue(c.value); });
+        EXPECT_EQ(static_cast<int>(number), c.error);
         EXPECT_EQ(DayOf(test.calendar->SelectedDate()), c.selected);
         EXPECT_EQ(test.TakeLog().empty(), c.selected == today);
         EXPECT_EQ(test.BrokenInvariant(), "");

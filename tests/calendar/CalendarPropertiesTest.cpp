@@ -1,3 +1,4 @@
+#include "tests/support/Refusals.h"
 #include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
@@ -8,15 +9,6 @@ namespace velmora::test {
 namespace {
 
 using Log = std::vector<std::string>;
-
-ErrorNumber NumberOf(const std::function<void()>& refused) {
-    try {
-        refused();
-    } catch (const AutomationError& error) {
-        return error.Number();
-    }
-    return ErrorNumber{};
-}
 
 /// A property seen as a number.
 struct Row {

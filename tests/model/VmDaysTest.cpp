@@ -1,5 +1,5 @@
 #include "model/VmDays.h"
-#include "platform/AutomationError.h"
+#include "tests/support/Refusals.h"
 
 #include <gtest/gtest.h>
 
@@ -21,14 +21,7 @@ protected:
     std::vector<std::string> log;  // day of February 2024 and property
 };
 
-ErrorNumber NumberOf(const std::function<void()>& refused) {
-    try {
-        refused();
-    } catch (const AutomationError& error) {
-        return error.Number();
-    }
-    return ErrorNumber{};
-}
+using test::NumberOf;
 
 TEST_F(VmDaysTest, HoldsTheDaysOfItsMonthInOrder) {
     ASSERT_EQ(days->Count(), 29);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+
+namespace velmora {
+
+/// Virtual-key codes that the controls act on.
+inline constexpr std::int16_t kKeyEnter = 13;
+inline constexpr std::int16_t kKeyAlt = 18;
+inline constexpr std::int16_t kKeyEscape = 27;
+inline constexpr std::int16_t kKeyPageUp = 33;
+inline constexpr std::int16_t kKeyPageDown = 34;
+inline constexpr std::int16_t kKeyLeft = 37;
+inline constexpr std::int16_t kKeyUp = 38;
+inline constexpr std::int16_t kKeyRight = 39;
+inline constexpr std::int16_t kKeyDown = 40;
+inline constexpr std::int16_t kKeyF4 = 115;
+
+/// Bits of a shift state.
+inline constexpr std::int16_t kShiftShift = 1;
+inline constexpr std::int16_t kShiftCtrl = 2;
+inline constexpr std::int16_t kShiftAlt = 4;
+
+/// Bits of the mouse buttons.
+inline constexpr std::int16_t kButtonLeft = 1;
+inline constexpr std::int16_t kButtonRight = 2;
+inline constexpr std::int16_t kButtonMiddle = 4;
+
+}  // namespace velmora
