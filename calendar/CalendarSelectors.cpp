@@ -47,7 +47,10 @@ void VmCalendar::OnMonthListKeyDown(std::int16_t keyCode) {
 }
 
 void VmCalendar::OnMonthListKeyUp(std::int16_t keyCode) {
-    if (keyCode == kKeyEscape) SelectMonth(MonthOf(DayOf(m_state.shownDate)));
+    if (keyCode != kKeyEscape) return;
+    // The Escape has done what it is for: the next choice counts, though the focus never left.
+    m_cancelled = false;
+    SelectMonth(MonthOf(DayOf(m_state.shownDate)));
 }
 
 void VmCalendar::OnYearText(std::string_view text) {

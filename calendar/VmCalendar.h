@@ -208,6 +208,7 @@ public:
         property.Store(m_state, *m_days, value);
         Announce(property.name, property.effect);
     }
+    std::string_view TypeName() const override { return "VmCalendar"; }
     /// The published properties by name, in any case, converted to their types.
     Variant GetMember(std::string_view name) const override;
     void LetMember(std::string_view name, const Variant& value) override;
@@ -258,9 +259,11 @@ public:
     /// An item has been chosen; it counts when the list is closed. Raises `DateChanged` with the
     /// shown date, then `MonthChanged`. A month outside the limits changes nothing.
     void OnMonthListClick(int listIndex);
-    /// Enter takes the month (raises `MonthChanged`), Escape makes the list's next choices void.
+    /// Enter takes the month (raises `MonthChanged`); Escape makes choices void until its key is
+    /// released, or a selector is entered.
     void OnMonthListKeyDown(std::int16_t keyCode);
-    /// Escape brings the shown month back into the list and raises `MonthChanged`.
+    /// Escape brings the shown month back into the list and raises `MonthChanged`; choices count
+    /// again.
     void OnMonthListKeyUp(std::int16_t keyCode);
     /// The year has been committed, by Enter or loss of focus. Raises `YearChanged`; with the shown
     /// year, which goes back into the box, when the text is no year or leaves the limits.

@@ -74,6 +74,7 @@ public:
     void Let(const Property<VmMonthYearSelStyleConstants>& property,
              VmMonthYearSelStyleConstants value);
     void Let(const Property<VmAppearanceConstants>& property, VmAppearanceConstants value);
+    std::string_view TypeName() const override { return "VmCalDropDown"; }
     Variant GetMember(std::string_view name) const override;
     void LetMember(std::string_view name, const Variant& value) override;
     Date ToDate(const Variant& value) const { return m_platform.dates.ToDate(value); }

@@ -13,6 +13,8 @@ namespace velmora {
 /// An object whose members are reached by their published names, as scripts and property pages do.
 class AutomationObject : public Object {
 public:
+    /// Name of the published class; empty for one that is not published.
+    virtual std::string_view TypeName() const { return {}; }
     /// Error 438: no member of that name, or one that cannot be read.
     virtual Variant GetMember(std::string_view name) const = 0;
     /// Error 438 as above; error 13 for a value that does not convert; else the setter's own errors.

@@ -338,7 +338,7 @@ TEST(CalendarSelectors, MoveTheShownDateWithExactEvents) {
     }
 }
 
-TEST(CalendarSelectors, EscapeInTheListCancelsUntilItIsEnteredAgain) {
+TEST(CalendarSelectors, EscapeInTheListCancelsUntilItsKeyIsReleased) {
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelCombo);
     Begin(test, {Day(2020, 3, 15)});
@@ -350,11 +350,12 @@ TEST(CalendarSelectors, EscapeInTheListCancelsUntilItIsEnteredAgain) {
     test.calendar->OnMonthListKeyDown(kEnter);
     test.calendar->OnYearText("1999");
     EXPECT_TRUE(test.TakeLog().empty());
-    test.calendar->OnMonthListKeyUp(kEscape);
-    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3"}));
     test.calendar->OnSelectorEnter();
     test.calendar->OnMonthListKeyDown(kEnter);
     EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3", "repaint"}));
+    test.calendar->OnMonthListKeyDown(kEscape);
+    test.calendar->OnMonthListKeyUp(kEscape);
+    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3"}));
     test.calendar->OnMonthListClick(6);
     EXPECT_EQ(test.TakeLog(), (Log{"DateChanged 2020-07-15", "MonthChanged 7", "repaint"}));
 }
