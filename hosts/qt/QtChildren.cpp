@@ -2,13 +2,10 @@
 
 #include "hosts/qt/QtConversions.h"
 #include "hosts/qt/QtDrawing.h"
+#include "hosts/qt/QtSelectors.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
 #include <QFontMetrics>
-#include <QLineEdit>
 #include <QPointer>
-#include <QScrollBar>
 #include <QSignalBlocker>
 
 namespace velmora {
@@ -50,7 +47,7 @@ protected:
     const QPointer<Widget> m_widget;
 };
 
-class MonthList final : public QtChild<ComboBox, QComboBox> {
+class MonthList final : public QtChild<ComboBox, MonthListBox> {
 public:
     using QtChild::QtChild;
 
@@ -70,12 +67,7 @@ public:
         m_widget->setCurrentIndex(index);
     }
 
-    /// The list's window is made when it first drops; asking for it would make it.
-    bool DroppedDown() const override {
-        if (!m_widget) return false;
-        const auto* const list = m_widget->findChild<QAbstractItemView*>();
-        return list && list->isVisible();
-    }
+    bool DroppedDown() const override { return m_widget && m_widget->IsOpen(); }
 };
 
 QSize YearTextSize(const QLineEdit& box) {
@@ -86,23 +78,24 @@ QSize YearTextSize(const QLineEdit& box) {
     return {frame + metrics.horizontalAdvance(QStringLiteral("00000")), hint.height()};
 }
 
-class YearText final : public QtChild<TextBox, QLineEdit> {
+class YearText final : public QtChild<TextBox, YearBox> {
 public:
     using QtChild::QtChild;
 
     std::string Text() const override { return m_widget ? m_widget->text().toStdString() : ""; }
 
     void Text(const std::string& text) override {
-        if (!m_widget || m_widget->text().toStdString() == text) return;
+        if (!m_widget) return;
         const QSignalBlocker silent(m_widget);
-        m_widget->setText(ToQString(text));
+        if (m_widget->text().toStdString() != text) m_widget->setText(ToQString(text));
+        m_widget->setModified(false);
     }
 
 protected:
-    QSize NaturalSize(const QLineEdit& widget) const override { return YearTextSize(widget); }
+    QSize NaturalSize(const YearBox& widget) const override { return YearTextSize(widget); }
 };
 
-class QtScroll : public QtChild<ScrollBar, QScrollBar> {
+class QtScroll : public QtChild<ScrollBar, SelectorBar> {
 public:
     using QtChild::QtChild;
 
@@ -116,10 +109,10 @@ public:
 
 class YearSpinner final : public QtScroll {
 public:
-    YearSpinner(QScrollBar* widget, QWidget& parent) : QtScroll(widget), m_parent(parent) {}
+    YearSpinner(SelectorBar* widget, QWidget& parent) : QtScroll(widget), m_parent(parent) {}
 
 protected:
-    QSize NaturalSize(const QScrollBar&) const override {
+    QSize NaturalSize(const SelectorBar&) const override {
         constexpr int kWidth = 17;
         const auto* const year = m_parent.findChild<QLineEdit*>({}, Qt::FindDirectChildrenOnly);
         return {kWidth, year ? year->sizeHint().height() : 2 * kWidth};
@@ -129,29 +122,26 @@ private:
     QWidget& m_parent;
 };
 
-QScrollBar* MakeBar(Qt::Orientation orientation, QWidget& parent) {
-    auto* const bar = new QScrollBar(orientation, &parent);
-    bar->setFocusPolicy(Qt::NoFocus);
-    bar->setPageStep(1);
-    return bar;
-}
-
 }  // namespace
 
-std::unique_ptr<ComboBox> MakeMonthList(QWidget& parent) {
-    return std::make_unique<MonthList>(new QComboBox(&parent));
+std::unique_ptr<ComboBox> MakeMonthList(QWidget& parent, SelectorInput& input) {
+    return std::make_unique<MonthList>(new MonthListBox(parent, input));
 }
 
-std::unique_ptr<TextBox> MakeYearText(QWidget& parent) {
-    return std::make_unique<YearText>(new QLineEdit(&parent));
+std::unique_ptr<TextBox> MakeYearText(QWidget& parent, SelectorInput& input) {
+    return std::make_unique<YearText>(new YearBox(parent, input));
 }
 
-std::unique_ptr<ScrollBar> MakeYearSpinner(QWidget& parent) {
-    return std::make_unique<YearSpinner>(MakeBar(Qt::Vertical, parent), parent);
+std::unique_ptr<ScrollBar> MakeYearSpinner(QWidget& parent, SelectorInput& input) {
+    auto* const bar = new SelectorBar(Qt::Vertical, parent, input, &VmCalendar::OnYearSpinner);
+    bar->setPageStep(10);  // years
+    return std::make_unique<YearSpinner>(bar, parent);
 }
 
-std::unique_ptr<ScrollBar> MakeDateScroll(QWidget& parent) {
-    return std::make_unique<QtScroll>(MakeBar(Qt::Horizontal, parent));
+std::unique_ptr<ScrollBar> MakeDateScroll(QWidget& parent, SelectorInput& input) {
+    auto* const bar = new SelectorBar(Qt::Horizontal, parent, input, &VmCalendar::OnDateScroll);
+    bar->setPageStep(12);  // months
+    return std::make_unique<QtScroll>(bar);
 }
 
 }  // namespace velmora

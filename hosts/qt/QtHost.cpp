@@ -42,7 +42,8 @@ Point ToPoint(QPoint point) { return {point.x(), point.y()}; }
 
 }  // namespace
 
-QtWindowing::QtWindowing(QWidget& widget) : m_widget(widget), m_knownEnabled(Enabled()) {}
+QtWindowing::QtWindowing(QWidget& widget, SelectorInput* input)
+    : m_widget(widget), m_input(input), m_knownEnabled(Enabled()) {}
 
 WindowHandle QtWindowing::Handle() const { return QtDrawing::HandleOf(&m_widget); }
 
@@ -103,13 +104,21 @@ Point QtWindowing::ScreenToClient(Point point) const {
 
 std::optional<Point> QtWindowing::GetCursorPos() const { return ToPoint(QCursor::pos()); }
 
-std::unique_ptr<ComboBox> QtWindowing::CreateMonthList() { return MakeMonthList(m_widget); }
+std::unique_ptr<ComboBox> QtWindowing::CreateMonthList() {
+    return m_input ? MakeMonthList(m_widget, *m_input) : nullptr;
+}
 
-std::unique_ptr<TextBox> QtWindowing::CreateYearText() { return MakeYearText(m_widget); }
+std::unique_ptr<TextBox> QtWindowing::CreateYearText() {
+    return m_input ? MakeYearText(m_widget, *m_input) : nullptr;
+}
 
-std::unique_ptr<ScrollBar> QtWindowing::CreateYearSpinner() { return MakeYearSpinner(m_widget); }
+std::unique_ptr<ScrollBar> QtWindowing::CreateYearSpinner() {
+    return m_input ? MakeYearSpinner(m_widget, *m_input) : nullptr;
+}
 
-std::unique_ptr<ScrollBar> QtWindowing::CreateDateScroll() { return MakeDateScroll(m_widget); }
+std::unique_ptr<ScrollBar> QtWindowing::CreateDateScroll() {
+    return m_input ? MakeDateScroll(m_widget, *m_input) : nullptr;
+}
 
 FontRef QtHosting::AmbientFont() const {
     return std::make_shared<StdFont>(ToStdFont(m_widget.font()));

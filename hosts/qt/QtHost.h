@@ -7,10 +7,13 @@ class QWidget;
 
 namespace velmora {
 
-/// A widget as a control's window. The widget must live longer. The pointer is the widget's cursor.
-class QtWindowing final : public Windowing {
+class SelectorInput;
+
+/// A widget as a control's window. The widget and the input must live longer. The
+/// pointer is the widget's cursor. Without an input it cannot have selectors.
+class QtWindowing : public Windowing {
 public:
-    explicit QtWindowing(QWidget& widget);
+    explicit QtWindowing(QWidget& widget, SelectorInput* input = nullptr);
 
     WindowHandle Handle() const override;
     Size ClientSize() const override;
@@ -45,6 +48,7 @@ private:
     void ApplyPointer();
 
     QWidget& m_widget;
+    SelectorInput* m_input;
     PictureRef m_icon;
     std::int32_t m_dropMode = 0;
     std::int16_t m_pointer = 0;

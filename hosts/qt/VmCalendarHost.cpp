@@ -1,7 +1,6 @@
 #include "hosts/qt/VmCalendarHost.h"
 
 #include "hosts/qt/QtConversions.h"
-#include "hosts/qt/QtDrag.h"
 #include "hosts/qt/QtInput.h"
 #include "hosts/qt/QtLocale.h"
 #include "platform/DrawingScopes.h"
@@ -18,14 +17,6 @@
 namespace velmora {
 namespace {
 
-constexpr double kMillisecondsPerDay = 86'400'000;
-
-Date LocalNow() {
-    const QDateTime now = QDateTime::currentDateTime();
-    const double time = now.time().msecsSinceStartOfDay() / kMillisecondsPerDay;
-    return DateOf(DayOf(ToDate(now.date())), time);
-}
-
 float XOf(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
 float YOf(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
 
@@ -34,9 +25,11 @@ float YOf(const QMouseEvent& event) { return static_cast<float>(event.position()
 VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
     : QtHosting(widget),
       m_widget(widget),
-      m_windowing(widget),
+      m_input(widget),
+      m_windowing(widget, &m_input),
       m_drawing(&widget),
       m_dates(DateLocaleOf(widget.locale()), LocalNow),
+      m_drops(widget),
       calendar({m_drawing, m_windowing, m_dates, *this}) {
     calendar.InitProperties();
     ConnectDateEvents();
@@ -118,6 +111,7 @@ void VmCalendarWidget::Host::PropertyChanged(std::string_view name) {
 }
 
 void VmCalendarWidget::Host::OleDrag() {
+    if (std::exchange(m_dragging, true)) return;
     const QPointer<VmCalendarWidget> widget(&m_widget);
     LoseMouse();  // the drag takes the release
     DataRef data = MakeDataObject();
@@ -125,8 +119,25 @@ void VmCalendarWidget::Host::OleDrag() {
     std::int32_t effect = kDropCopy;
     calendar.Events().OLEStartDrag.Raise(data, effect);
     if (!widget) return;
-    effect = data ? RunDrag(*data, effect) : kDropNone;
-    if (widget) calendar.Events().OLECompleteDrag.Raise(effect);
+    effect = data ? RunDrag(data, effect, EventsOfDrag()) : kDropNone;
+    if (!widget) return;
+    m_dragging = false;
+    calendar.Events().OLECompleteDrag.Raise(effect);
+}
+
+DragEvents VmCalendarWidget::Host::EventsOfDrag() {
+    const QPointer<VmCalendarWidget> widget(&m_widget);
+    return {.setData =
+                [widget](DataRef data, std::int16_t format) {
+                    if (widget) widget->calendar().Events().OLESetData.Raise(data, format);
+                },
+            .giveFeedback =
+                [widget](std::int32_t effect) {
+                    bool defaultCursors = true;
+                    if (!widget) return QPixmap();
+                    widget->calendar().Events().OLEGiveFeedback.Raise(effect, defaultCursors);
+                    return widget && !defaultCursors ? widget->cursor().pixmap() : QPixmap();
+                }};
 }
 
 bool VmCalendarWidget::Host::Paint(QPainter& painter, const QRegion& exposed) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "hosts/qt/QtDrag.h"
 #include "hosts/qt/QtDrawing.h"
+#include "hosts/qt/QtDrop.h"
 #include "hosts/qt/QtHost.h"
+#include "hosts/qt/SelectorInput.h"
 #include "hosts/qt/VmCalendarWidget.h"
 #include "platform/AutomationError.h"
 #include "platform/Dates.h"
@@ -29,6 +32,9 @@ public:
     void MouseMove(const QMouseEvent& event);
     void MouseUp(const QMouseEvent& event);
     void LoseMouse();
+    /// Makes the calendar know all that the user has done in its children. False when it is gone.
+    bool TakeSelectorInput() { return m_input.Deliver(); }
+    DropTarget& Drops() noexcept { return m_drops; }
     void EnabledChanged();
     void LocaleChanged();
 
@@ -58,12 +64,16 @@ private:
     void ConnectInputEvents();
     void ConnectDragEvents();
     void EmitMonth(std::int16_t month);
+    DragEvents EventsOfDrag();
 
     VmCalendarWidget& m_widget;
+    SelectorInput m_input;
     QtWindowing m_windowing;
     QtDrawing m_drawing;
     Dates m_dates;
+    DropTarget m_drops;
     bool m_painting = false;
+    bool m_dragging = false;
     bool m_clickBegun = false;  // the left button went down here, as the first press of a click
 
 public:

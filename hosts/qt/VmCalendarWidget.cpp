@@ -3,11 +3,15 @@
 #include "hosts/qt/QtInput.h"
 #include "hosts/qt/VmCalendarHost.h"
 
+#include <QApplication>
+#include <QDragMoveEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
+
+#include <utility>
 
 namespace velmora {
 
@@ -18,8 +22,15 @@ VmCalendarWidget::VmCalendarWidget(QWidget* parent) : QWidget(parent) {
     m_host = std::make_unique<Host>(*this);
 }
 
-/// Ended here and not with the members, so that events on the way find the host gone.
-VmCalendarWidget::~VmCalendarWidget() { m_host.reset(); }
+/// The host is ended here and not with the members, so that events on the way find it gone. Qt
+/// keeps a bare pointer to the widget that a drag has entered, until the drag leaves it.
+VmCalendarWidget::~VmCalendarWidget() {
+    const bool isDragTarget = m_host->Drops().IsEntered();
+    m_host.reset();
+    if (!isDragTarget) return;
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(this, &leave);
+}
 
 QSize VmCalendarWidget::sizeHint() const { return {250, 200}; }
 
@@ -36,6 +47,7 @@ void VmCalendarWidget::paintEvent(QPaintEvent* event) {
 
 void VmCalendarWidget::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    ChainChildren();
     m_host->calendar.OnWindowChanged();
 }
 
@@ -58,7 +70,9 @@ void VmCalendarWidget::changeEvent(QEvent* event) {
 }
 
 void VmCalendarWidget::keyPressEvent(QKeyEvent* event) {
+    if (IsFocusInChild()) return QWidget::keyPressEvent(event);
     const QPointer<VmCalendarWidget> alive(this);
+    if (!m_host->TakeSelectorInput()) return;
     bool used = false;
     if (std::int16_t keyCode = VirtualKeyOf(*event); keyCode != 0) {
         std::int16_t shift = ShiftOf(event->modifiers());
@@ -72,6 +86,7 @@ void VmCalendarWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void VmCalendarWidget::keyReleaseEvent(QKeyEvent* event) {
+    if (IsFocusInChild()) return QWidget::keyReleaseEvent(event);
     const QPointer<VmCalendarWidget> alive(this);
     std::int16_t keyCode = VirtualKeyOf(*event);
     if (keyCode != 0 && !event->isAutoRepeat()) {
@@ -81,13 +96,50 @@ void VmCalendarWidget::keyReleaseEvent(QKeyEvent* event) {
     if (alive) QWidget::keyReleaseEvent(event);
 }
 
-void VmCalendarWidget::mousePressEvent(QMouseEvent* event) { m_host->MouseDown(*event); }
+void VmCalendarWidget::mousePressEvent(QMouseEvent* event) {
+    if (m_host->TakeSelectorInput()) m_host->MouseDown(*event);
+}
 
 void VmCalendarWidget::mouseDoubleClickEvent(QMouseEvent* event) { m_host->DblClick(*event); }
 
 void VmCalendarWidget::mouseMoveEvent(QMouseEvent* event) { m_host->MouseMove(*event); }
 
 void VmCalendarWidget::mouseReleaseEvent(QMouseEvent* event) { m_host->MouseUp(*event); }
+
+void VmCalendarWidget::dragEnterEvent(QDragEnterEvent* event) {
+    m_host->Drops().Enter(*event);
+}
+
+void VmCalendarWidget::dragMoveEvent(QDragMoveEvent* event) {
+    m_host->Drops().Move(*event);
+}
+
+void VmCalendarWidget::dragLeaveEvent(QDragLeaveEvent*) {
+    if (m_host) m_host->Drops().Leave();
+}
+
+void VmCalendarWidget::dropEvent(QDropEvent* event) { m_host->Drops().Drop(*event); }
+
+/// The Tab key passes the grid and its selectors in one go, whatever order of its own widgets the
+/// window was given.
+void VmCalendarWidget::ChainChildren() {
+    QWidget* last = this;
+    for (QWidget* const child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (child->isWindow() || (child->focusPolicy() & Qt::TabFocus) == 0) continue;
+        setTabOrder(std::exchange(last, child), child);
+    }
+}
+
+bool VmCalendarWidget::focusNextPrevChild(bool next) {
+    ChainChildren();
+    return QWidget::focusNextPrevChild(next);
+}
+
+/// Keys that a child leaves unused are on their way to the windows around the calendar.
+bool VmCalendarWidget::IsFocusInChild() const {
+    const QWidget* const focus = QApplication::focusWidget();
+    return focus && focus != this && isAncestorOf(focus);
+}
 
 bool VmCalendarWidget::event(QEvent* event) {
     switch (event->type()) {
@@ -96,6 +148,7 @@ bool VmCalendarWidget::event(QEvent* event) {
         case QEvent::WindowDeactivate:
             if (m_host) m_host->LoseMouse();
             break;
+        case QEvent::ChildPolished: ChainChildren(); break;
         default: break;
     }
     return QWidget::event(event);

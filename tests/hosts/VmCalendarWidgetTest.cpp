@@ -1,4 +1,4 @@
-#include "hosts/qt/VmCalendarWidget.h"
+#include "tests/hosts/WidgetSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -6,11 +6,9 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QImage>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMetaEnum>
 #include <QMetaProperty>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
 
@@ -21,11 +19,6 @@
 
 namespace velmora {
 namespace {
-
-using Names = std::vector<std::string>;
-using Widget = VmCalendarWidget;
-
-const QDate kMay15(2024, 5, 15);
 
 /// Collects what the widgets report with qWarning.
 class Warnings {
@@ -52,43 +45,11 @@ private:
     QtMessageHandler m_before;
 };
 
-QPalette TestPalette() {
-    QPalette palette(QColor(220, 220, 220));
-    palette.setColor(QPalette::Highlight, Qt::blue);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Text, Qt::black);
-    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(150, 150, 150));
-    return palette;
-}
-
-void Prepare(Widget& widget, QDate date = kMay15) {
-    widget.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
-    widget.setPalette(TestPalette());
-    widget.resize(280, 220);
-    widget.setDateValue(date);
-    widget.show();
-    QApplication::processEvents();
-}
-
 QImage ImageOf(Widget& widget, double ratio = 1) {
     QImage image(widget.size() * ratio, QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
     widget.render(&image);
     return image;
-}
-
-/// The cell of a shown day, to a few pixels.
-QRect CellOf(Widget& widget, QDate date) {
-    const int wanted = static_cast<int>(date.toJulianDay() - QDate(1899, 12, 30).toJulianDay());
-    QRect cell;
-    for (int y = 0; y < widget.height(); y += 3) {
-        for (int x = 0; x < widget.width(); x += 3) {
-            const auto day = widget.calendar().DateFromPoint(static_cast<float>(x),
-                                                             static_cast<float>(y));
-            if (day == wanted) cell |= QRect(x, y, 1, 1);
-        }
-    }
-    return cell;
 }
 
 int Count(const QImage& image, const QRect& area, const std::function<bool(QRgb)>& wanted) {
@@ -118,43 +79,6 @@ QRect BandOf(Widget& widget) {
     const Rect band = widget.calendar().Layout().MonthBand();
     return QRect(band.left, band.top, band.right - band.left, band.bottom - band.top)
         .adjusted(2, 2, -2, -3);
-}
-
-void SendKey(QWidget* widget, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers = {},
-             const QString& text = {}) {
-    QKeyEvent event(type, key, modifiers, text);
-    QApplication::sendEvent(widget, &event);
-}
-
-void SendMouse(QWidget* widget, QEvent::Type type, QPoint at,
-               Qt::MouseButton button = Qt::LeftButton) {
-    const bool held = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
-    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held ? button : Qt::NoButton, {});
-    QApplication::sendEvent(widget, &event);
-}
-
-void Click(QPointer<QWidget> widget, QPoint at) {
-    SendMouse(widget, QEvent::MouseButtonPress, at);
-    if (widget) SendMouse(widget, QEvent::MouseButtonRelease, at);
-}
-
-/// Notes the signals of user actions in their order.
-void Note(Widget& widget, Names& names) {
-    const auto note = [&names](const char* name) {
-        return [&names, name] { names.push_back(name); };
-    };
-    QObject::connect(&widget, &Widget::keyDown, note("keyDown"));
-    QObject::connect(&widget, &Widget::keyPress, note("keyPress"));
-    QObject::connect(&widget, &Widget::keyUp, note("keyUp"));
-    QObject::connect(&widget, &Widget::mouseDown, note("mouseDown"));
-    QObject::connect(&widget, &Widget::mouseUp, note("mouseUp"));
-    QObject::connect(&widget, &Widget::click, note("click"));
-    QObject::connect(&widget, &Widget::dblClick, note("dblClick"));
-    QObject::connect(&widget, &Widget::dateChanged, note("dateChanged"));
-    QObject::connect(&widget, &Widget::dayChanged, note("dayChanged"));
-    QObject::connect(&widget, &Widget::monthChanged, note("monthChanged"));
-    QObject::connect(&widget, &Widget::yearChanged, note("yearChanged"));
-    QObject::connect(&widget, &Widget::dateValueChanged, note("dateValueChanged"));
 }
 
 /// Values that a property takes, first, and values that it refuses.
@@ -314,149 +238,6 @@ TEST(VmCalendarWidget, IsLegibleInADarkPalette) {
     for (const QRect& area : {BandOf(widget), cell}) {
         EXPECT_GT(Count(image, area, [](QRgb p) { return qGray(p) < 80; }), area.width());
         EXPECT_GT(Count(image, area, [](QRgb p) { return qGray(p) > 180; }), 5);
-    }
-}
-
-TEST(VmCalendarWidget, KeyRaisesItsSignalsInOrderAndIsAcceptedWhenUsed) {
-    Widget widget;
-    Prepare(widget);
-    Names names;
-    Note(widget, names);
-    const auto press = [&](int key, const QString& text = {}) {
-        names.clear();
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
-        QApplication::sendEvent(&widget, &event);
-        return event.isAccepted();
-    };
-    EXPECT_TRUE(press(Qt::Key_Right));
-    EXPECT_EQ(names, (Names{"keyDown", "dateChanged", "dayChanged", "dateValueChanged"}));
-    EXPECT_EQ(widget.dateValue(), QDate(2024, 5, 16));
-    EXPECT_TRUE(press(Qt::Key_PageDown));
-    EXPECT_EQ(names, (Names{"keyDown", "monthChanged", "dateValueChanged"}));
-    EXPECT_FALSE(press(Qt::Key_A, "a"));
-    EXPECT_EQ(names, (Names{"keyDown", "keyPress"}));
-    EXPECT_FALSE(press(Qt::Key_Delete, "\x7f"));
-    EXPECT_EQ(names, (Names{"keyDown"}));
-    EXPECT_FALSE(press(Qt::Key_Return, "\r"));
-    names.clear();
-    SendKey(&widget, QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_EQ(names, (Names{"keyUp"}));
-}
-
-TEST(VmCalendarWidget, KeysHaveVirtualCodesAndShiftBits) {
-    struct Case {
-        int key;
-        Qt::KeyboardModifiers modifiers;
-        int code;
-        int shift;
-    };
-    Widget widget;
-    Prepare(widget);
-    int code = 0;
-    int shift = 0;
-    QObject::connect(&widget, &Widget::keyDown, [&](qint16& keyCode, qint16& state) {
-        code = keyCode;
-        shift = state;
-    });
-    for (const Case& c : {Case{Qt::Key_Left, Qt::KeypadModifier, 37, 0},
-                          Case{Qt::Key_End, Qt::ShiftModifier, 35, 1},
-                          Case{Qt::Key_Escape, Qt::ControlModifier, 27, 2},
-                          Case{Qt::Key_F12, Qt::AltModifier, 123, 4},
-                          Case{Qt::Key_Z, Qt::ShiftModifier | Qt::ControlModifier, 90, 3},
-                          Case{Qt::Key_7, {}, 55, 0}, Case{Qt::Key_7, Qt::KeypadModifier, 103, 0},
-                          Case{Qt::Key_Enter, Qt::KeypadModifier, 13, 0}}) {
-        SendKey(&widget, QEvent::KeyPress, c.key, c.modifiers);
-        EXPECT_EQ(code, c.code);
-        EXPECT_EQ(shift, c.shift);
-    }
-    // A slot's change is what the calendar acts on.
-    QObject::connect(&widget, &Widget::keyDown, [](qint16& keyCode, qint16&) { keyCode = 40; });
-    SendKey(&widget, QEvent::KeyPress, Qt::Key_A);
-    EXPECT_EQ(widget.dateValue(), kMay15.addDays(7 - 1)) << "left before, down now";
-}
-
-TEST(VmCalendarWidget, MouseRaisesItsSignalsInOrder) {
-    Widget widget;
-    Prepare(widget);
-    Names names;
-    Note(widget, names);
-    const QPoint may20 = CellOf(widget, QDate(2024, 5, 20)).center();
-    Click(&widget, may20);
-    EXPECT_EQ(names, (Names{"mouseDown", "dateChanged", "dayChanged", "dateValueChanged", "mouseUp",
-                            "click"}));
-    names.clear();
-    SendMouse(&widget, QEvent::MouseButtonDblClick, may20);
-    SendMouse(&widget, QEvent::MouseButtonRelease, may20);
-    EXPECT_EQ(names, (Names{"mouseDown", "dblClick", "mouseUp"}));
-    names.clear();
-    SendMouse(&widget, QEvent::MouseButtonPress, may20);
-    SendMouse(&widget, QEvent::MouseButtonRelease, {-5, -5});
-    EXPECT_EQ(names, (Names{"mouseDown", "mouseUp"})) << "released outside";
-    names.clear();
-    SendMouse(&widget, QEvent::MouseButtonPress, CellOf(widget, kMay15).center());
-    QEvent deactivate(QEvent::WindowDeactivate);
-    QApplication::sendEvent(&widget, &deactivate);
-    SendMouse(&widget, QEvent::MouseButtonRelease, CellOf(widget, kMay15).center());
-    EXPECT_EQ(names, (Names{"mouseDown", "mouseUp"})) << "the press was lost with the window";
-    EXPECT_EQ(widget.dateValue(), QDate(2024, 5, 20));
-    names.clear();
-    SendMouse(&widget, QEvent::MouseButtonPress, may20, Qt::RightButton);
-    SendMouse(&widget, QEvent::MouseButtonRelease, may20, Qt::RightButton);
-    EXPECT_EQ(names, (Names{"mouseDown", "mouseUp"}));
-}
-
-TEST(VmCalendarWidget, EverySlotMayDeleteTheWidget) {
-    using Act = std::function<void(Widget*)>;
-    struct Case {
-        const char* name;
-        std::function<void(Widget*, const Act&)> connect;
-        Act act;
-    };
-    const Act left = [](Widget* w) { SendKey(w, QEvent::KeyPress, Qt::Key_Left, {}, "x"); };
-    const Act release = [](Widget* w) { SendKey(w, QEvent::KeyRelease, Qt::Key_Left); };
-    const Act click = [](Widget* w) { Click(w, CellOf(*w, QDate(2024, 5, 20)).center()); };
-    const Act twice = [](Widget* w) { SendMouse(w, QEvent::MouseButtonDblClick, {9, 9}); };
-    const Act yearOn = [](Widget* w) { w->setDateValue(QDate(2025, 6, 1)); };
-    const auto on = [](auto signal) {
-        return [signal](Widget* w, const Act& end) {
-            QObject::connect(w, signal, [w, end] { end(w); });
-        };
-    };
-    const Case cases[] = {
-        {"dateChanged, key", on(&Widget::dateChanged), left},
-        {"dateChanged, mouse", on(&Widget::dateChanged), click},
-        {"dayChanged", on(&Widget::dayChanged), click},
-        {"monthChanged", on(&Widget::monthChanged), yearOn},
-        {"yearChanged", on(&Widget::yearChanged), yearOn},
-        {"dateValueChanged", on(&Widget::dateValueChanged), left},
-        {"propertyChanged, key", on(&Widget::propertyChanged), left},
-        {"propertyChanged, setter", on(&Widget::propertyChanged),
-         [](Widget* w) { w->setMonthBackColor(Qt::red); }},
-        {"propertyChanged, disabled", on(&Widget::propertyChanged),
-         [](Widget* w) { w->setEnabled(false); }},
-        {"keyDown", on(&Widget::keyDown), left},
-        {"keyPress", on(&Widget::keyPress), left},
-        {"keyUp", on(&Widget::keyUp), release},
-        {"mouseDown", on(&Widget::mouseDown), click},
-        {"mouseDown, double", on(&Widget::mouseDown), twice},
-        {"mouseUp", on(&Widget::mouseUp), click},
-        {"mouseMove", on(&Widget::mouseMove),
-         [](Widget* w) { SendMouse(w, QEvent::MouseMove, {9, 9}, Qt::NoButton); }},
-        {"click", on(&Widget::click), click},
-        {"dblClick", on(&Widget::dblClick), twice},
-        {"oleStartDrag", on(&Widget::oleStartDrag), [](Widget* w) { w->oleDrag(); }},
-    };
-    for (const int style : {VmMonthSelNone, VmMonthSelCombo}) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.name);
-            const QPointer<Widget> widget(new Widget);
-            widget->setMonthYearSelStyle(static_cast<Widget::MonthYearSelStyle>(style));
-            Prepare(*widget);
-            c.connect(widget, [](Widget* w) { delete w; });
-            c.act(widget);
-            EXPECT_FALSE(widget);
-            delete widget;
-        }
     }
 }
 

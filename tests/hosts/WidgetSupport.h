@@ -1,0 +1,111 @@
+#pragma once
+
+#include "hosts/qt/VmCalendarWidget.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <string>
+#include <vector>
+
+/// A shown calendar with a known look, input sent straight to widgets, and notes of the signals.
+namespace velmora {
+
+using Names = std::vector<std::string>;
+using Widget = VmCalendarWidget;
+
+inline const QDate kMay15(2024, 5, 15);
+
+inline QPalette TestPalette() {
+    QPalette palette(QColor(220, 220, 220));
+    palette.setColor(QPalette::Highlight, Qt::blue);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(150, 150, 150));
+    return palette;
+}
+
+inline void Prepare(Widget& widget, QDate date = kMay15) {
+    widget.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    widget.setPalette(TestPalette());
+    widget.resize(280, 220);
+    widget.setDateValue(date);
+    widget.show();
+    QApplication::processEvents();
+}
+
+/// The cell of a shown day, to a few pixels.
+inline QRect CellOf(Widget& widget, QDate date) {
+    const int wanted = static_cast<int>(date.toJulianDay() - QDate(1899, 12, 30).toJulianDay());
+    QRect cell;
+    for (int y = 0; y < widget.height(); y += 3) {
+        for (int x = 0; x < widget.width(); x += 3) {
+            const auto day = widget.calendar().DateFromPoint(static_cast<float>(x),
+                                                             static_cast<float>(y));
+            if (day == wanted) cell |= QRect(x, y, 1, 1);
+        }
+    }
+    return cell;
+}
+
+inline void SendKey(QWidget* widget, QEvent::Type type, int key,
+                    Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
+    QKeyEvent event(type, key, modifiers, text);
+    QApplication::sendEvent(widget, &event);
+}
+
+inline void SendMouse(QWidget* widget, QEvent::Type type, QPoint at,
+                      Qt::MouseButton button = Qt::LeftButton) {
+    const bool held = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held ? button : Qt::NoButton, {});
+    QApplication::sendEvent(widget, &event);
+}
+
+inline void Click(QPointer<QWidget> widget, QPoint at) {
+    SendMouse(widget, QEvent::MouseButtonPress, at);
+    if (widget) SendMouse(widget, QEvent::MouseButtonRelease, at);
+}
+
+/// Drags the content over the widget and drops it there when it may; returns what the drop did.
+inline Qt::DropAction DragAndDrop(QPointer<Widget> widget, const QMimeData& content,
+                                  Qt::DropActions actions = Qt::CopyAction) {
+    const QPoint at(20, 30);
+    QDragEnterEvent enter(at, actions, &content, Qt::LeftButton, Qt::ShiftModifier);
+    QApplication::sendEvent(widget, &enter);
+    if (!widget) return Qt::IgnoreAction;
+    QDragMoveEvent move(at, actions, &content, Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &move);
+    if (!widget) return Qt::IgnoreAction;
+    if (!enter.isAccepted() || !move.isAccepted()) {
+        QDragLeaveEvent leave;
+        QApplication::sendEvent(widget, &leave);
+        return Qt::IgnoreAction;
+    }
+    QDropEvent drop(at, actions, &content, Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &drop);
+    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+}
+
+/// Notes the signals of user actions in their order.
+inline void Note(Widget& widget, Names& names) {
+    const auto note = [&names](const char* name) {
+        return [&names, name] { names.push_back(name); };
+    };
+    QObject::connect(&widget, &Widget::keyDown, note("keyDown"));
+    QObject::connect(&widget, &Widget::keyPress, note("keyPress"));
+    QObject::connect(&widget, &Widget::keyUp, note("keyUp"));
+    QObject::connect(&widget, &Widget::mouseDown, note("mouseDown"));
+    QObject::connect(&widget, &Widget::mouseUp, note("mouseUp"));
+    QObject::connect(&widget, &Widget::click, note("click"));
+    QObject::connect(&widget, &Widget::dblClick, note("dblClick"));
+    QObject::connect(&widget, &Widget::dateChanged, note("dateChanged"));
+    QObject::connect(&widget, &Widget::dayChanged, note("dayChanged"));
+    QObject::connect(&widget, &Widget::monthChanged, note("monthChanged"));
+    QObject::connect(&widget, &Widget::yearChanged, note("yearChanged"));
+    QObject::connect(&widget, &Widget::dateValueChanged, note("dateValueChanged"));
+}
+
+}  // namespace velmora
