@@ -30,6 +30,7 @@ QWidget* MakeEventColumn(VmCalendarWidget& calendar) {
 QWidget* MakeLivePage(QDate date) {
     auto* page = new QSplitter;
     auto* calendar = new VmCalendarWidget;
+    calendar->setObjectName(QLatin1String(kLiveCalendar));
     calendar->setMonthYearSelStyle(VmCalendarWidget::MonthSelArrows);
     calendar->setDateValue(date);
     calendar->setMinimumSize(280, 220);

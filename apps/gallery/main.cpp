@@ -1,9 +1,12 @@
 #include "apps/gallery/GalleryWindow.h"
+#include "apps/gallery/LivePage.h"
 #include "apps/gallery/Pages.h"
+#include "apps/gallery/SavedSettings.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QSysInfo>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -37,6 +40,7 @@ QDate DayBesideToday() {
 
 struct Arguments {
     QString pictures;  // folder; empty opens the window
+    QString settings;  // file
     int page = 0;
     QDate date;
 };
@@ -46,13 +50,30 @@ int Refuse(const QString& problem) {
     return kUsage;
 }
 
+void Report(const QString& problem) {
+    if (!problem.isEmpty()) std::fprintf(stderr, "velmora-gallery: %s\n", qPrintable(problem));
+}
+
+/// The live page is as it was left the last time, however the program ended.
+int ShowWindow(GalleryWindow& window, const SavedSettings& settings) {
+    auto* const calendar = window.findChild<VmCalendarWidget*>(QLatin1String(kLiveCalendar));
+    Report(settings.Load(*calendar));
+    QTimer saving;
+    saving.setSingleShot(true);
+    saving.setInterval(500);
+    QObject::connect(calendar, &VmCalendarWidget::propertyChanged, &saving,
+                     qOverload<>(&QTimer::start));
+    QObject::connect(&saving, &QTimer::timeout, [&] { Report(settings.Save(*calendar)); });
+    window.show();
+    const int result = QApplication::exec();
+    if (saving.isActive()) Report(settings.Save(*calendar));
+    return result;
+}
+
 int Run(const Arguments& arguments) {
     GalleryWindow window(arguments.date);
     window.ShowPage(arguments.page);
-    if (arguments.pictures.isEmpty()) {
-        window.show();
-        return QApplication::exec();
-    }
+    if (arguments.pictures.isEmpty()) return ShowWindow(window, SavedSettings(arguments.settings));
     if (const QString failed = window.WritePictures(arguments.pictures); !failed.isEmpty()) {
         std::fprintf(stderr, "velmora-gallery: cannot write %s\n", qPrintable(failed));
         return kFailure;
@@ -68,13 +89,14 @@ public:
         m_parser.setApplicationDescription(
             QStringLiteral("Shows the VelmoraCalendar controls. Pages: %1.").arg(PageNames()));
         m_parser.addHelpOption();
-        m_parser.addOptions({m_pictures, m_page, m_date});
+        m_parser.addOptions({m_pictures, m_page, m_date, m_settings});
         m_parser.process(*QCoreApplication::instance());
     }
 
     QString Pictures() const { return m_parser.value(m_pictures); }
     QString PageName() const { return m_parser.value(m_page); }
     QString DateText() const { return m_parser.value(m_date); }
+    QString Settings() const { return m_parser.value(m_settings); }
 
 private:
     static QString PageNames() {
@@ -92,11 +114,15 @@ private:
     QCommandLineOption m_date{
         QStringLiteral("date"), QStringLiteral("Select that date, not the one beside today."),
         QStringLiteral("yyyy-mm-dd"), DayBesideToday().toString(Qt::ISODate)};
+    QCommandLineOption m_settings{
+        QStringLiteral("settings"),
+        QStringLiteral("Keep the live calendar's properties in that file."),
+        QStringLiteral("file"), SavedSettings::UsualPath()};
 };
 
 int Main() {
     const Options options;
-    Arguments arguments{options.Pictures(), PageIndex(options.PageName()),
+    Arguments arguments{options.Pictures(), options.Settings(), PageIndex(options.PageName()),
                         QDate::fromString(options.DateText(), Qt::ISODate)};
     if (arguments.page < 0) return Refuse(QStringLiteral("no page ") + options.PageName());
     if (!arguments.date.isValid()) {

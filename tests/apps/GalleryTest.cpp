@@ -2,6 +2,7 @@
 #include "apps/gallery/EventLog.h"
 #include "apps/gallery/Pages.h"
 #include "apps/gallery/PropertyPanel.h"
+#include "apps/gallery/SavedSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +11,9 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QMouseEvent>
+#include <QFile>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -135,7 +138,11 @@ TEST(Gallery, EveryPageCanBeShownAndEndsAlone) {
     for (const Page& page : Pages()) {
         const std::unique_ptr<QWidget> widget(page.make(QDate(2024, 5, 17)));
         const auto calendars = widget->findChildren<VmCalendarWidget*>();
-        ASSERT_FALSE(calendars.isEmpty()) << page.name;
+        const auto boxes = widget->findChildren<VmCalDropDownWidget*>();
+        ASSERT_FALSE(calendars.isEmpty() && boxes.isEmpty()) << page.name;
+        for (const VmCalDropDownWidget* box : boxes) {
+            EXPECT_EQ(box->dateValue().date(), QDate(2024, 5, 17)) << page.name;
+        }
         for (const VmCalendarWidget* calendar : calendars) {
             EXPECT_EQ(calendar->dateValue(), QDate(2024, 5, 17)) << page.name;
         }
@@ -143,6 +150,33 @@ TEST(Gallery, EveryPageCanBeShownAndEndsAlone) {
         EXPECT_FALSE(widget->grab().isNull());
     }
     EXPECT_EQ(PageIndex(QStringLiteral("none")), -1);
+}
+
+TEST(SavedSettings, ComeBackAtTheNextStartAndDamageIsReported) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("new/calendar.txt"));
+    const SavedSettings settings(path);
+    VmCalendarWidget first;
+    EXPECT_EQ(settings.Load(first), QString());  // there is none yet
+    first.setShowWeekend(false);
+    first.setTodayBackColor(QColor(1, 2, 3));
+    first.setDateValue(QDate(2001, 2, 3));
+    EXPECT_EQ(settings.Save(first), QString());
+
+    VmCalendarWidget second;
+    const PropertyPanel panel(second);
+    EXPECT_EQ(settings.Load(second), QString());
+    EXPECT_FALSE(EditorOf<QCheckBox>(panel, "showWeekend").isChecked());
+    EXPECT_EQ(second.todayBackColor(), QColor(1, 2, 3));
+    EXPECT_EQ(second.dateValue(), QDate(2001, 2, 3));
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Append));
+    file.write("nonsense\n");
+    file.close();
+    VmCalendarWidget third;
+    EXPECT_TRUE(settings.Load(third).contains(path));
+    EXPECT_TRUE(third.showWeekend());
 }
 
 }  // namespace

@@ -1,89 +1,151 @@
 #include "calendar/CProperties.h"
+#include "platform/TextFileBag.h"
+#include "tests/support/StoreCases.h"
 #include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
+#include <filesystem>
 
 namespace velmora::test {
 namespace {
 
 using Log = std::vector<std::string>;
 
-/// Keeps what is written; one equal to its default is left out.
-class MemoryBag : public PropertyBag {
+/// Keeps the names that a calendar asks for and gives, in order.
+class RecordingBag : public MemoryBag {
 public:
     Variant ReadProperty(std::string_view name, const Variant& fallback) override {
         reads.emplace_back(name);
-        const auto found = values.find(std::string(name));
-        return found == values.end() ? fallback : found->second;
+        return MemoryBag::ReadProperty(name, fallback);
     }
-    void WriteProperty(std::string_view name, const Variant& value, const Variant& fallback) override {
-        if (value == fallback) return;
+    void WriteProperty(std::string_view name, const Variant& value,
+                       const Variant& fallback) override {
         writes.emplace_back(name);
-        values[std::string(name)] = value;
+        MemoryBag::WriteProperty(name, value, fallback);
+    }
+    Log Kept() const {
+        Log names;
+        for (const auto& [name, value] : Values()) names.push_back(name);
+        return names;
     }
 
     Log reads, writes;
-    std::map<std::string, Variant> values;
 };
 
-TEST(CalendarSaving, ANewCalendarWritesWhatIsAlwaysStored) {
+TEST(CalendarSaving, ANewCalendarStoresWhatIsAlwaysStored) {
     TestCalendar test;
-    MemoryBag bag;
+    RecordingBag bag;
     test.calendar->WriteProps(bag);
-    EXPECT_EQ(bag.writes, (Log{"DateValue", "DayFont", "MonthAppearance", "MonthBackColor",
-                               "MonthDisplay", "MonthFont", "DateMax", "DateMin", "ShowWeekend",
-                               "TodayBackColor", "TodayForeColor", "WeekDayAppearance",
-                               "WeekDayBackColor", "WeekDayDisplay", "WeekDayFont"}));
+    EXPECT_EQ(bag.Kept(),
+              (Log{"DayFont", "MonthAppearance", "MonthBackColor", "MonthDisplay", "MonthFont",
+                   "ShowWeekend", "TodayBackColor", "TodayForeColor", "WeekDayAppearance",
+                   "WeekDayBackColor", "WeekDayDisplay", "WeekDayFont"}));
 }
 
-TEST(CalendarSaving, EveryPropertyComesBack) {
-    TestCalendar source;
-    VmCalendar& from = *source.calendar;
-    int number = 0;
-    for (const char* name : {"Appearance", "DayAppearance", "DayCaptionAlignment",
-                             "DayNumberAlignment", "MonthAppearance", "WeekDayAppearance",
-                             "WeekDayCaptionAlignment", "ShowWeekend", "Enabled"}) {
-        from.LetMember(name, std::int32_t{0});
+TEST(CalendarSaving, AChangedCalendarStoresEveryName) {
+    TestCalendar test;
+    for (const auto& [name, lowest, highest] : kSavedRanges) {
+        const bool isDefault = IsDefaultValue(test.calendar->GetMember(name), lowest);
+        test.calendar->LetMember(name, isDefault ? highest : lowest);
     }
-    for (const char* name : {"DayDefaultBackColor", "DayOtherMonthForeColor", "DayDefaultForeColor",
-                             "MonthBackColor", "MonthForeColor", "SelectedDayBackColor",
-                             "SelectedDayForeColor", "TodayBackColor", "TodayForeColor",
-                             "WeekDayBackColor", "WeekDayForeColor"}) {
-        from.LetMember(name, std::int32_t{0x010203 + number++});
-    }
-    from.DayPictureAlignment(VmPictTile);
-    from.MonthDisplay(VmMonthAbbrName);
-    from.FirstDayOfWeek(VmThursday);
-    from.MonthYearSelStyle(VmMonthSelScrollbar);
-    from.WeekDayDisplay(VmWeekDayLetter);
-    from.MousePointer(11);
-    from.DateMin(DateOf(Day(1990, 1, 1)));
-    from.DateMax(DateOf(Day(1995, 12, 31)));
-    from.DateValue(DateOf(Day(1993, 7, 8)));
-    from.DayFont(std::make_shared<StdFont>());
-
-    MemoryBag bag;
-    from.WriteProps(bag);
-    TestCalendar target;
-    target.calendar->ReadProps(bag);
+    test.calendar->MouseIcon(IconOf(2, 2));
+    RecordingBag bag;
+    test.calendar->WriteProps(bag);
+    EXPECT_EQ(bag.Kept(), (Log{"Appearance",
+                               "SelectedDayBackColor",
+                               "SelectedDayForeColor",
+                               "DateValue",
+                               "DayAppearance",
+                               "DayCaptionAlignment",
+                               "DayDefaultBackColor",
+                               "DayOtherMonthForeColor",
+                               "DayDefaultForeColor",
+                               "DayFont",
+                               "DayNumberAlignment",
+                               "DayPictureAlignment",
+                               "Enabled",
+                               "FirstDayOfWeek",
+                               "MonthAppearance",
+                               "MonthBackColor",
+                               "MonthDisplay",
+                               "MonthFont",
+                               "MonthForeColor",
+                               "DateMax",
+                               "DateMin",
+                               "MonthYearSelStyle",
+                               "MouseIcon",
+                               "MousePointer",
+                               "ShowWeekend",
+                               "TodayBackColor",
+                               "TodayForeColor",
+                               "WeekDayAppearance",
+                               "WeekDayBackColor",
+                               "WeekDayCaptionAlignment",
+                               "WeekDayDisplay",
+                               "WeekDayFont",
+                               "WeekDayForeColor"}));
+    EXPECT_EQ(std::count(bag.writes.begin(), bag.writes.end(), "DayDefaultBackColor"), 2);
+    TestCalendar().calendar->ReadProps(bag);
     EXPECT_EQ(bag.reads.size(), 35u);
-    for (const auto& [name, value] : bag.values) {
-        EXPECT_EQ(target.calendar->GetMember(name), from.GetMember(name)) << name;
+}
+
+/// Takes the look of one calendar to a new one through both stores.
+void ExpectLookComesBack(const VmCalendar& from, const std::string& what) {
+    MemoryBag memory;
+    from.WriteProps(memory);
+    MemoryBag text = ParseProperties(FormatProperties(memory));
+    for (MemoryBag* bag : {&memory, &text}) {
+        TestCalendar target;
+        target.calendar->ReadProps(*bag);
+        EXPECT_EQ(SavedFace(*target.calendar), SavedFace(from)) << what;
+        EXPECT_EQ(target.calendar->ShownDate(), from.SelectedDate());
+        EXPECT_EQ(target.BrokenInvariant(), "") << what;
     }
-    EXPECT_EQ(bag.values.size(), 32u);  // all but the mouse icon
-    EXPECT_EQ(target.BrokenInvariant(), "");
-    EXPECT_EQ(DayOf(target.calendar->ShownDate()), Day(1993, 7, 8));
+}
+
+TEST(CalendarSaving, EveryLookComesBackThroughEveryStore) {
+    for (const Look look : {Look::Default, Look::Lowest, Look::Highest}) {
+        TestCalendar source;
+        Dress(*source.calendar, look);
+        ExpectLookComesBack(*source.calendar, "look " + std::to_string(static_cast<int>(look)));
+    }
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        TestCalendar source;
+        Dress(*source.calendar, Look::Random, seed);
+        source.calendar->DateValue(Date(36600 + seed / 41.0));
+        ExpectLookComesBack(*source.calendar, "seed " + std::to_string(seed));
+    }
+}
+
+TEST(CalendarSaving, ALaterRunOfTheProgramFindsTheFile) {
+    const auto path = std::filesystem::path(testing::TempDir()) / "velmora-calendar-saving.txt";
+    std::string before;
+    {
+        TestCalendar test;
+        Dress(*test.calendar, Look::Random, 7);
+        TextFileBag file(path);
+        test.calendar->WriteProps(file);
+        file.Save();
+        before = SavedFace(*test.calendar);
+    }
+    TestCalendar test;
+    test.now = Date(50000);
+    TextFileBag file(path);
+    file.Load();
+    test.calendar->ReadProps(file);
+    EXPECT_EQ(SavedFace(*test.calendar), before);
+    std::filesystem::remove(path);
 }
 
 TEST(CalendarSaving, MissingAndWronglyTypedValuesGiveTheDefaults) {
     TestCalendar test;
     MemoryBag bag;
-    bag.values["FirstDayOfWeek"] = "Monday";
-    bag.values["DayFont"] = std::int32_t{5};
-    bag.values["DateMax"] = Null{};
-    bag.values["MonthDisplay"] = std::int32_t{1};
+    bag.WriteProperty("FirstDayOfWeek", "Monday", Variant());
+    bag.WriteProperty("DayFont", std::int32_t{5}, Variant());
+    bag.WriteProperty("DateMax", Null{}, Variant());
+    bag.WriteProperty("MonthDisplay", std::int32_t{1}, Variant());
     test.TakeLog();
     test.calendar->ReadProps(bag);
     EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3", "repaint"}));
@@ -165,12 +227,18 @@ TEST(CProperties, AdmitsWhatTheCalendarAdmits) {
     TestCalendar test;
     CProperties holder(test.dates);
     const std::pair<const char*, Variant> cases[] = {
-        {"Appearance", std::int32_t{2}},          {"DayPictureAlignment", std::int32_t{15}},
-        {"MonthBackColor", std::int32_t{1 << 24}}, {"DayDefaultBackColor", std::int32_t{1 << 30}},
-        {"DateMax", "1/1/4601"},                   {"DateMin", "31/12/199"},
-        {"FirstDayOfWeek", "Monday"},              {"DayFont", std::int32_t{1}},
-        {"DateMax", "12x"},                        {"Days", ObjectRef()},
-        {"NoSuchName", true},                      {"ShowWeekend", Null{}},
+        {"Appearance", std::int32_t{2}},
+        {"DayPictureAlignment", std::int32_t{15}},
+        {"MonthBackColor", std::int32_t{1 << 24}},
+        {"DayDefaultBackColor", std::int32_t{1 << 30}},
+        {"DateMax", "1/1/4601"},
+        {"DateMin", "31/12/199"},
+        {"FirstDayOfWeek", "Monday"},
+        {"DayFont", std::int32_t{1}},
+        {"DateMax", "12x"},
+        {"Days", ObjectRef()},
+        {"NoSuchName", true},
+        {"ShowWeekend", Null{}},
     };
     for (const auto& [name, value] : cases) {
         const auto numberFrom = [&, name = name, value = value](AutomationObject& object) {

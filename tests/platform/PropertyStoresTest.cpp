@@ -1,0 +1,357 @@
+#include "platform/TextFileBag.h"
+#include "tests/support/StoreCases.h"
+
+#include "platform/AutomationError.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#ifdef __unix__
+#include <sys/resource.h>
+#include <csignal>
+#endif
+
+namespace velmora::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Folder {
+public:
+    Folder()
+        : path(fs::path(testing::TempDir()) /
+               (std::string("velmora-stores-") +
+                testing::UnitTest::GetInstance()->current_test_info()->name())) {
+        fs::remove_all(path);
+        fs::create_directories(path);
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { fs::remove_all(path); }
+
+    std::ptrdiff_t Entries() const {
+        return std::distance(fs::directory_iterator(path), fs::directory_iterator());
+    }
+
+    const fs::path path;
+};
+
+void WriteFile(const fs::path& path, const std::string& content) {
+    std::ofstream(path, std::ios::binary) << content;
+}
+
+std::string ContentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+FileProblem ProblemOf(const std::function<void()>& operation) {
+    try {
+        operation();
+    } catch (const PropertyFileError& error) {
+        EXPECT_NE(std::string(error.what()), "");
+        return error.Problem();
+    }
+    ADD_FAILURE() << "nothing was refused";
+    return {};
+}
+
+const std::string kHead = "velmora-properties 1\n";
+
+TEST(MemoryBag, LeavesOutWhatEqualsItsDefault) {
+    const auto font = std::make_shared<StdFont>();
+    const struct {
+        Variant value, fallback;
+        bool leftOut;
+    } cases[] = {
+        {Date(43905), std::int32_t{43905}, true},
+        {Date(43905.5), std::int32_t{43905}, false},
+        {std::int16_t{1}, std::int32_t{1}, true},
+        {true, true, true},
+        {true, std::int32_t{-1}, true},
+        {true, std::int32_t{1}, false},
+        {std::int32_t{0}, Variant(), false},
+        {Variant(), Variant(), false},
+        {"5", std::int32_t{5}, false},
+        {"a", "a", true},
+        {ObjectRef(), ObjectRef(), true},
+        {Null{}, Null{}, true},
+        {ObjectRef(font), ObjectRef(font), true},
+        {ObjectRef(font), ObjectRef(std::make_shared<StdFont>()), false},
+    };
+    for (const auto& [value, fallback, leftOut] : cases) {
+        MemoryBag bag;
+        bag.WriteProperty("Name", value, fallback);
+        EXPECT_EQ(bag.Values().empty(), leftOut)
+            << Described(value) << " / " << Described(fallback);
+    }
+}
+
+TEST(MemoryBag, ARepeatedNameKeepsItsPlaceAndTakesTheLastValue) {
+    MemoryBag bag;
+    for (const char* name : {"First", "Gone", "Last"}) bag.WriteProperty(name, 1.0, Variant());
+    bag.WriteProperty("First", std::int32_t{7}, std::int32_t{8});
+    bag.WriteProperty("Gone", true, true);
+    EXPECT_EQ(FormatProperties(bag), kHead + "First = int32 7\nLast = double 1\nend\n");
+}
+
+TEST(MemoryBag, FontsInItAreCopiesAndForeignObjectsAreRefused) {
+    struct Foreign : Object {};
+    MemoryBag bag;
+    const auto font = std::make_shared<StdFont>();
+    bag.WriteProperty("Font", ObjectRef(font), Variant());
+    font->size = 30;
+    const auto first = ToObject<StdFont>(bag.ReadProperty("Font", Variant()));
+    const auto second = ToObject<StdFont>(bag.ReadProperty("Font", Variant()));
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->size, StdFont().size);
+    EXPECT_THROW(bag.WriteProperty("Font", ObjectRef(std::make_shared<Foreign>()), Variant()),
+                 AutomationError);
+    EXPECT_EQ(bag.Values().size(), 1u);
+}
+
+TEST(PropertiesText, EveryValueComesBackUnderEveryName) {
+    MemoryBag bag;
+    int number = 0;
+    for (const Variant& value : AwkwardValues()) {
+        bag.WriteProperty("Plain" + std::to_string(number++), value, Variant());
+    }
+    for (const char* name : {"", "end", "a = b", "#", "\"", "line\nend", "\xC3\xBC", "\\"}) {
+        bag.WriteProperty(name, name, Variant());
+    }
+    const std::string content = FormatProperties(bag);
+    MemoryBag copy = ParseProperties(content);
+    EXPECT_EQ(FormatProperties(copy), content);
+    ASSERT_EQ(copy.Values().size(), bag.Values().size());
+    for (const auto& [name, value] : bag.Values()) {
+        EXPECT_EQ(Described(copy.ReadProperty(name, 77.0)), Described(value)) << name;
+    }
+}
+
+TEST(PropertiesText, LooksAsDocumented) {
+    MemoryBag bag;
+    bag.WriteProperty("Small", std::int16_t{-3}, Variant());
+    bag.WriteProperty("Color", std::uint32_t{0x80000005}, Variant());
+    bag.WriteProperty("Day", Date(43905.25), Variant());
+    bag.WriteProperty("Caption", "Tom's \"day\"\n", Variant());
+    auto font = std::make_shared<StdFont>();
+    font->bold = font->underline = true;
+    bag.WriteProperty("Font", ObjectRef(font), Variant());
+    const auto image = std::make_shared<PixelImage>(PixelImage{2, 1, {0xFF112233, 0x80000000}});
+    bag.WriteProperty(
+        "Icon", ObjectRef(std::make_shared<StdPicture>(PictureType::Icon, Size{53, 26}, image)),
+        Variant());
+    EXPECT_EQ(FormatProperties(bag), kHead +
+                                         "Small = int16 -3\n"
+                                         "Color = int32 -2147483643\n"
+                                         "Day = date 43905.25\n"
+                                         "Caption = text \"Tom's \\\"day\\\"\\n\"\n"
+                                         "Font = font \"Sans Serif\" 9 bold underline\n"
+                                         "Icon = picture icon 53 26 pixels 2 1 ESIz/wAAAIA=\n"
+                                         "end\n");
+}
+
+TEST(PropertiesText, ReadsWhatEditorsMakeOfIt) {
+    MemoryBag bag = ParseProperties(
+        "\xEF\xBB\xBFvelmora-properties 1\r\n\r\n  # a remark\r\n\tA =int32  1 \r\n\"B\"= text "
+        "\"x\"\r\n"
+        "A = int32 2\r\nend\r\n\r\n");
+    EXPECT_EQ(bag.ReadProperty("A", Variant()), Variant(std::int32_t{2}));
+    EXPECT_EQ(bag.ReadProperty("B", Variant()), Variant("x"));
+}
+
+TEST(PropertiesText, DamageIsReportedByLineAndReason) {
+    const struct {
+        std::string content;
+        std::size_t line;
+        const char* reason;
+    } cases[] = {
+        {"", 1, "no file of saved properties"},
+        {"[General]\nA=1\n", 1, "no file of saved properties"},
+        {"velmora-properties 2\nend\n", 1, "newer version"},
+        {kHead, 1, "cut off"},
+        {kHead + "A = int32 1\n", 2, "cut off"},
+        {kHead + "A = int32 1\ne", 3, "\"=\" is missing"},
+        {kHead + "end\nA = int32 1\n", 3, "behind the end"},
+        {kHead + "\nA int32 1\nend\n", 3, "\"=\" is missing"},
+        {kHead + "= int32 1\nend\n", 2, "begins with its name"},
+        {kHead + "\"A = int32 1\nend\n", 2, "closing quote"},
+        {kHead + "A =\nend\n", 2, "value is missing"},
+        {kHead + "A = colour 1\nend\n", 2, "unknown type \"colour\""},
+        {kHead + "A = int32\nend\n", 2, "number is missing"},
+        {kHead + "A = int32 1x\nend\n", 2, "\"1x\" is no number"},
+        {kHead + "A = int32 2147483648\nend\n", 2, "out of range"},
+        {kHead + "A = int16 32768\nend\n", 2, "out of range"},
+        {kHead + "A = double 1e999\nend\n", 2, "out of range"},
+        {kHead + "A = date 15.3.2020\nend\n", 2, "is no number"},
+        {kHead + "A = date 1,5\nend\n", 2, "is no number"},
+        {kHead + "A = boolean 1\nend\n", 2, "neither true nor false"},
+        {kHead + "A = text plain\nend\n", 2, "text in quotes is missing"},
+        {kHead + "A = text \"open\\\"\nend\n", 2, "closing quote"},
+        {kHead + "A = text \"\\", 2, "closing quote"},
+        {kHead + "A = text \"\\q\"\nend\n", 2, "unknown escape \"q\""},
+        {kHead + "A = text \"\\x4\"\nend\n", 2, "two hexadecimal digits"},
+        {kHead + "A = text \"a\" b\nend\n", 2, "\"b\" stands behind the value"},
+        {kHead + "A = int32 1 # remark\nend\n", 2, "\"#\" stands behind the value"},
+        {kHead + "A = font \"F\"\nend\n", 2, "font size is missing"},
+        {kHead + "A = font \"F\" 9 heavy\nend\n", 2, "unknown font style \"heavy\""},
+        {kHead + "A = picture photo 1 1\nend\n", 2, "unknown picture type"},
+        {kHead + "A = picture icon 1\nend\n", 2, "picture's height is missing"},
+        {kHead + "A = picture icon 1 1 bytes\nend\n", 2, "stands where pixels may stand"},
+        {kHead + "A = picture icon 1 1 pixels 0 5 AAAA\nend\n", 2, "no area"},
+        {kHead + "A = picture icon 1 1 pixels -1 -1 AAAAAA==\nend\n", 2, "no area"},
+        {kHead + "A = picture icon 1 1 pixels 2147483647 2147483647 A\nend\n", 2, "64 MiB"},
+        {kHead + "A = picture icon 1 1 pixels 4097 4096 A\nend\n", 2, "64 MiB"},
+        {kHead + "A = picture icon 1 1 pixels 4096 4096 A\nend\n", 2, "do not fill"},
+        {kHead + "A = picture icon 1 1 pixels 1 1 AAAAAAAA\nend\n", 2, "do not fill"},
+        {kHead + "A = picture icon 1 1 pixels 1 1 AAAAA===\nend\n", 2, "do not fill"},
+        {kHead + "A = picture icon 1 1 pixels 1 1 AAAAAB==\nend\n", 2, "do not fill"},
+        {kHead + "A = picture icon 1 1 pixels 1 1 AA*AAA==\nend\n", 2, "do not fill"},
+        {kHead + std::string(kLongestPropertyLine + 1, 'A') + "\nend\n", 2, "line is too long"},
+    };
+    for (const auto& [content, line, reason] : cases) {
+        try {
+            ParseProperties(content);
+            ADD_FAILURE() << "accepted: " << content.substr(0, 80);
+        } catch (const PropertyFileError& error) {
+            EXPECT_EQ(error.Problem(), FileProblem::Damaged);
+            EXPECT_EQ(error.Line(), line) << error.what();
+            EXPECT_NE(std::string(error.what()).find(reason), std::string::npos)
+                << error.what() << "\nwhere it should say: " << reason;
+        }
+    }
+}
+
+TEST(PropertiesText, EveryCutIsNoticed) {
+    MemoryBag bag;
+    int number = 0;
+    for (const Variant& value : AwkwardValues()) {
+        bag.WriteProperty("A" + std::to_string(number++), value, Variant());
+    }
+    const std::string content = FormatProperties(bag);
+    for (std::size_t length = 0; length + 1 < content.size(); ++length) {
+        EXPECT_THROW(ParseProperties(std::string_view(content).substr(0, length)),
+                     PropertyFileError)
+            << length;
+    }
+}
+
+TEST(PropertiesText, WhatCouldNotBeReadAgainIsNotWritten) {
+    const auto image = std::make_shared<PixelImage>();
+    image->width = 4097;
+    image->height = 4096;
+    image->pixels.resize(4097u * 4096u);
+    const Variant values[] = {
+        std::string(kLongestPropertyLine, 'a'),
+        ObjectRef(std::make_shared<StdPicture>(PictureType::Bitmap, Size{}, image))};
+    for (const Variant& value : values) {
+        MemoryBag bag;
+        bag.WriteProperty("Huge", value, Variant());
+        EXPECT_EQ(ProblemOf([&] { FormatProperties(bag); }), FileProblem::NotSaved);
+    }
+}
+
+TEST(TextFileBag, AnotherBagLoadsWhatOneHasSaved) {
+    const Folder folder;
+    const fs::path path = folder.path / "Gr\xC3\xBC\xC3\x9F\x65.txt";
+    TextFileBag saved(path);
+    saved.WriteProperty("A", Date(43905.75), Variant());
+    saved.Save();
+    saved.WriteProperty("B", "two", Variant());
+    saved.Save();
+    TextFileBag loaded(path);
+    loaded.Load();
+    EXPECT_EQ(loaded.ReadProperty("A", Variant()), Variant(Date(43905.75)));
+    EXPECT_EQ(loaded.ReadProperty("B", Variant()), Variant("two"));
+    EXPECT_EQ(folder.Entries(), 1);
+}
+
+TEST(TextFileBag, WhatCannotBeLoadedLeavesTheValues) {
+    const Folder folder;
+    WriteFile(folder.path / "damaged", kHead + "A = int32 1\nB = int32\nend\n");
+    const std::pair<const char*, FileProblem> cases[] = {
+        {"missing", FileProblem::Missing},
+        {"missing folder/file", FileProblem::Missing},
+        {".", FileProblem::NotReadable},
+        {"damaged", FileProblem::Damaged}};
+    for (const auto& [name, problem] : cases) {
+        TextFileBag bag(folder.path / name);
+        bag.WriteProperty("A", "before", Variant());
+        EXPECT_EQ(ProblemOf([&] { bag.Load(); }), problem) << name;
+        EXPECT_EQ(bag.ReadProperty("A", Variant()), Variant("before")) << name;
+    }
+    try {
+        TextFileBag(folder.path / "damaged").Load();
+    } catch (const PropertyFileError& error) {
+        EXPECT_NE(std::string(error.what()).find("damaged, line 3: "), std::string::npos)
+            << error.what();
+    }
+}
+
+TEST(TextFileBag, AFailedSaveLeavesNothingBehind) {
+    const Folder folder;
+    fs::create_directories(folder.path / "folder" / "inner");
+    for (const char* name : {"missing/file", "folder"}) {
+        TextFileBag bag(folder.path / name);
+        EXPECT_EQ(ProblemOf([&] { bag.Save(); }), FileProblem::NotSaved) << name;
+        EXPECT_EQ(folder.Entries(), 1) << name;
+    }
+    EXPECT_TRUE(fs::is_directory(folder.path / "folder" / "inner"));
+}
+
+#ifdef __unix__
+/// While it lives, no file can be written beyond `bytes`: a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int);
+};
+
+TEST(TextFileBag, AFullDiskLeavesTheOldFile) {
+    const Folder folder;
+    const fs::path path = folder.path / "file";
+    WriteFile(path, "the old content");
+    for (const std::size_t length : {std::size_t{100}, std::size_t{1} << 20}) {
+        TextFileBag bag(path);
+        bag.WriteProperty("A", std::string(length, 'a'), Variant());
+        const FullDisk full(64);
+        EXPECT_EQ(ProblemOf([&] { bag.Save(); }), FileProblem::NotSaved) << length;
+    }
+    EXPECT_EQ(ContentOf(path), "the old content");
+    EXPECT_EQ(folder.Entries(), 1);
+}
+
+TEST(TextFileBag, SavesThroughALinkAndKeepsThePermissions) {
+    const Folder folder;
+    const fs::path path = folder.path / "file";
+    WriteFile(path, "the old content");
+    const auto ownerOnly = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(path, ownerOnly);
+    fs::create_symlink("file", folder.path / "link");
+    TextFileBag(folder.path / "link").Save();
+    EXPECT_TRUE(fs::is_symlink(folder.path / "link"));
+    EXPECT_EQ(ContentOf(path), kHead + "end\n");
+    EXPECT_EQ(fs::status(path).permissions(), ownerOnly);
+    EXPECT_EQ(ProblemOf([] { TextFileBag("/dev/full").Save(); }), FileProblem::NotSaved);
+    EXPECT_EQ(ProblemOf([] { TextFileBag("/dev/zero").Load(); }), FileProblem::NotReadable);
+}
+#endif
+
+}  // namespace
+}  // namespace velmora::test
