@@ -8,6 +8,8 @@ namespace velmora {
 
 /// Painting, changes until they are painted, and the life of a widget.
 void RegisterWidgetBenchmarks(ResultTable& table);
+/// Opening the date box.
+void RegisterDropDownBenchmarks(ResultTable& table);
 /// Hit tests, date arithmetic, date text.
 void RegisterDateBenchmarks(ResultTable& table);
 /// Measures at once, before anything else uses the heap: bytes per shown calendar.

@@ -85,9 +85,10 @@ Variant ColorOf(const QColor& color) {
     return static_cast<OLE_COLOR>(color.red() | color.green() << 8 | color.blue() << 16);
 }
 
-void DecorateShownMonth(VmCalendarWidget& calendar) {
+template <class Control>
+void DecorateShownMonth(Control& control) {
     for (const Decoration& decoration : Decorations()) {
-        const DayRef day = calendar.day(decoration.day);
+        const DayRef day = control.day(decoration.day);
         if (!day) continue;
         day->Caption(decoration.caption);
         if (decoration.back) day->BackColor(ColorOf(*decoration.back));
@@ -96,14 +97,24 @@ void DecorateShownMonth(VmCalendarWidget& calendar) {
     }
 }
 
+template <class Control>
+void DecorateEveryMonth(Control& control) {
+    DecorateShownMonth(control);
+    const auto again = [&control] { DecorateShownMonth(control); };
+    // The same month of another year is another month.
+    QObject::connect(&control, &Control::monthChanged, &control, again);
+    QObject::connect(&control, &Control::yearChanged, &control, again);
+}
+
 }  // namespace
 
-void Decorate(VmCalendarWidget& calendar) {
-    DecorateShownMonth(calendar);
-    const auto again = [&calendar] { DecorateShownMonth(calendar); };
-    // The same month of another year is another month.
-    QObject::connect(&calendar, &VmCalendarWidget::monthChanged, &calendar, again);
-    QObject::connect(&calendar, &VmCalendarWidget::yearChanged, &calendar, again);
+void Decorate(VmCalendarWidget& calendar) { DecorateEveryMonth(calendar); }
+
+void Decorate(VmCalDropDownWidget& box) {
+    DecorateEveryMonth(box);
+    // The month of the date and the one that was turned to last are different months.
+    QObject::connect(&box, &VmCalDropDownWidget::dropDown, &box,
+                     [&box] { DecorateShownMonth(box); });
 }
 
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hosts/qt/VmCalDropDownWidget.h"
 #include "hosts/qt/VmCalendarWidget.h"
 
 namespace velmora {
@@ -7,5 +8,6 @@ namespace velmora {
 /// Gives some days of the shown month colours, captions and pictures, and does it again for every
 /// month that the calendar turns to, as a new month begins undecorated.
 void Decorate(VmCalendarWidget& calendar);
+void Decorate(VmCalDropDownWidget& box);
 
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #include "apps/gallery/Pages.h"
 
+#include "apps/gallery/DateBoxPage.h"
 #include "apps/gallery/Decorations.h"
 #include "apps/gallery/LivePage.h"
 
@@ -127,6 +128,7 @@ constexpr Page kPages[] = {
     {"styles", "Styles", MakeStylesPage},
     {"decorated-days", "Decorated days", MakeDecoratedPage},
     {"variants", "Work week and disabled", MakeVariantsPage},
+    {"date-boxes", "Date boxes", MakeDateBoxPage},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <memory>
@@ -13,6 +14,7 @@ namespace velmora {
 namespace {
 
 constexpr qint64 kJulianDayZero = 2415019;  // 30 December 1899
+constexpr int kMillisecondsPerDay = 86'400'000;
 constexpr double kHimetricPerInch = 2540;
 constexpr double kUsualPixelsPerInch = 96;
 
@@ -27,6 +29,19 @@ std::int32_t ToHimetric(int pixels) {
 Date ToDate(QDate date) { return Date(static_cast<double>(date.toJulianDay() - kJulianDayZero)); }
 
 QDate ToQDate(DayNumber day) { return QDate::fromJulianDay(day + kJulianDayZero); }
+
+Date ToDate(const QDateTime& moment) {
+    const double time = moment.time().msecsSinceStartOfDay() / double{kMillisecondsPerDay};
+    return DateOf(DayOf(ToDate(moment.date())), time);
+}
+
+QDateTime ToQDateTime(Date date) {
+    const auto time = static_cast<int>(std::lround(TimeOf(date) * kMillisecondsPerDay));
+    return {ToQDate(DayOf(date)),
+            QTime::fromMSecsSinceStartOfDay(std::min(time, kMillisecondsPerDay - 1))};
+}
+
+Date LocalNow() { return ToDate(QDateTime::currentDateTime()); }
 
 OLE_COLOR ToOleColor(const QColor& color) {
     const QRgb rgb = color.rgb();

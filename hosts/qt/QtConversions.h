@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QDate>
+#include <QDateTime>
 #include <QFont>
 #include <QImage>
 #include <QString>
@@ -23,6 +24,11 @@ inline QString ToQString(std::string_view text) {
 /// The day, without a time; one beyond the calendar's years stays beyond them. `date` is valid.
 Date ToDate(QDate date);
 QDate ToQDate(DayNumber day);
+/// With the time of day, to the millisecond; the time zone plays no part.
+Date ToDate(const QDateTime& moment);
+QDateTime ToQDateTime(Date date);
+/// The present moment.
+Date LocalNow();
 
 /// A plain RGB value; `color` is valid, its alpha is dropped.
 OLE_COLOR ToOleColor(const QColor& color);

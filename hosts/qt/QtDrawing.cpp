@@ -100,6 +100,10 @@ WindowHandle QtDrawing::HandleOf(QWidget* window) noexcept {
     return static_cast<WindowHandle>(reinterpret_cast<std::uintptr_t>(window));
 }
 
+QWidget* QtDrawing::WidgetOf(WindowHandle window) noexcept {
+    return reinterpret_cast<QWidget*>(static_cast<std::uintptr_t>(window));
+}
+
 QPalette QtDrawing::Palette() const {
     return m_widget != nullptr ? m_widget->palette() : QGuiApplication::palette();
 }
@@ -247,7 +251,7 @@ void QtDrawing::RestoreDC(SurfaceHandle surface) {
 }
 
 void QtDrawing::InvalidateRect(WindowHandle window, const Rect* rect) {
-    auto* const widget = reinterpret_cast<QWidget*>(static_cast<std::uintptr_t>(window));
+    QWidget* const widget = WidgetOf(window);
     if (widget == nullptr) return;
     if (rect == nullptr) {
         widget->update();

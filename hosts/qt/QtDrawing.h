@@ -49,6 +49,7 @@ public:
 
     /// The handle under which `InvalidateRect` knows a widget.
     static WindowHandle HandleOf(QWidget* window) noexcept;
+    static QWidget* WidgetOf(WindowHandle window) noexcept;
 
     Rgb GetSysColor(int index) override;
 

@@ -1,0 +1,329 @@
+#include "hosts/qt/VmCalDropDownWidget.h"
+
+#include "dropdown/VmCalDropDown.h"
+#include "hosts/qt/QtDropDownForm.h"
+#include "tests/hosts/WidgetSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QMetaEnum>
+#include <QMetaProperty>
+#include <QScrollArea>
+
+#include <functional>
+
+namespace velmora {
+namespace {
+
+using Box = VmCalDropDownWidget;
+
+QtDropDownForm& TheForm() { return *QtDropDownForm::Shared(); }
+
+/// A box at noon of 15 May 2024 in a window of its own.
+class BoxWindow : public QWidget {
+public:
+    BoxWindow() : box(new Box(this)) {
+        setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+        setPalette(TestPalette());
+        box->setGeometry(10, 10, 150, 24);
+        box->setDateValue(QDateTime(kMay15, QTime(12, 0)));
+        resize(300, 100);
+        show();
+        activateWindow();
+        QApplication::processEvents();
+        NoteSignals();
+    }
+
+    ~BoxWindow() override { delete box; }  // while its signals can still be noted
+
+    Names TakeLog() { return std::exchange(m_log, {}); }
+    void Note(const std::string& text) { m_log.push_back(text); }
+    void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+        if (box) SendKey(box, QEvent::KeyPress, key, modifiers);
+    }
+    /// A press and release on a day of the open calendar.
+    static void ClickDay(QDate date) {
+        VmCalendar& calendar = TheForm().Form().Calendar();
+        QRect cell;
+        for (int y = 0; y < TheForm().height(); y += 3) {
+            for (int x = 0; x < TheForm().width(); x += 3) {
+                const auto day =
+                    calendar.DateFromPoint(static_cast<float>(x), static_cast<float>(y));
+                if (day && QDate(1899, 12, 30).addDays(*day) == date) cell |= QRect(x, y, 1, 1);
+            }
+        }
+        Click(&TheForm(), cell.center());
+    }
+
+    QPointer<Box> box;
+
+private:
+    void NoteSignals() {
+        const auto number = [this](const char* name) {
+            return [this, name](int value) { Note(name + std::to_string(value)); };
+        };
+        connect(box, &Box::closeUp, this, [this] { Note("closeUp"); });
+        connect(box, &Box::dropDown, this, [this] { Note("dropDown"); });
+        connect(box, &Box::dateChanged, this,
+                [this](QDate date) { Note(date.toString(Qt::ISODate).toStdString()); });
+        connect(box, &Box::dayChanged, this, number("day:"));
+        connect(box, &Box::monthChanged, this, number("month:"));
+        connect(box, &Box::yearChanged, this, number("year:"));
+        connect(box, &Box::keyDown, this, number("keyDown:"));
+        connect(box, &Box::mouseDown, this, number("mouseDown:"));
+        connect(box, &Box::mouseUp, this, number("mouseUp:"));
+        connect(box, &Box::dateValueChanged, this, [this] { Note("dateValueChanged"); });
+    }
+
+    Names m_log;
+};
+
+void ExpectNothingRuns(const char* what) {
+    EXPECT_FALSE(TheForm().isVisible()) << what;
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr) << what;
+    for (const QTimer* const timer : TheForm().findChildren<QTimer*>()) {
+        EXPECT_FALSE(timer->isActive()) << what;
+    }
+}
+
+QImage ImageOf(Box& box) {
+    QImage image(box.size(), QImage::Format_RGB32);
+    box.render(&image);
+    return image;
+}
+
+struct Samples {
+    std::vector<QVariant> good;
+    std::vector<QVariant> bad;
+};
+
+Samples SamplesOf(const QMetaProperty& property) {
+    if (property.isEnumType()) {
+        const QMetaEnum keys = property.enumerator();
+        Samples samples;
+        for (int i = 0; i < keys.keyCount(); ++i) samples.good.push_back(keys.value(i));
+        samples.bad = {keys.value(0) - 1, keys.value(keys.keyCount() - 1) + 1};
+        return samples;
+    }
+    const std::string name = property.name();
+    const QDate outside[] = {QDate(), QDate(199, 12, 31), QDate(4601, 1, 1)};
+    switch (property.typeId()) {
+        case QMetaType::QColor: return {{QColor(1, 2, 3), QColor(Qt::red)}, {QColor()}};
+        case QMetaType::QFont: return {{QFont("DejaVu Serif", 13, QFont::Bold, true)}, {}};
+        case QMetaType::QString: return {{"yyyy", "", "Long Date"}, {}};
+        case QMetaType::Bool: return {{true, false}, {}};
+        case QMetaType::Int:
+            if (name == "mousePointer") return {{0, 15, 99}, {}};
+            return {{0, 1, 300}, {-1}};
+        case QMetaType::QDate:
+            return {{name == "dateMax" ? QDate(2500, 2, 28) : QDate(1752, 9, 1)},
+                    {outside[0], outside[1], outside[2]}};
+        case QMetaType::QDateTime:
+            return {{QDateTime(QDate(1899, 12, 29), QTime(18, 0, 0, 1))}, {QDateTime()}};
+        default: return {};
+    }
+}
+
+int s_warnings = 0;
+
+TEST(VmCalDropDownWidget, EveryPropertyReadsBackWhatWasWrittenAndRefusesTheRest) {
+    const QMetaObject& meta = Box::staticMetaObject;
+    ASSERT_EQ(meta.propertyCount() - meta.propertyOffset(), 39);
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+        const QMetaProperty property = meta.property(i);
+        if (std::string(property.name()) == "dropDownState") continue;  // needs the focus
+        SCOPED_TRACE(property.name());
+        Box box;
+        const Samples samples = SamplesOf(property);
+        EXPECT_TRUE(!samples.good.empty() || property.typeId() == QMetaType::QPixmap);
+        s_warnings = 0;
+        const auto before = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext&, const QString& text) {
+                if (text.startsWith("VmCalDropDownWidget: ")) ++s_warnings;
+            });
+        QVariant kept;
+        for (const QVariant& value : samples.good) {
+            EXPECT_TRUE(property.write(&box, value));
+            kept = property.read(&box);
+            EXPECT_EQ(property.isEnumType() ? QVariant(kept.toInt()) : kept, value);
+        }
+        EXPECT_EQ(s_warnings, 0);
+        for (const QVariant& value : samples.bad) {
+            property.write(&box, value);
+            EXPECT_EQ(property.read(&box), kept);
+        }
+        EXPECT_EQ(s_warnings, static_cast<int>(samples.bad.size()));
+        qInstallMessageHandler(before);
+    }
+}
+
+TEST(VmCalDropDownWidget, LooksLikeItsState) {
+    BoxWindow window;
+    Box& box = *window.box;
+    const auto ground = [&] { return ImageOf(box).pixelColor(box.width() - 25, 6); };
+    const QRect button(box.width() - 18, 2, 16, box.height() - 4);
+    box.clearFocus();
+    const QImage normal = ImageOf(box);
+    EXPECT_EQ(ground(), box.palette().color(QPalette::Active, QPalette::Base));
+    box.setFocus();
+    EXPECT_EQ(ground(), QColor(Qt::blue));
+    EXPECT_EQ(ImageOf(box).copy(button), normal.copy(button));
+    SendMouse(&box, QEvent::MouseButtonPress, {140, 12});
+    EXPECT_NE(ImageOf(box).copy(button), normal.copy(button));
+    SendMouse(&box, QEvent::MouseButtonRelease, {140, 12});
+    EXPECT_EQ(ImageOf(box).copy(button), normal.copy(button));
+    box.setEnabled(false);
+    EXPECT_EQ(ground(), box.palette().color(QPalette::Active, QPalette::Base));
+    EXPECT_NE(ImageOf(box).copy(button), normal.copy(button));
+    EXPECT_NE(ImageOf(box).copy(4, 4, 100, 16), normal.copy(4, 4, 100, 16)) << "text is not grey";
+    for (const QSize size : {QSize(1, 1), QSize(18, 20), QSize(400, 3)}) {
+        box.resize(size);
+        EXPECT_FALSE(ImageOf(box).isNull());
+    }
+}
+
+TEST(VmCalDropDownWidget, EmitsInOrderAndLeavesNothingRunning) {
+    struct Case {
+        const char* name;
+        std::function<void(BoxWindow&)> act;
+        Names log;
+    };
+    const auto open = [](BoxWindow& window) {
+        window.Key(Qt::Key_F4);
+        window.TakeLog();
+    };
+    const std::initializer_list<Case> cases = {
+        {"press and press", [](BoxWindow& w) {
+             SendMouse(w.box, QEvent::MouseButtonPress, {140, 12});
+             EXPECT_TRUE(TheForm().isVisible());
+             SendMouse(w.box, QEvent::MouseButtonPress, {140, 12});
+         }, {"mouseDown:1", "dropDown", "mouseDown:1", "closeUp"}},
+        {"a day", [&](BoxWindow& w) { open(w), w.ClickDay({2024, 5, 20}); },
+         {"mouseDown:1", "2024-05-20", "dateValueChanged", "day:20", "mouseUp:1", "closeUp"}},
+        {"keys", [&](BoxWindow& w) {
+             w.Key(Qt::Key_Down, Qt::AltModifier);
+             w.Key(Qt::Key_Right);
+             w.Key(Qt::Key_Return);
+         }, {"keyDown:40", "dropDown", "keyDown:39", "2024-05-16", "dateValueChanged", "day:16",
+             "keyDown:13", "closeUp"}},
+        {"keys while closed", [](BoxWindow& w) { w.Key(Qt::Key_PageDown); },
+         {"keyDown:34", "2024-06-15", "month:6", "dateValueChanged"}},
+        {"state", [](BoxWindow& w) {
+             w.box->setFocus();
+             w.box->setDropDownState(true);
+             EXPECT_TRUE(w.box->dropDownState() && TheForm().isVisible());
+             w.box->setDropDownState(false);
+         }, {"dropDown", "closeUp"}},
+        {"press outside", [&](BoxWindow& w) {
+             open(w);
+             EXPECT_EQ(QWidget::mouseGrabber(), &TheForm());
+             Click(&TheForm(), {-50, -50});
+         }, {"mouseDown:1", "closeUp"}},
+        {"hidden", [&](BoxWindow& w) { open(w), w.box->hide(); }, {"closeUp"}},
+        {"window hidden", [&](BoxWindow& w) { open(w), w.hide(); }, {"closeUp"}},
+        {"window moved", [&](BoxWindow& w) { open(w), w.move(w.pos() + QPoint(9, 9)); },
+         {"closeUp"}},
+        {"resized", [&](BoxWindow& w) { open(w), w.box->resize(160, 24); }, {"closeUp"}},
+        {"disabled", [&](BoxWindow& w) { open(w), w.setEnabled(false); }, {"closeUp"}},
+        {"focus lost", [&](BoxWindow& w) { w.box->setFocus(), open(w), w.box->clearFocus(); },
+         {"closeUp"}},
+        {"deleted", [&](BoxWindow& w) { open(w), delete w.box; }, {}},
+    };
+    for (const Case& c : cases) {
+        BoxWindow window;
+        c.act(window);
+        ExpectNothingRuns(c.name);
+        QApplication::processEvents();
+        EXPECT_EQ(window.TakeLog(), c.log) << c.name;
+        EXPECT_TRUE(!window.box || window.box->dateValue().time() == QTime(12, 0)) << c.name;
+    }
+}
+
+TEST(VmCalDropDownWidget, CancelledOpeningShowsNothing) {
+    BoxWindow window;
+    QObject::connect(window.box, &Box::dropDown, [](bool& cancel) { cancel = true; });
+    window.Key(Qt::Key_F4);
+    EXPECT_TRUE(window.box->dropDownState());
+    ExpectNothingRuns("cancelled");
+    window.Key(Qt::Key_F4);
+    EXPECT_FALSE(window.box->dropDownState());
+}
+
+TEST(VmCalDropDownWidget, OpenCalendarLooksAsItsBox) {
+    BoxWindow window;
+    window.box->setDropDownWidth(321);
+    window.box->setDropDownAlignment(Box::RightJustified);
+    window.Key(Qt::Key_F4);
+    EXPECT_EQ(TheForm().size(), QSize(321, 200));
+    EXPECT_EQ(TheForm().pos(), window.box->mapToGlobal(QPoint(150 - 1 - 321, 24)));
+    EXPECT_EQ(TheForm().palette().color(QPalette::Highlight), QColor(Qt::blue));
+    EXPECT_EQ(TheForm().locale().language(), QLocale::English);
+    window.setLocale(QLocale(QLocale::German, QLocale::Germany));
+    window.setPalette(QPalette(QColor(50, 50, 50)));
+    EXPECT_EQ(TheForm().locale().language(), QLocale::German);
+    EXPECT_EQ(TheForm().palette().color(QPalette::Button), QColor(50, 50, 50));
+    EXPECT_EQ(window.box->text(), "15.05.2024");
+    EXPECT_TRUE(TheForm().isVisible());
+}
+
+TEST(VmCalDropDownWidget, ClosesWhenWhatItLiesOnIsScrolled) {
+    QScrollArea area;
+    auto* const content = new QWidget;
+    content->resize(500, 500);
+    auto* const box = new Box(content);
+    area.setWidget(content);
+    area.show();
+    SendKey(box, QEvent::KeyPress, Qt::Key_F4);
+    EXPECT_TRUE(TheForm().isVisible());
+    content->move(0, -20);
+    ExpectNothingRuns("scrolled");
+}
+
+/// Any slot does its worst in the middle of any input.
+TEST(VmCalDropDownWidget, SurvivesItsSlots) {
+    const std::function<void(BoxWindow&)> slots_[] = {
+        [](BoxWindow& w) { delete w.box; },
+        [](BoxWindow& w) { w.box->setDropDownState(false); },
+        [](BoxWindow& w) { w.box->setFocus(), w.box->setDropDownState(true); },
+        [](BoxWindow& w) { w.box->setDateValue(QDateTime(QDate(2031, 7, 7), QTime(1, 0))); },
+        [](BoxWindow& w) { w.box->hide(); },
+        [](BoxWindow& w) { w.box->setEnabled(false); },
+    };
+    const std::function<void(BoxWindow&)> inputs[] = {
+        [](BoxWindow& w) { Click(w.box.data(), {140, 12}); },
+        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.ClickDay({2024, 6, 2}); },
+        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.Key(Qt::Key_PageDown, Qt::ControlModifier); },
+        [](BoxWindow& w) { w.Key(Qt::Key_F4), Click(&TheForm(), {900, 900}); },
+        [](BoxWindow& w) { w.box->setFocus(), w.box->setDropDownState(true), w.hide(); },
+        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.move(3, 3); },
+        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.box ? w.box->clearFocus() : void(); },
+    };
+    for (const auto& input : inputs) {
+        for (const auto& slot : slots_) {
+            for (int signal = 0; signal < 9; ++signal) {
+                BoxWindow window;
+                int depth = 0;
+                const auto act = [&] {
+                    if (depth++ == 0 && window.box) slot(window);
+                };
+                Box* const box = window.box;
+                if (signal == 0) QObject::connect(box, &Box::closeUp, act);
+                if (signal == 1) QObject::connect(box, &Box::dropDown, act);
+                if (signal == 2) QObject::connect(box, &Box::dateChanged, act);
+                if (signal == 3) QObject::connect(box, &Box::dayChanged, act);
+                if (signal == 4) QObject::connect(box, &Box::monthChanged, act);
+                if (signal == 5) QObject::connect(box, &Box::keyDown, act);
+                if (signal == 6) QObject::connect(box, &Box::mouseDown, act);
+                if (signal == 7) QObject::connect(box, &Box::mouseUp, act);
+                if (signal == 8) QObject::connect(box, &Box::dateValueChanged, act);
+                input(window);
+                QApplication::processEvents();
+                if (!window.box || !window.box->dropDownState()) ExpectNothingRuns("any slot");
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace velmora
