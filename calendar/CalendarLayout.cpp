@@ -5,7 +5,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kFrame = 2;       // the outer frame, both sides together
+constexpr int kFrame = 2;        // the outer frame, both sides together
 constexpr int kLargest = 32767;  // of a window's width and height
 
 constexpr int FloorDiv(int value, int divisor) noexcept {

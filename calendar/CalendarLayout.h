@@ -31,14 +31,14 @@ struct CalendarLayout {
     int columnCount = 7;
     int cellWidth = 0;
     int rowHeight = 0;
-    int monthBandHeight = 0;   // from y = 0; the line at this y closes the band
+    int monthBandHeight = 0;  // from y = 0; the line at this y closes the band
     bool hasWeekDayRow = false;
-    int gridTop = 0;           // the first row of cells begins below this line
+    int gridTop = 0;                         // the first row of cells begins below this line
     std::array<Rect, kArrowCount> arrows{};  // arrows style only; right and bottom exclusive
-    Rect monthList;            // combo style only
+    Rect monthList;                          // combo style only
     Rect yearText;
     Rect yearSpinner;
-    Rect dateScroll;           // scroll-bar style only
+    Rect dateScroll;  // scroll-bar style only
 
     Rect Client() const noexcept { return {0, 0, client.width, client.height}; }
     /// The band with its closing line, inside the frame. Right and bottom exclusive.

@@ -13,20 +13,39 @@ constexpr auto kMembers = CommonMembers<VmCalendar>();
 
 /// The members that `SetProps` copies, in its order. The two limits stand for both of them.
 constexpr std::string_view kCopied[] = {
-    "Appearance",          "SelectedDayBackColor",    "SelectedDayForeColor",
-    "DayAppearance",       "DayCaptionAlignment",     "DayFont",
-    "DayNumberAlignment",  "DayPictureAlignment",     "Days",
-    "FirstDayOfWeek",      "MonthAppearance",         "MonthBackColor",
-    "MonthDisplay",        "MonthFont",               "MonthForeColor",
-    "MouseIcon",           "MousePointer",            "DateMax",
-    "DateValue",           "MonthYearSelStyle",       "ShowWeekend",
-    "TodayBackColor",      "TodayForeColor",          "WeekDayAppearance",
-    "WeekDayBackColor",    "WeekDayDisplay",          "WeekDayFont",
-    "WeekDayCaptionAlignment", "WeekDayForeColor",
+    "Appearance",
+    "SelectedDayBackColor",
+    "SelectedDayForeColor",
+    "DayAppearance",
+    "DayCaptionAlignment",
+    "DayFont",
+    "DayNumberAlignment",
+    "DayPictureAlignment",
+    "Days",
+    "FirstDayOfWeek",
+    "MonthAppearance",
+    "MonthBackColor",
+    "MonthDisplay",
+    "MonthFont",
+    "MonthForeColor",
+    "MouseIcon",
+    "MousePointer",
+    "DateMax",
+    "DateValue",
+    "MonthYearSelStyle",
+    "ShowWeekend",
+    "TodayBackColor",
+    "TodayForeColor",
+    "WeekDayAppearance",
+    "WeekDayBackColor",
+    "WeekDayDisplay",
+    "WeekDayFont",
+    "WeekDayCaptionAlignment",
+    "WeekDayForeColor",
 };
 
-/// Copies one thing after the other as long as the target lives, and keeps the first refusal for the
-/// end.
+/// Copies one thing after the other as long as the target lives, and keeps the first refusal for
+/// the end.
 class Copier {
 public:
     Copier(const AutomationObject& from, VmCalendar& to, const Lifetime::Watch& alive)

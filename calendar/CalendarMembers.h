@@ -22,10 +22,9 @@ struct Member {
 template <class Owner, const auto& kProperty>
 constexpr Member<Owner> Described() {
     using T = typename std::remove_cvref_t<decltype(kProperty)>::Value;
-    return {kProperty.name, [](const Owner& owner) { return ToVariant<T>(owner.Get(kProperty)); },
-            [](Owner& owner, const Variant& value) {
-                owner.Let(kProperty, FromVariant<T>(value));
-            }};
+    return {
+        kProperty.name, [](const Owner& owner) { return ToVariant<T>(owner.Get(kProperty)); },
+        [](Owner& owner, const Variant& value) { owner.Let(kProperty, FromVariant<T>(value)); }};
 }
 
 /// The properties that a calendar and everything that stands in for one have in common. The owner
@@ -64,7 +63,8 @@ constexpr auto CommonMembers() {
           [](Owner& o, const Variant& v) { o.MouseIcon(FromVariant<PictureRef>(v)); }},
         M{kMousePointer, [](const Owner& o) { return Variant(o.MousePointer()); },
           [](Owner& o, const Variant& v) { o.MousePointer(FromVariant<std::int16_t>(v)); }},
-        M{"SelectedDay", [](const Owner& o) { return Variant(ObjectRef(o.SelectedDay())); }, nullptr},
+        M{"SelectedDay", [](const Owner& o) { return Variant(ObjectRef(o.SelectedDay())); },
+          nullptr},
         Described<Owner, kSelectedDayBackColor>(),
         Described<Owner, kSelectedDayForeColor>(),
         Described<Owner, kTodayBackColor>(),

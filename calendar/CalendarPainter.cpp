@@ -72,8 +72,8 @@ CalendarPainter::CalendarPainter(Drawing& drawing, const CalendarView& view)
 void CalendarPainter::PaintCalendar(SurfaceHandle window) {
     const Rect client = m_view.layout.Client();
     const OwnedSurface memory(m_drawing, m_drawing.CreateCompatibleDC(window));
-    const OwnedObject bitmap(
-        m_drawing, m_drawing.CreateCompatibleBitmap(window, client.right, client.bottom));
+    const OwnedObject bitmap(m_drawing,
+                             m_drawing.CreateCompatibleBitmap(window, client.right, client.bottom));
     if (!memory || !bitmap) {
         PaintAll(window);
         return;
@@ -192,7 +192,8 @@ void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
     const Selection selected(m_drawing, surface, font);
     Rect place{2, 2, m_view.layout.client.width - 3, m_view.layout.monthBandHeight - 2};
     if (state.monthYearSelStyle == VmMonthSelCombo) {
-        // The list and the year box say the same; beside them the caption stands whole or not at all.
+        // The list and the year box say the same; beside them the caption stands whole or not at
+        // all.
         place.right = m_view.layout.monthList.left - kTextInsetX;
         Rect extent;
         m_drawing.DrawTextA(surface, text, extent, kTextSingleLine | kTextCalcRect);
@@ -228,15 +229,15 @@ void CalendarPainter::PaintWeekDay(SurfaceHandle surface, int column, const Owne
 std::string CalendarPainter::WeekDayCaption(int column) const {
     const CalendarState& state = m_view.state;
     const int weekDay = (state.GridFirstDay() % 7 + 7 + column) % 7;  // 0 Saturday, 1 Sunday, ..
-    const Date date = DateOf(weekDay);  // day 0 is a Saturday
+    const Date date = DateOf(weekDay);                                // day 0 is a Saturday
     if (state.weekDayDisplay == VmWeekDayAbbrName) return m_view.dates.Format(date, "ddd");
     const std::string name = m_view.dates.Format(date, "dddd");
     return state.weekDayDisplay == VmWeekDayLetter ? FirstLetter(name) : name;
 }
 
 void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> exposed) {
-    const OwnedObject font(
-        m_drawing, m_drawing.CreateFontIndirectA(FontToLogFont(*m_view.state.dayFont)));
+    const OwnedObject font(m_drawing,
+                           m_drawing.CreateFontIndirectA(FontToLogFont(*m_view.state.dayFont)));
     const Selection selected(m_drawing, surface, font);
     for (DayNumber day = m_grid.FirstVisible(); day <= m_grid.LastVisible(); ++day) {
         const auto cell = m_grid.DayCellRect(day);

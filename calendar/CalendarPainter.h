@@ -36,8 +36,8 @@ class CalendarPainter {
 public:
     CalendarPainter(Drawing& drawing, const CalendarView& view);
 
-    /// The whole calendar, composed off screen and copied to the window in one go. Where there is no
-    /// memory for that, it is drawn on the window.
+    /// The whole calendar, composed off screen and copied to the window in one go. Where there is
+    /// no memory for that, it is drawn on the window.
     void PaintCalendar(SurfaceHandle window);
     /// What lies in the rectangles, and possibly more of it: single cells and bands are drawn in
     /// place, anything else is a paint of the whole.

@@ -53,12 +53,11 @@ constexpr bool IsMousePointer(std::int16_t value) {
 
 constexpr bool AdmitsColor(const OLE_COLOR& color) { return IsPropertyColor(color); }
 
-
 inline constexpr auto kAdmitsAppearance = Within<VmAppearanceFlat, VmAppearance3D>;
 inline constexpr auto kAdmitsTextAlignment = Within<VmTextTopLeft, VmTextBottomRight>;
 
-inline constexpr Property<VmAppearanceConstants> kAppearance{"Appearance", &CalendarState::appearance,
-                                                             kAdmitsAppearance};
+inline constexpr Property<VmAppearanceConstants> kAppearance{
+    "Appearance", &CalendarState::appearance, kAdmitsAppearance};
 inline constexpr Property<Date> kDateMax{"DateMax", &CalendarState::dateMax};
 inline constexpr Property<Date> kDateMin{"DateMin", &CalendarState::dateMin};
 inline constexpr Property<Date> kDateValue{"DateValue", &CalendarState::dateValue};
@@ -67,7 +66,8 @@ inline constexpr Property<VmAppearanceConstants> kDayAppearance{
 inline constexpr DayColorProperty kDayDefaultBackColor{
     "DayDefaultBackColor", &VmDays::DefaultBackColor, &VmDays::DefaultBackColor, AdmitsColor};
 inline constexpr DayColorProperty kDayOtherMonthForeColor{
-    "DayOtherMonthForeColor", &VmDays::OtherMonthForeColor, &VmDays::OtherMonthForeColor, AdmitsColor};
+    "DayOtherMonthForeColor", &VmDays::OtherMonthForeColor, &VmDays::OtherMonthForeColor,
+    AdmitsColor};
 inline constexpr DayColorProperty kDayDefaultForeColor{
     "DayDefaultForeColor", &VmDays::DefaultForeColor, &VmDays::DefaultForeColor, AdmitsColor};
 inline constexpr Property<VmTextAlignmentConstants> kDayCaptionAlignment{
@@ -76,9 +76,10 @@ inline constexpr Property<FontRef> kDayFont{"DayFont", &CalendarState::dayFont};
 inline constexpr Property<VmTextAlignmentConstants> kDayNumberAlignment{
     "DayNumberAlignment", &CalendarState::dayNumberAlignment, kAdmitsTextAlignment};
 inline constexpr Property<VmPictureAlignmentConstants> kDayPictureAlignment{
-    "DayPictureAlignment", &CalendarState::dayPictureAlignment, Within<VmPictTopLeft, VmPictBelowText>};
-inline constexpr Property<VmWeekDays> kFirstDayOfWeek{"FirstDayOfWeek", &CalendarState::firstDayOfWeek,
-                                                      Within<VmSunday, VmSaturday>};
+    "DayPictureAlignment", &CalendarState::dayPictureAlignment,
+    Within<VmPictTopLeft, VmPictBelowText>};
+inline constexpr Property<VmWeekDays> kFirstDayOfWeek{
+    "FirstDayOfWeek", &CalendarState::firstDayOfWeek, Within<VmSunday, VmSaturday>};
 inline constexpr Property<VmAppearanceConstants> kMonthAppearance{
     "MonthAppearance", &CalendarState::monthAppearance, kAdmitsAppearance};
 inline constexpr Property<OLE_COLOR> kMonthBackColor{
@@ -89,15 +90,16 @@ inline constexpr Property<FontRef> kMonthFont{"MonthFont", &CalendarState::month
 inline constexpr Property<OLE_COLOR> kMonthForeColor{
     "MonthForeColor", &CalendarState::monthForeColor, AdmitsColor, AfterEffect::MonthBand};
 inline constexpr Property<VmMonthYearSelStyleConstants> kMonthYearSelStyle{
-    "MonthYearSelStyle", &CalendarState::monthYearSelStyle, Within<VmMonthSelNone, VmMonthSelScrollbar>};
+    "MonthYearSelStyle", &CalendarState::monthYearSelStyle,
+    Within<VmMonthSelNone, VmMonthSelScrollbar>};
 inline constexpr Property<OLE_COLOR> kSelectedDayBackColor{
     "SelectedDayBackColor", &CalendarState::selectedDayBackColor, AdmitsColor};
 inline constexpr Property<OLE_COLOR> kSelectedDayForeColor{
     "SelectedDayForeColor", &CalendarState::selectedDayForeColor, AdmitsColor};
-inline constexpr Property<OLE_COLOR> kTodayBackColor{"TodayBackColor", &CalendarState::todayBackColor,
-                                                     AdmitsColor};
-inline constexpr Property<OLE_COLOR> kTodayForeColor{"TodayForeColor", &CalendarState::todayForeColor,
-                                                     AdmitsColor};
+inline constexpr Property<OLE_COLOR> kTodayBackColor{"TodayBackColor",
+                                                     &CalendarState::todayBackColor, AdmitsColor};
+inline constexpr Property<OLE_COLOR> kTodayForeColor{"TodayForeColor",
+                                                     &CalendarState::todayForeColor, AdmitsColor};
 inline constexpr Property<VmAppearanceConstants> kWeekDayAppearance{
     "WeekDayAppearance", &CalendarState::weekDayAppearance, kAdmitsAppearance};
 inline constexpr Property<OLE_COLOR> kWeekDayBackColor{

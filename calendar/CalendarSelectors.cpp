@@ -55,8 +55,8 @@ void VmCalendar::OnMonthListKeyUp(std::int16_t keyCode) {
 
 void VmCalendar::OnYearText(std::string_view text) {
     if (m_cancelled) return;
-    const bool inUse = m_platform.windowing.TakesInput() &&
-                       m_state.monthYearSelStyle == VmMonthSelCombo;
+    const bool inUse =
+        m_platform.windowing.TakesInput() && m_state.monthYearSelStyle == VmMonthSelCombo;
     const DayNumber shown = DayOf(m_state.shownDate);
     const int shownYear = YearOf(shown);
     const auto year = inUse ? ToYear(text) : static_cast<std::int16_t>(shownYear);
@@ -77,7 +77,8 @@ void VmCalendar::OnYearTextCancel() { m_selectors.Year(YearOf(DayOf(m_state.show
 void VmCalendar::OnYearSpinner(int value) {
     if (!m_state.ready) return;
     const auto& spinner = m_selectors.YearSpinner();
-    const int year = -std::clamp(value, spinner.minimum, std::max(spinner.minimum, spinner.maximum));
+    const int year =
+        -std::clamp(value, spinner.minimum, std::max(spinner.minimum, spinner.maximum));
     const DayNumber shown = DayOf(m_state.shownDate);
     if (year == YearOf(shown)) {
         m_selectors.Year(year);
@@ -90,7 +91,8 @@ void VmCalendar::OnYearSpinner(int value) {
 void VmCalendar::OnDateScroll(int value) {
     if (!m_state.ready) return;
     const auto& scroll = m_selectors.DateScroll();
-    const int position = std::clamp(value, scroll.minimum, std::max(scroll.minimum, scroll.maximum));
+    const int position =
+        std::clamp(value, scroll.minimum, std::max(scroll.minimum, scroll.maximum));
     const int months = position - scroll.value;
     if (months != 0) MoveShown(DateOf(AddMonths(DayOf(m_state.shownDate), months)));
 }

@@ -51,9 +51,7 @@ struct CalendarState {
     bool monthAnnounced = false;  // the first paint has raised `MonthChanged`
 
     /// The week day of the first column.
-    std::int32_t GridFirstDay() const noexcept {
-        return showWeekend ? firstDayOfWeek : VmMonday;
-    }
+    std::int32_t GridFirstDay() const noexcept { return showWeekend ? firstDayOfWeek : VmMonday; }
 };
 
 }  // namespace velmora

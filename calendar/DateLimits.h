@@ -14,9 +14,9 @@ bool IsInLimits(const CalendarState& state, DayNumber day) noexcept;
 /// Error 380: year outside 200..4600, or outside the limits; nothing is stored here.
 void CheckDateValue(const CalendarState& state, Date date);
 
-/// Stores the last day of the value's month, or the first for `DateMin`. Returns whether `dateValue`
-/// lies beyond the new limit, which is where it then belongs. Error 380: year outside 200..4600, or
-/// beyond the other limit.
+/// Stores the last day of the value's month, or the first for `DateMin`. Returns whether
+/// `dateValue` lies beyond the new limit, which is where it then belongs. Error 380: year outside
+/// 200..4600, or beyond the other limit.
 bool StoreDateMax(CalendarState& state, Date value);
 bool StoreDateMin(CalendarState& state, Date value);
 

@@ -10,9 +10,9 @@
 namespace velmora {
 
 /// The child controls for changing the shown month and year: the month list `cboMonth`, the year
-/// box `txtYear` with its spinner `scrYear`, and the month scroll bar `scrDate`. Holds their values,
-/// whether they exist or not; native controls are made when their style is first shown. Setting a
-/// value here never counts as the user's own change of it.
+/// box `txtYear` with its spinner `scrYear`, and the month scroll bar `scrDate`. Holds their
+/// values, whether they exist or not; native controls are made when their style is first shown.
+/// Setting a value here never counts as the user's own change of it.
 class Selectors {
 public:
     /// A scroll bar's values; the value is that of the last handled change, which the user's next

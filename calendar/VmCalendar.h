@@ -22,9 +22,9 @@ namespace velmora {
 /// A month calendar: it shows one month, selects one date of it, and decorates its days.
 ///
 /// Setters of published properties refuse a wrong value with error 380, leave everything as it was,
-/// tell the container of every success (`Hosting::PropertyChanged`) and ask for the repaint that the
-/// change needs. Colours are refused when any bit of 0x7F000000 is set. Events are raised from inside
-/// the operation that causes them; a handler may change anything, or destroy the calendar.
+/// tell the container of every success (`Hosting::PropertyChanged`) and ask for the repaint that
+/// the change needs. Colours are refused when any bit of 0x7F000000 is set. Events are raised from
+/// inside the operation that causes them; a handler may change anything, or destroy the calendar.
 ///
 /// Life cycle: construct, connect to events, then exactly one of `InitProperties` and `ReadProps`.
 class VmCalendar : public AutomationObject {
@@ -92,7 +92,9 @@ public:
 
     /// Place of a day's picture in its cell, or how it fills it. 0..14.
     VmPictureAlignmentConstants DayPictureAlignment() const { return m_state.dayPictureAlignment; }
-    void DayPictureAlignment(VmPictureAlignmentConstants value) { Let(kDayPictureAlignment, value); }
+    void DayPictureAlignment(VmPictureAlignmentConstants value) {
+        Let(kDayPictureAlignment, value);
+    }
 
     /// The days of the shown month; the same object as long as the calendar lives. A change of the
     /// shown month rebuilds it, which discards the decorations.
@@ -167,17 +169,18 @@ public:
     bool ShowWeekend() const { return m_state.showWeekend; }
     void ShowWeekend(bool value) { Let(kShowWeekend, value); }
 
-    /// Takes the properties from a bag, unchecked, instead of `InitProperties`. A missing name gives
-    /// its default. Raises `MonthChanged`.
+    /// Takes the properties from a bag, unchecked, instead of `InitProperties`. A missing name
+    /// gives its default. Raises `MonthChanged`.
     void ReadProps(PropertyBag& bag);
     void WriteProps(PropertyBag& bag) const;
-    /// Copies a whole look from an object that has the calendar's property names, the decorations of
-    /// its dirty days included. Every value passes its setter; a member that is missing or refused is
-    /// skipped, the others are copied, and the first error is raised at the end. Repaints once.
+    /// Copies a whole look from an object that has the calendar's property names, the decorations
+    /// of its dirty days included. Every value passes its setter; a member that is missing or
+    /// refused is skipped, the others are copied, and the first error is raised at the end.
+    /// Repaints once.
     void SetProps(const AutomationObject& holder);
 
-    /// While True nothing is painted, whoever asks for it. A `DateValue` that changes both month and
-    /// year sets it to False.
+    /// While True nothing is painted, whoever asks for it. A `DateValue` that changes both month
+    /// and year sets it to False.
     void NoRepaintControl(bool value) { m_state.noRepaintControl = value; }
     /// Stored without any effect.
     void NoResizeControl(bool value) { m_state.noResizeControl = value; }
@@ -284,8 +287,8 @@ private:
     void ApplyLimit(std::string_view name, bool clamps, Date limit);
     bool ShowDate(Date date);
     void SyncSelectors();
-    /// Whether the grid goes along with the selection, or only when the month's number changes: then
-    /// a month that the user has turned to stays while the arrow keys work within another.
+    /// Whether the grid goes along with the selection, or only when the month's number changes:
+    /// then a month that the user has turned to stays while the arrow keys work within another.
     enum class Follow { Always, OtherMonths };
     void SelectDate(Date date, Follow follow = Follow::Always);
     void MoveShown(Date date);
@@ -345,10 +348,10 @@ private:
     Selectors m_selectors;
     CalendarLayout m_layout;
     bool m_laidOut = false;
-    bool m_copying = false;           // `SetProps` is at work: one repaint at its end
+    bool m_copying = false;  // `SetProps` is at work: one repaint at its end
     Press m_press;
-    bool m_cancelled = false;         // Escape in the month list, until a selector is entered again
-    unsigned m_dateChanges = 0;       // tells an operation that a handler has moved the date again
+    bool m_cancelled = false;    // Escape in the month list, until a selector is entered again
+    unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
     DayNumber m_selectedOnScreen = 0;  // as of the last repaint that was asked for
     DayNumber m_shownOnScreen = 0;
 };

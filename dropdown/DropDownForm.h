@@ -10,8 +10,8 @@ namespace velmora {
 
 class VmCalDropDown;
 
-/// The top-level window of the form: borderless, topmost, never active, without a task-bar entry. The
-/// calendar fills it.
+/// The top-level window of the form: borderless, topmost, never active, without a task-bar entry.
+/// The calendar fills it.
 class FormWindow {
 public:
     virtual ~FormWindow() = default;
@@ -23,13 +23,13 @@ public:
     virtual void Timer(bool on) = 0;
 };
 
-/// The one drop-down window of all date boxes, with its calendar. The box that opened it is its owner
-/// until it is closed; without an owner whatever the calendar reports is dropped. Nothing runs while
-/// it is closed.
+/// The one drop-down window of all date boxes, with its calendar. The box that opened it is its
+/// owner until it is closed; without an owner whatever the calendar reports is dropped. Nothing
+/// runs while it is closed.
 class DropDownForm {
 public:
-    /// `platform` is that of the calendar in the window; its container counts in pixels. The calendar
-    /// is made here.
+    /// `platform` is that of the calendar in the window; its container counts in pixels. The
+    /// calendar is made here.
     DropDownForm(const Platform& platform, FormWindow& window);
 
     /// `VmCalendar1`. The host passes it what happens to its window, except paints.

@@ -26,7 +26,8 @@ void VmCalDropDown::ToggleDropDown() {
     }
 }
 
-/// Below the box, flush with its left edge or ending one pixel left of its right edge. Screen pixels.
+/// Below the box, flush with its left edge or ending one pixel left of its right edge. Screen
+/// pixels.
 Rect VmCalDropDown::DropDownPlace() const {
     const Size box = m_platform.windowing.ClientSize();
     const int left = m_alignment == VmRightJustified ? box.width - 1 - m_widthPixels : 0;

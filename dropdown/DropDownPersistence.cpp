@@ -9,8 +9,8 @@
 namespace velmora {
 namespace {
 
-constexpr Date kBoxDateMax{292560};   // 31 December 2700
-constexpr Date kBoxDateMin{-292192};  // 1 January 1100
+constexpr Date kBoxDateMax{292560};       // 31 December 2700
+constexpr Date kBoxDateMin{-292192};      // 1 January 1100
 constexpr std::int32_t kBoxHeight = 200;  // pixels
 constexpr std::int32_t kBoxWidth = 250;
 
@@ -145,7 +145,9 @@ void VmCalDropDown::LetMember(std::string_view name, const Variant& value) {
 void VmCalDropDown::InitProperties() {
     class EmptyBag : public PropertyBag {
     public:
-        Variant ReadProperty(std::string_view, const Variant& fallback) override { return fallback; }
+        Variant ReadProperty(std::string_view, const Variant& fallback) override {
+            return fallback;
+        }
         void WriteProperty(std::string_view, const Variant&, const Variant&) override {}
     } bag;
     ReadProps(bag);

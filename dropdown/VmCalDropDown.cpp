@@ -132,8 +132,9 @@ void VmCalDropDown::SetSize(std::int32_t& pixels, std::int32_t value, Axis axis,
 std::int32_t VmCalDropDown::SizeInContainer(std::int32_t pixels, Axis axis) const {
     const double size = FromPixels(pixels, ContainerScaleMode(m_platform.hosting),
                                    m_platform.windowing.PixelsPerInch(), axis);
-    return size < std::numeric_limits<std::int32_t>::max() ? static_cast<std::int32_t>(std::lround(size))
-                                                           : std::numeric_limits<std::int32_t>::max();
+    return size < std::numeric_limits<std::int32_t>::max()
+               ? static_cast<std::int32_t>(std::lround(size))
+               : std::numeric_limits<std::int32_t>::max();
 }
 
 void VmCalDropDown::Enabled(bool value) {

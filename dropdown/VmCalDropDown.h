@@ -39,10 +39,10 @@ struct BoxPlatform {
     Hosting& hosting;
 };
 
-/// A date box: it shows a date as text and opens a calendar below it. Its calendar-facing properties
-/// are those of `VmCalendar`, kept in a store of its own and refused with the same error 380 at once;
-/// what is set while the calendar is open shows in it. Every handler may close, reopen, change or
-/// destroy the box.
+/// A date box: it shows a date as text and opens a calendar below it. Its calendar-facing
+/// properties are those of `VmCalendar`, kept in a store of its own and refused with the same error
+/// 380 at once; what is set while the calendar is open shows in it. Every handler may close,
+/// reopen, change or destroy the box.
 ///
 /// Life cycle: construct, connect to events, then exactly one of `InitProperties` and `ReadProps`.
 class VmCalDropDown : public AutomationObject {
@@ -90,8 +90,8 @@ public:
     void DateMax(Date value);
     Date DateMin() const { return m_store.DateMin(); }
     void DateMin(Date value);
-    /// Takes a date, a day number or date text; keeps its time; a date beyond the limits becomes the
-    /// limit. Error 13: no date.
+    /// Takes a date, a day number or date text; keeps its time; a date beyond the limits becomes
+    /// the limit. Error 13: no date.
     Date DateValue() const { return m_store.DateValue(); }
     void DateValue(const Variant& value);
 
@@ -116,7 +116,8 @@ public:
     std::int16_t MousePointer() const { return m_platform.windowing.MousePointer(); }
     void MousePointer(std::int16_t value);
     /// True from a successful or cancelled opening until the next close. True gives the box the
-    /// focus and opens; False closes, with `CloseUp` also when it was closed. Nothing while disabled.
+    /// focus and opens; False closes, with `CloseUp` also when it was closed. Nothing while
+    /// disabled.
     bool DropDownState() const { return m_droppedDown; }
     void DropDownState(bool value);
     VmOLEDropModeConstants OLEDropMode() const;
@@ -175,7 +176,8 @@ private:
     bool StepByKey(std::int16_t keyCode, std::int16_t shift);
     void StepOwnDate(Date date);
 
-    bool Restore(std::string_view key, std::string_view member, const Variant& value, Date& maximum);
+    bool Restore(std::string_view key, std::string_view member, const Variant& value,
+                 Date& maximum);
     void SetSize(std::int32_t& pixels, std::int32_t value, Axis axis, std::string_view key);
     float InContainer(float pixels, Axis axis) const;
     std::int32_t SizeInContainer(std::int32_t pixels, Axis axis) const;
@@ -193,13 +195,13 @@ private:
     std::int32_t m_widthPixels = 250;
     bool m_droppedDown = false;
     bool m_hasFocus = false;
-    bool m_loading = false;       // saved values come in, which is no news for the container
-    bool m_opening = false;       // what the calendar reports while it is loaded is no news
-    bool m_pendingDrop = false;   // opens with the focus that has been asked for
+    bool m_loading = false;      // saved values come in, which is no news for the container
+    bool m_opening = false;      // what the calendar reports while it is loaded is no news
+    bool m_pendingDrop = false;  // opens with the focus that has been asked for
     bool m_noLostFocus = false;
-    bool m_buttonDown = false;    // the left button is held on the box
-    bool m_closedByAlt = false;   // the Alt of an Alt+Down has closed it: the Down is used up
-    unsigned m_dateChanges = 0;   // tells an operation that a handler has moved the date again
+    bool m_buttonDown = false;   // the left button is held on the box
+    bool m_closedByAlt = false;  // the Alt of an Alt+Down has closed it: the Down is used up
+    unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
 };
 
 }  // namespace velmora

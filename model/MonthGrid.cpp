@@ -9,9 +9,8 @@ namespace velmora {
 namespace {
 
 constexpr std::int32_t Saturated(std::int64_t value) noexcept {
-    return static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(value, std::numeric_limits<std::int32_t>::min(),
-                                 std::numeric_limits<std::int32_t>::max()));
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(
+        value, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
 }
 
 /// 0..6 for any weekDay and first day.

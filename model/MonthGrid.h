@@ -10,17 +10,17 @@ namespace velmora {
 
 inline constexpr int kGridRows = 6;
 
-/// Number of days of a month. Error 6 when `year` - 1900 or `month` - 1 leaves 16 bits, or the month
-/// lies outside the years 100..9999.
+/// Number of days of a month. Error 6 when `year` - 1900 or `month` - 1 leaves 16 bits, or the
+/// month lies outside the years 100..9999.
 std::uint8_t DaysInMonth(std::int16_t month, std::int16_t year);
 
 /// What a grid is made of.
 struct GridShape {
-    DayNumber shownDate = 0;           // a day of the shown month
-    std::int32_t firstDayOfWeek = 1;   // as the user set it
-    std::int32_t gridFirstDay = 1;     // of the first column: Monday (2) without the weekend
+    DayNumber shownDate = 0;          // a day of the shown month
+    std::int32_t firstDayOfWeek = 1;  // as the user set it
+    std::int32_t gridFirstDay = 1;    // of the first column: Monday (2) without the weekend
     bool showWeekend = true;
-    std::int32_t gridTop = 0;          // y of the line above the first row
+    std::int32_t gridTop = 0;  // y of the line above the first row
     std::int32_t cellWidth = 0;
     std::int32_t rowHeight = 0;
     std::int32_t clientWidth = 0;

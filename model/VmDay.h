@@ -22,8 +22,8 @@ public:
     /// Whether a decoration has been set since the day was made.
     bool Dirty() const noexcept { return m_dirty; }
 
-    /// Cell colours. Empty or Null: the default applies; else a 32-bit integer. Error 380: any other
-    /// type, a 16-bit integer included.
+    /// Cell colours. Empty or Null: the default applies; else a 32-bit integer. Error 380: any
+    /// other type, a 16-bit integer included.
     const Variant& BackColor() const noexcept { return m_backColor; }
     void BackColor(const Variant& value);
     const Variant& ForeColor() const noexcept { return m_foreColor; }

@@ -38,8 +38,9 @@ void VmDays::LoadMonth(DayNumber day) {
 
 void VmDays::RaiseDayChanged(const VmDay& day, std::string_view property) {
     const auto alive = shared_from_this();  // a handler may drop the owner
-    const auto item = std::find_if(m_items.begin(), m_items.end(),
-                                   [&](const DayRef& candidate) { return candidate.get() == &day; });
+    const auto item = std::find_if(m_items.begin(), m_items.end(), [&](const DayRef& candidate) {
+        return candidate.get() == &day;
+    });
     Date key = day.DayDate();
     if (item != m_items.end() && m_itemChanged) {
         m_itemChanged(static_cast<std::int16_t>(item - m_items.begin() + 1));

@@ -48,9 +48,11 @@ public:
     /// Holds the days of that month from now on, undecorated. Raises nothing.
     void LoadMonth(DayNumber day);
     void RaiseDayChanged(const VmDay& day, std::string_view property);
-    /// Called with the position (1..`Count`) of a changed day before `DayChanged` is raised, but not
-    /// for days that no longer belong to the collection.
-    void WhenItemChanges(std::function<void(std::int16_t)> hook) { m_itemChanged = std::move(hook); }
+    /// Called with the position (1..`Count`) of a changed day before `DayChanged` is raised, but
+    /// not for days that no longer belong to the collection.
+    void WhenItemChanges(std::function<void(std::int16_t)> hook) {
+        m_itemChanged = std::move(hook);
+    }
 
 private:
     OLE_COLOR m_defaultBackColor = kButtonFace;

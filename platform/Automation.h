@@ -17,7 +17,8 @@ public:
     virtual std::string_view TypeName() const { return {}; }
     /// Error 438: no member of that name, or one that cannot be read.
     virtual Variant GetMember(std::string_view name) const = 0;
-    /// Error 438 as above; error 13 for a value that does not convert; else the setter's own errors.
+    /// Error 438 as above; error 13 for a value that does not convert; else the setter's own
+    /// errors.
     virtual void LetMember(std::string_view name, const Variant& value) = 0;
 };
 

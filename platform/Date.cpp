@@ -54,7 +54,7 @@ CivilDate CivilOf(DayNumber day) noexcept {
     const std::int64_t era = FloorDiv(shifted, 146097);
     const auto dayOfEra = static_cast<int>(FloorMod(shifted, 146097));  // 0..146096
     const int yearOfEra =
-        (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;    // 0..399
+        (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;         // 0..399
     const int dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);  // 0..365
     const int shiftedMonth = (5 * dayOfYear + 2) / 153;                                    // 0..11
     const int dayOfMonth = dayOfYear - (153 * shiftedMonth + 2) / 5 + 1;                   // 1..31
@@ -73,15 +73,14 @@ DayNumber DayFromCivil(std::int64_t year, std::int64_t month, std::int64_t day) 
 
     const std::int64_t shiftedYear = monthOfYear <= 2 ? year - 1 : year;
     const std::int64_t era = FloorDiv(shiftedYear, 400);
-    const auto yearOfEra = static_cast<int>(FloorMod(shiftedYear, 400));                 // 0..399
-    const int shiftedMonth = monthOfYear > 2 ? monthOfYear - 3 : monthOfYear + 9;        // 0..11
-    const int dayOfYear = (153 * shiftedMonth + 2) / 5;                                  // 0..337
+    const auto yearOfEra = static_cast<int>(FloorMod(shiftedYear, 400));           // 0..399
+    const int shiftedMonth = monthOfYear > 2 ? monthOfYear - 3 : monthOfYear + 9;  // 0..11
+    const int dayOfYear = (153 * shiftedMonth + 2) / 5;                            // 0..337
     const int dayOfEra =
         yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;  // 0..146096
     const std::int64_t result = era * 146097 + dayOfEra - 719468 + (day - 1) - kEpoch;
-    return static_cast<DayNumber>(
-        std::clamp<std::int64_t>(result, std::numeric_limits<DayNumber>::min(),
-                                 std::numeric_limits<DayNumber>::max()));
+    return static_cast<DayNumber>(std::clamp<std::int64_t>(
+        result, std::numeric_limits<DayNumber>::min(), std::numeric_limits<DayNumber>::max()));
 }
 
 int YearOf(DayNumber day) noexcept { return CivilOf(day).year; }

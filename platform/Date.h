@@ -45,10 +45,10 @@ CivilDate CivilOf(DayNumber day) noexcept;
 DayNumber DayFromCivil(std::int64_t year, std::int64_t month, std::int64_t day) noexcept;
 
 int YearOf(DayNumber day) noexcept;
-int MonthOf(DayNumber day) noexcept;       // 1..12
-int DayOfMonth(DayNumber day) noexcept;    // 1..31
-int WeekDayOf(DayNumber day) noexcept;     // 1..7, Sunday is 1
-bool IsWeekend(DayNumber day) noexcept;    // Saturday or Sunday
+int MonthOf(DayNumber day) noexcept;     // 1..12
+int DayOfMonth(DayNumber day) noexcept;  // 1..31
+int WeekDayOf(DayNumber day) noexcept;   // 1..7, Sunday is 1
+bool IsWeekend(DayNumber day) noexcept;  // Saturday or Sunday
 
 /// Keeps the day of month; in a shorter month takes its last day (31 January + 1 is 28 or 29
 /// February). Years are 12 months.

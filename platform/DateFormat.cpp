@@ -42,10 +42,15 @@ std::size_t MeridiemLength(std::string_view text) noexcept {
 
 std::size_t LongestRun(char letter) noexcept {
     switch (letter) {
-        case 'c': case 'q': return 1;
+        case 'c':
+        case 'q': return 1;
         case 'd': return 6;
-        case 'w': case 'h': case 'n': case 's': return 2;
-        case 'm': case 'y': return 4;
+        case 'w':
+        case 'h':
+        case 'n':
+        case 's': return 2;
+        case 'm':
+        case 'y': return 4;
         case 't': return 5;
         default: return 0;
     }
@@ -102,9 +107,8 @@ std::string_view ExpressionOf(std::string_view name) noexcept {
         std::string_view name, expression;
     };
     static constexpr NamedFormat kNamedFormats[] = {
-        {"short date", "ddddd"},           {"long date", "dddddd"},
-        {"medium date", "dd\\-mmm\\-yy"},  {"general date", "c"},
-        {"long time", "ttttt"},            {"medium time", "hh:nn AMPM"},
+        {"short date", "ddddd"}, {"long date", "dddddd"}, {"medium date", "dd\\-mmm\\-yy"},
+        {"general date", "c"},   {"long time", "ttttt"},  {"medium time", "hh:nn AMPM"},
         {"short time", "hh:nn"},
     };
     if (name.empty()) return "c";
@@ -187,7 +191,10 @@ void Formatter::Write(std::string_view expression) {
             case '/': m_text += m_locale.dateSeparator; continue;
             case ':': m_text += m_locale.timeSeparator; continue;
             case 'a': Meridiem(element.text); continue;
-            case 'h': case 'n': case 's': case 't': TimeField(element, hours12); break;
+            case 'h':
+            case 'n':
+            case 's':
+            case 't': TimeField(element, hours12); break;
             default: DateField(element); break;
         }
         behindHour = element.letter == 'h';
@@ -250,7 +257,8 @@ void Formatter::GeneralDate() {
 void Formatter::Day(int letters) {
     const auto weekDay = static_cast<std::size_t>(WeekDayOf(m_day) - 1);
     switch (letters) {
-        case 1: case 2: return Number(m_civil.day, letters);
+        case 1:
+        case 2: return Number(m_civil.day, letters);
         case 3: m_text += m_locale.weekDayAbbreviations[weekDay]; return;
         case 4: m_text += m_locale.weekDayNames[weekDay]; return;
         case 5: return Pattern(m_locale.shortDatePattern);

@@ -11,9 +11,9 @@ namespace velmora {
 /// What dates look like in one language and region; the host supplies it. Text is UTF-8.
 /// The initialisers are English (United States).
 struct DateLocale {
-    std::array<std::string, 12> monthNames{"January", "February", "March",     "April",
-                                           "May",     "June",     "July",      "August",
-                                           "September", "October", "November", "December"};
+    std::array<std::string, 12> monthNames{"January",   "February", "March",    "April",
+                                           "May",       "June",     "July",     "August",
+                                           "September", "October",  "November", "December"};
     std::array<std::string, 12> monthAbbreviations{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                    "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
     /// Sunday first.

@@ -124,8 +124,8 @@ std::optional<Date> Parser::ByPattern(TextCursor cursor, std::string_view patter
         if (piece->IsNumber() && apart && cursor.Position() == fieldEnd && fieldEnd != 0) {
             return std::nullopt;
         }
-        const bool read = piece->IsNumber() ? ReadNumber(cursor, *piece, date)
-                                            : ReadName(cursor, *piece, date);
+        const bool read =
+            piece->IsNumber() ? ReadNumber(cursor, *piece, date) : ReadName(cursor, *piece, date);
         if (!read) return std::nullopt;
         apart = false;
         fieldEnd = cursor.Position();
@@ -145,8 +145,8 @@ bool Parser::ReadName(TextCursor& cursor, const PatternPiece& piece, CivilDate& 
         name = FindWeekDay(cursor.Rest());
     } else {
         const bool whole = piece.letters == 4;
-        name = LongestName(whole ? m_locale.monthNames : m_locale.monthAbbreviations,
-                           cursor.Rest());
+        name =
+            LongestName(whole ? m_locale.monthNames : m_locale.monthAbbreviations, cursor.Rest());
         if (name.number == 0) {
             name = LongestName(whole ? m_locale.monthAbbreviations : m_locale.monthNames,
                                cursor.Rest());
@@ -220,8 +220,8 @@ std::optional<Date> Parser::BySense(TextCursor cursor) const {
 bool Parser::ReadElement(TextCursor& cursor, Found& found, bool apart) const {
     const bool letterT = found.HasWholeDate() && !apart && cursor.SkipOneOf("Tt");
     if ((apart || letterT) && !found.seconds) {
-        found.seconds = ReadTime(cursor, found.HasWholeDate() ? TimeSeparators::ColonAndLocale
-                                                              : TimeSeparators::Colon);
+        found.seconds = ReadTime(
+            cursor, found.HasWholeDate() ? TimeSeparators::ColonAndLocale : TimeSeparators::Colon);
         if (found.seconds) return true;
     }
     if (letterT) return false;

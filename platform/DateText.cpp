@@ -71,8 +71,8 @@ std::size_t SpaceLength(std::string_view text) noexcept {
     if (text.size() < 3) return 0;
     const auto last = static_cast<unsigned char>(text[2]);
     const bool wide = text.substr(0, 3) == "\xE3\x80\x80";
-    const bool general = text.substr(0, 2) == "\xE2\x80" &&
-                         ((last >= 0x80 && last <= 0x8F) || last == 0xAF);
+    const bool general =
+        text.substr(0, 2) == "\xE2\x80" && ((last >= 0x80 && last <= 0x8F) || last == 0xAF);
     return wide || general ? 3 : 0;
 }
 

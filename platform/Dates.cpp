@@ -17,7 +17,9 @@ enum class Interval { Day, Week, Month, Year };
 
 Interval IntervalOf(std::string_view name) {
     static constexpr std::pair<std::string_view, Interval> kIntervals[] = {
-        {"d", Interval::Day}, {"ww", Interval::Week}, {"m", Interval::Month},
+        {"d", Interval::Day},
+        {"ww", Interval::Week},
+        {"m", Interval::Month},
         {"yyyy", Interval::Year}};
     for (const auto& [known, interval] : kIntervals) {
         if (name.size() == known.size() && PrefixLength(name, known) != 0) return interval;

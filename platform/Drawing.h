@@ -88,8 +88,8 @@ public:
     virtual ObjectHandle CreateBrushIndirect(const LogBrush& brush) = 0;
     virtual ObjectHandle CreatePenIndirect(const LogPen& pen) = 0;
     virtual ObjectHandle CreateFontIndirectA(const LogFont& font) = 0;
-    /// Returns what was selected before of the same kind, for the selection to be undone with; never
-    /// None where the selection succeeded, as every surface begins with default objects.
+    /// Returns what was selected before of the same kind, for the selection to be undone with;
+    /// never None where the selection succeeded, as every surface begins with default objects.
     virtual ObjectHandle SelectObject(SurfaceHandle surface, ObjectHandle object) = 0;
     virtual void DeleteObject(ObjectHandle object) = 0;
 
@@ -120,8 +120,8 @@ public:
     virtual void StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source,
                             const Rect& from, RasterOp operation) = 0;
 
-    /// A picture's bitmap or icon, owned by the host and valid as long as the picture; None when the
-    /// picture has no pixels that this host can draw. A bitmap may be selected into a memory
+    /// A picture's bitmap or icon, owned by the host and valid as long as the picture; None when
+    /// the picture has no pixels that this host can draw. A bitmap may be selected into a memory
     /// surface, an icon goes to `DrawIconEx`; where such a bitmap is transparent, `BitBlt` and
     /// `StretchBlt` let the target through.
     virtual ObjectHandle PictureHandle(const StdPicture& picture) = 0;

@@ -16,8 +16,7 @@ OwnedObject SolidPen(Drawing& drawing, OLE_COLOR color) {
 }
 
 LogFont FontToLogFont(const StdFont& font) {
-    return {font.name,   font.size,      font.bold,
-            font.italic, font.underline, font.strikethrough};
+    return {font.name, font.size, font.bold, font.italic, font.underline, font.strikethrough};
 }
 
 }  // namespace velmora

@@ -28,7 +28,8 @@ private:
 /// Owns a memory surface and deletes it.
 class OwnedSurface {
 public:
-    OwnedSurface(Drawing& drawing, SurfaceHandle surface) : m_drawing(drawing), m_surface(surface) {}
+    OwnedSurface(Drawing& drawing, SurfaceHandle surface)
+        : m_drawing(drawing), m_surface(surface) {}
     OwnedSurface(const OwnedSurface&) = delete;
     OwnedSurface& operator=(const OwnedSurface&) = delete;
     ~OwnedSurface() {

@@ -23,7 +23,13 @@ struct StdFont : Object {
 
 using FontRef = std::shared_ptr<StdFont>;
 
-enum class PictureType : std::int16_t { None = 0, Bitmap = 1, Metafile = 2, Icon = 3, EnhMetafile = 4 };
+enum class PictureType : std::int16_t {
+    None = 0,
+    Bitmap = 1,
+    Metafile = 2,
+    Icon = 3,
+    EnhMetafile = 4
+};
 
 /// Pixels as 0xAARRGGBB, not premultiplied, row by row from the top.
 struct PixelImage {

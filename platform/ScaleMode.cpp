@@ -11,11 +11,11 @@ constexpr double kHimetricPerInch = 2540;
 double UnitsPerInch(std::int16_t scaleMode, double pixelsPerInch, Axis axis) {
     switch (scaleMode) {
         case kScaleTwips: return 1440;
-        case 2: return 72;                                // points
+        case 2: return 72;                                 // points
         case 4: return axis == Axis::Horizontal ? 12 : 6;  // characters of 120 x 240 twips
-        case 5: return 1;                                 // inches
-        case 6: return 25.4;                              // millimetres
-        case 7: return 2.54;                              // centimetres
+        case 5: return 1;                                  // inches
+        case 6: return 25.4;                               // millimetres
+        case 7: return 2.54;                               // centimetres
         case 8: return kHimetricPerInch;
         default: return pixelsPerInch;
     }
@@ -42,7 +42,8 @@ double ToPixels(double value, std::int16_t scaleMode, double pixelsPerInch, Axis
 }
 
 Size HimetricToPixels(Size himetric, double pixelsPerInch) noexcept {
-    return {WholePixels(himetric.width, pixelsPerInch), WholePixels(himetric.height, pixelsPerInch)};
+    return {WholePixels(himetric.width, pixelsPerInch),
+            WholePixels(himetric.height, pixelsPerInch)};
 }
 
 }  // namespace velmora

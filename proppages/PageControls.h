@@ -8,8 +8,8 @@
 
 namespace velmora {
 
-/// The controls of a property page, as its dialog shows them. A disabled one is empty. What the page
-/// sets may come back as an edit: the page knows its own changes.
+/// The controls of a property page, as its dialog shows them. A disabled one is empty. What the
+/// page sets may come back as an edit: the page knows its own changes.
 class PageControl {
 public:
     virtual ~PageControl() = default;

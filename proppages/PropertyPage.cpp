@@ -72,7 +72,8 @@ void PropertyPage::LoadCheck(PageCheckBox& box, std::string_view property) {
 }
 
 void PropertyPage::LoadText(PageText& text, std::string_view property) {
-    if (!TryLoad(text, property, [&](const Variant& value) { text.Text(TextOf(value, m_dates)); })) {
+    if (!TryLoad(text, property,
+                 [&](const Variant& value) { text.Text(TextOf(value, m_dates)); })) {
         text.Text({});
     }
     text.ForeColor(kValidText);

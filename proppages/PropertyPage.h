@@ -25,8 +25,8 @@ public:
     /// Loads the controls from the first object; marks nothing as changed. The objects outlive the
     /// page or its next selection.
     void SelectionChanged(std::span<AutomationObject* const> selected);
-    /// Writes every control back. What the object refuses does not keep the rest from being written;
-    /// the first refusal is raised at the end, and the page stays changed.
+    /// Writes every control back. What the object refuses does not keep the rest from being
+    /// written; the first refusal is raised at the end, and the page stays changed.
     void ApplyChanges();
 
     /// A list or a check box has been clicked.

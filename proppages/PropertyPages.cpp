@@ -8,14 +8,14 @@ namespace {
 // The names of the published values, in value order.
 constexpr std::string_view kAppearances[] = {"VmAppearanceFlat", "VmAppearance3D"};
 constexpr std::string_view kTextAlignments[] = {
-    "VmTextTopLeft",      "VmTextMiddleLeft",   "VmTextBottomLeft",
-    "VmTextTopCenter",    "VmTextMiddleCenter", "VmTextBottomCenter",
-    "VmTextTopRight",     "VmTextMiddleRight",  "VmTextBottomRight"};
+    "VmTextTopLeft",   "VmTextMiddleLeft",   "VmTextBottomLeft",
+    "VmTextTopCenter", "VmTextMiddleCenter", "VmTextBottomCenter",
+    "VmTextTopRight",  "VmTextMiddleRight",  "VmTextBottomRight"};
 constexpr std::string_view kPictureAlignments[] = {
-    "VmPictTopLeft",     "VmPictMiddleLeft",   "VmPictBottomLeft",  "VmPictTopCenter",
+    "VmPictTopLeft",      "VmPictMiddleLeft",   "VmPictBottomLeft", "VmPictTopCenter",
     "VmPictMiddleCenter", "VmPictBottomCenter", "VmPictTopRight",   "VmPictMiddleRight",
-    "VmPictBottomRight", "VmPictStretch",      "VmPictTile",        "VmPictLeftOfText",
-    "VmPictRightOfText", "VmPictAboveText",    "VmPictBelowText"};
+    "VmPictBottomRight",  "VmPictStretch",      "VmPictTile",       "VmPictLeftOfText",
+    "VmPictRightOfText",  "VmPictAboveText",    "VmPictBelowText"};
 constexpr std::string_view kWeekDayNames[] = {"VmSunday",   "VmMonday", "VmTuesday", "VmWednesday",
                                               "VmThursday", "VmFriday", "VmSaturday"};
 constexpr std::string_view kWeekDayDisplays[] = {"VmWeekdayNone", "VmWeekDayFullName",

@@ -26,8 +26,8 @@ private:
     Controls m_controls;
 };
 
-/// Whether the page's text boxes take a text as a number: digits with at most one ".", and a "-" only
-/// in front. A lone "-" or "." passes.
+/// Whether the page's text boxes take a text as a number: digits with at most one ".", and a "-"
+/// only in front. A lone "-" or "." passes.
 bool IsNumber(std::string_view text) noexcept;
 
 /// The enabled state and the drop-down size of a date box.
@@ -51,7 +51,8 @@ private:
     Controls m_controls;
 };
 
-/// Appearance, captions, selectors, the range of dates and the date; for a date box the date format.
+/// Appearance, captions, selectors, the range of dates and the date; for a date box the date
+/// format.
 class GeneralPP : public PropertyPage {
 public:
     struct Controls {

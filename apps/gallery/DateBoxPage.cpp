@@ -46,8 +46,7 @@ constexpr Row kRows[] = {
          box.setDateFormat(QStringLiteral("ddd d mmm yyyy"));
          ShowArrows(box);
      }},
-    {"Opens at its right edge",
-     [](Box& box) { box.setDropDownAlignment(Box::RightJustified); }},
+    {"Opens at its right edge", [](Box& box) { box.setDropDownAlignment(Box::RightJustified); }},
     {"Work week", [](Box& box) { box.setShowWeekend(false); }},
     {"Three months to choose from", Limit},
     {"Decorated days", [](Box& box) { ShowArrows(box), Decorate(box); }},

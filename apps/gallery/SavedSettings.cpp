@@ -18,8 +18,7 @@ TextFileBag FileAt(const QString& path) {
 }  // namespace
 
 QString SavedSettings::UsualPath() {
-    const QString folder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     return folder + QStringLiteral("/velmora-gallery/calendar.txt");
 }
 
@@ -29,7 +28,8 @@ QString SavedSettings::Load(VmCalendarWidget& calendar) const {
     try {
         file.Load();
     } catch (const PropertyFileError& error) {
-        return error.Problem() == FileProblem::Missing ? QString() : QString::fromUtf8(error.what());
+        return error.Problem() == FileProblem::Missing ? QString()
+                                                       : QString::fromUtf8(error.what());
     }
     calendar.calendar().ReadProps(file);
     emit calendar.propertyChanged(QString());  // all of them: panels read them anew

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-/// Keeps the properties of the live page's calendar in a text file, from one start of the gallery to
-/// the next.
+/// Keeps the properties of the live page's calendar in a text file, from one start of the gallery
+/// to the next.
 class SavedSettings {
 public:
     /// An empty path keeps nothing.

@@ -111,13 +111,13 @@ private:
                                   QStringLiteral("folder")};
     QCommandLineOption m_page{QStringLiteral("page"), QStringLiteral("Begin with that page."),
                               QStringLiteral("name"), QString::fromLatin1(Pages().front().name)};
-    QCommandLineOption m_date{
-        QStringLiteral("date"), QStringLiteral("Select that date, not the one beside today."),
-        QStringLiteral("yyyy-mm-dd"), DayBesideToday().toString(Qt::ISODate)};
+    QCommandLineOption m_date{QStringLiteral("date"),
+                              QStringLiteral("Select that date, not the one beside today."),
+                              QStringLiteral("yyyy-mm-dd"), DayBesideToday().toString(Qt::ISODate)};
     QCommandLineOption m_settings{
         QStringLiteral("settings"),
-        QStringLiteral("Keep the live calendar's properties in that file."),
-        QStringLiteral("file"), SavedSettings::UsualPath()};
+        QStringLiteral("Keep the live calendar's properties in that file."), QStringLiteral("file"),
+        SavedSettings::UsualPath()};
 };
 
 int Main() {

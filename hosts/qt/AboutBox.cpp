@@ -56,8 +56,8 @@ void Fill(QDialog& dialog, const AboutText& text) {
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &dialog);
     layout->addWidget(buttons);
-    QPushButton* const information = buttons->addButton(QStringLiteral("System &Information"),
-                                                        QDialogButtonBox::ActionRole);
+    QPushButton* const information =
+        buttons->addButton(QStringLiteral("System &Information"), QDialogButtonBox::ActionRole);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(information, &QPushButton::clicked, facts, [facts] {
         if (StartSystemTool()) return;

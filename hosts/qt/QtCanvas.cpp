@@ -78,8 +78,7 @@ const GdiObject* Canvas::Select(GdiObject& object) {
             return std::exchange(m_state.pen, static_cast<const Pen*>(&object));
         case GdiObject::Kind::Font:
             return std::exchange(m_state.font, static_cast<const Font*>(&object));
-        default:
-            return SelectBitmap(object);
+        default: return SelectBitmap(object);
     }
 }
 
@@ -238,8 +237,10 @@ void Canvas::Scale(const Rect& box, const QImage& image, const QRectF& from, con
         PlaceImage(box, whole->Scaled(size.width(), size.height()), {});
     } else {
         const QImage part = image.copy(from.toAlignedRect());
-        PlaceImage(box, part.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                            .convertToFormat(image.format()), {});
+        PlaceImage(box,
+                   part.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                       .convertToFormat(image.format()),
+                   {});
     }
 }
 

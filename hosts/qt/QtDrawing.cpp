@@ -80,8 +80,12 @@ gdi::FrameColors FrameColorsOf(const QPalette& palette) {
     const auto pixel = [&](QPalette::ColorRole role) {
         return palette.color(QPalette::Active, role).rgb() | 0xFF000000;
     };
-    return {pixel(QPalette::Button),     pixel(QPalette::Light),  pixel(QPalette::Midlight),
-            pixel(QPalette::Dark),       pixel(QPalette::Shadow), pixel(QPalette::ButtonText),
+    return {pixel(QPalette::Button),
+            pixel(QPalette::Light),
+            pixel(QPalette::Midlight),
+            pixel(QPalette::Dark),
+            pixel(QPalette::Shadow),
+            pixel(QPalette::ButtonText),
             DisabledText(palette).rgb() | 0xFF000000};
 }
 
@@ -92,9 +96,7 @@ QtDrawing::Surface::Surface(QtDrawing&, QPainter& painter)
 
 QtDrawing::Surface::~Surface() = default;
 
-SurfaceHandle QtDrawing::Surface::Handle() const noexcept {
-    return gdi::HandleOf(m_canvas.get());
-}
+SurfaceHandle QtDrawing::Surface::Handle() const noexcept { return gdi::HandleOf(m_canvas.get()); }
 
 WindowHandle QtDrawing::HandleOf(QWidget* window) noexcept {
     return static_cast<WindowHandle>(reinterpret_cast<std::uintptr_t>(window));
@@ -192,9 +194,7 @@ SurfaceHandle QtDrawing::CreateCompatibleDC(SurfaceHandle like) {
     return gdi::HandleOf(new (std::nothrow) gdi::MemoryCanvas(RatioLike(like)));
 }
 
-void QtDrawing::DeleteDC(SurfaceHandle surface) {
-    delete CanvasOf(surface);
-}
+void QtDrawing::DeleteDC(SurfaceHandle surface) { delete CanvasOf(surface); }
 
 ObjectHandle QtDrawing::CreateCompatibleBitmap(SurfaceHandle like, int width, int height) {
     if (width <= 0 || height <= 0 || width > kLongestSide || height > kLongestSide) {

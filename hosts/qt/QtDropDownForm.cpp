@@ -117,8 +117,8 @@ void QtDropDownForm::Show(const Rect& screen) {
     }
     winId();  // makes the native window
     windowHandle()->setTransientParent(m_box->window()->windowHandle());
-    setGeometry(QRect(QPoint(screen.left, screen.top),
-                      Limited(screen, m_box->screen()->virtualSize())));
+    setGeometry(
+        QRect(QPoint(screen.left, screen.top), Limited(screen, m_box->screen()->virtualSize())));
     show();
     raise();
 }

@@ -33,8 +33,8 @@ void Arrow(Canvas& canvas, const Rect& rect, std::uint32_t direction, std::uint3
     const bool upright = direction == kScrollUp || direction == kScrollDown;
     const bool tipFirst = direction == kScrollUp || direction == kScrollLeft;
     const std::int32_t axis = upright ? rect.left + (width - 1) / 2 : rect.top + (height - 1) / 2;
-    const std::int32_t begin = upright ? rect.top + (height - rows) / 2
-                                       : rect.left + (width - rows) / 2;
+    const std::int32_t begin =
+        upright ? rect.top + (height - rows) / 2 : rect.left + (width - rows) / 2;
     for (std::int32_t i = 0; i < rows; ++i) {
         const std::int32_t reach = tipFirst ? i : rows - 1 - i;
         const std::int32_t at = begin + i;
@@ -70,8 +70,7 @@ void PaintScrollButton(Canvas& canvas, const Rect& rect, std::uint32_t state,
         const Rect inner = Inset(rect, kAllSides);
         if (!IsEmpty(inner)) Ring(canvas, inner, kAllSides, colors.light, colors.shadow);
     }
-    const std::uint32_t color =
-        (state & kFrameInactive) != 0 ? colors.disabledArrow : colors.arrow;
+    const std::uint32_t color = (state & kFrameInactive) != 0 ? colors.disabledArrow : colors.arrow;
     const std::int32_t shift = pushed ? 1 : 0;
     constexpr std::uint32_t kDirection = 3;
     Arrow(canvas, Moved(rect, shift, shift), state & kDirection, color);

@@ -50,8 +50,8 @@ Bitmap::Bitmap(int width, int height, double ratio)
       m_memory(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
       m_ratio(ratio) {
     if (m_memory.Get() == nullptr) return;
-    m_image = QImage(reinterpret_cast<uchar*>(m_memory.Get()), width, height,
-                     width * qsizetype{4}, QImage::Format_RGB32);
+    m_image = QImage(reinterpret_cast<uchar*>(m_memory.Get()), width, height, width * qsizetype{4},
+                     QImage::Format_RGB32);
 }
 
 QPainter& Bitmap::Painter() {
@@ -62,9 +62,7 @@ QPainter& Bitmap::Painter() {
     return *m_painter;
 }
 
-bool Bitmap::Enter() noexcept {
-    return !std::exchange(m_entered, true);
-}
+bool Bitmap::Enter() noexcept { return !std::exchange(m_entered, true); }
 
 void Bitmap::Leave() {
     m_painter.reset();

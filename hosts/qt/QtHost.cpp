@@ -19,22 +19,22 @@ namespace {
 constexpr std::int16_t kCustomPointer = 99;
 
 constexpr std::array kPointerShapes{
-    Qt::ArrowCursor,       // 0 default: the widget has none of its own
-    Qt::ArrowCursor,       // 1 arrow
-    Qt::CrossCursor,       // 2 cross
-    Qt::IBeamCursor,       // 3 text
-    Qt::ArrowCursor,       // 4 icon
-    Qt::SizeAllCursor,     // 5 size
-    Qt::SizeBDiagCursor,   // 6 size north-east to south-west
-    Qt::SizeVerCursor,     // 7 size north to south
-    Qt::SizeFDiagCursor,   // 8 size north-west to south-east
-    Qt::SizeHorCursor,     // 9 size west to east
-    Qt::UpArrowCursor,     // 10 up arrow
-    Qt::WaitCursor,        // 11 hourglass
-    Qt::ForbiddenCursor,   // 12 no drop
-    Qt::BusyCursor,        // 13 arrow and hourglass
-    Qt::WhatsThisCursor,   // 14 arrow and question mark
-    Qt::SizeAllCursor,     // 15 size all
+    Qt::ArrowCursor,      // 0 default: the widget has none of its own
+    Qt::ArrowCursor,      // 1 arrow
+    Qt::CrossCursor,      // 2 cross
+    Qt::IBeamCursor,      // 3 text
+    Qt::ArrowCursor,      // 4 icon
+    Qt::SizeAllCursor,    // 5 size
+    Qt::SizeBDiagCursor,  // 6 size north-east to south-west
+    Qt::SizeVerCursor,    // 7 size north to south
+    Qt::SizeFDiagCursor,  // 8 size north-west to south-east
+    Qt::SizeHorCursor,    // 9 size west to east
+    Qt::UpArrowCursor,    // 10 up arrow
+    Qt::WaitCursor,       // 11 hourglass
+    Qt::ForbiddenCursor,  // 12 no drop
+    Qt::BusyCursor,       // 13 arrow and hourglass
+    Qt::WhatsThisCursor,  // 14 arrow and question mark
+    Qt::SizeAllCursor,    // 15 size all
 };
 static_assert(kPointerShapes.size() == 16);
 

@@ -34,8 +34,8 @@ constexpr std::int32_t kBlock = 4;  // pixels
 // Eight channels of 16 bits, with the rounding of Scaled.
 __m128i ScaledWide(__m128i channels, __m128i alpha) noexcept {
     const __m128i product = _mm_mullo_epi16(channels, alpha);  // at most 255 * 255
-    const __m128i rounded = _mm_add_epi16(_mm_add_epi16(product, _mm_srli_epi16(product, 8)),
-                                          _mm_set1_epi16(128));
+    const __m128i rounded =
+        _mm_add_epi16(_mm_add_epi16(product, _mm_srli_epi16(product, 8)), _mm_set1_epi16(128));
     return _mm_srli_epi16(rounded, 8);
 }
 

@@ -197,9 +197,9 @@ void PaintLine(QPainter& painter, const TextLine& line, Point origin, double rat
                std::uint32_t color, const Rect* clip) {
     painter.save();
     if (clip != nullptr) {
-        painter.setClipRect(QRect(clip->left, clip->top, clip->right - clip->left,
-                                  clip->bottom - clip->top),
-                            Qt::IntersectClip);
+        painter.setClipRect(
+            QRect(clip->left, clip->top, clip->right - clip->left, clip->bottom - clip->top),
+            Qt::IntersectClip);
     }
     painter.setPen(QColor::fromRgb(color));
     painter.translate(origin.x, origin.y);

@@ -33,8 +33,8 @@ using FontFaceRef = std::shared_ptr<const FontFace>;
 /// One line of text laid out in one font, with its pixels for one device pixel ratio.
 struct TextLine {
     QList<QGlyphRun> runs;
-    double ascent = 0;  // from the runs' top to their base line, logical pixels
-    int width = 0;      // logical pixels, rounded up
+    double ascent = 0;   // from the runs' top to their base line, logical pixels
+    int width = 0;       // logical pixels, rounded up
     QList<QRectF> bars;  // underline and strike-out relative to the base line, logical pixels
     double ratio = 0;    // of the mask
     /// Device pixels; none where a mask cannot stand for the text: coloured glyphs, or a text so

@@ -9,7 +9,8 @@ namespace velmora {
 void SelectorInput::Post(Action action) {
     m_actions.push_back(std::move(action));
     if (std::exchange(m_posted, true)) return;
-    QMetaObject::invokeMethod(&m_widget, [this] { Deliver(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &m_widget, [this] { Deliver(); }, Qt::QueuedConnection);
 }
 
 bool SelectorInput::Deliver() {

@@ -23,28 +23,28 @@ class VmCalDropDownWidget : public QWidget {
     Q_PROPERTY(QString dateFormat READ dateFormat WRITE setDateFormat)
     Q_PROPERTY(QDate dateMax READ dateMax WRITE setDateMax)
     Q_PROPERTY(QDate dateMin READ dateMin WRITE setDateMin)
-    Q_PROPERTY(QDateTime dateValue READ dateValue WRITE
-                   setDateValue NOTIFY dateValueChanged USER true)
+    Q_PROPERTY(
+        QDateTime dateValue READ dateValue WRITE setDateValue NOTIFY dateValueChanged USER true)
     Q_PROPERTY(velmora::VmCalendarWidget::Appearance dayAppearance READ dayAppearance WRITE
                    setDayAppearance)
-    Q_PROPERTY(velmora::VmCalendarWidget::TextAlignment dayCaptionAlignment READ
-                   dayCaptionAlignment WRITE setDayCaptionAlignment)
+    Q_PROPERTY(velmora::VmCalendarWidget::TextAlignment dayCaptionAlignment READ dayCaptionAlignment
+                   WRITE setDayCaptionAlignment)
     Q_PROPERTY(QColor dayDefaultBackColor READ dayDefaultBackColor WRITE setDayDefaultBackColor)
     Q_PROPERTY(QColor dayDefaultForeColor READ dayDefaultForeColor WRITE setDayDefaultForeColor)
     Q_PROPERTY(QFont dayFont READ dayFont WRITE setDayFont)
-    Q_PROPERTY(velmora::VmCalendarWidget::TextAlignment dayNumberAlignment READ
-                   dayNumberAlignment WRITE setDayNumberAlignment)
-    Q_PROPERTY(QColor dayOtherMonthForeColor READ dayOtherMonthForeColor WRITE
-                   setDayOtherMonthForeColor)
+    Q_PROPERTY(velmora::VmCalendarWidget::TextAlignment dayNumberAlignment READ dayNumberAlignment
+                   WRITE setDayNumberAlignment)
+    Q_PROPERTY(
+        QColor dayOtherMonthForeColor READ dayOtherMonthForeColor WRITE setDayOtherMonthForeColor)
     Q_PROPERTY(velmora::VmCalendarWidget::PictureAlignment dayPictureAlignment READ
                    dayPictureAlignment WRITE setDayPictureAlignment)
-    Q_PROPERTY(DropDownAlignment dropDownAlignment READ dropDownAlignment WRITE
-                   setDropDownAlignment)
-    Q_PROPERTY(velmora::VmCalendarWidget::Appearance dropDownAppearance READ
-                   dropDownAppearance WRITE setDropDownAppearance)
+    Q_PROPERTY(
+        DropDownAlignment dropDownAlignment READ dropDownAlignment WRITE setDropDownAlignment)
+    Q_PROPERTY(velmora::VmCalendarWidget::Appearance dropDownAppearance READ dropDownAppearance
+                   WRITE setDropDownAppearance)
     Q_PROPERTY(int dropDownHeight READ dropDownHeight WRITE setDropDownHeight)
-    Q_PROPERTY(bool dropDownState READ dropDownState WRITE
-                   setDropDownState DESIGNABLE false STORED false)
+    Q_PROPERTY(
+        bool dropDownState READ dropDownState WRITE setDropDownState DESIGNABLE false STORED false)
     Q_PROPERTY(int dropDownWidth READ dropDownWidth WRITE setDropDownWidth)
     Q_PROPERTY(velmora::VmCalendarWidget::WeekDay firstDayOfWeek READ firstDayOfWeek WRITE
                    setFirstDayOfWeek)
@@ -55,12 +55,12 @@ class VmCalDropDownWidget : public QWidget {
                    setMonthDisplay)
     Q_PROPERTY(QFont monthFont READ monthFont WRITE setMonthFont)
     Q_PROPERTY(QColor monthForeColor READ monthForeColor WRITE setMonthForeColor)
-    Q_PROPERTY(MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE
-                   setMonthYearSelStyle)
+    Q_PROPERTY(
+        MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE setMonthYearSelStyle)
     Q_PROPERTY(QPixmap mouseIcon READ mouseIcon WRITE setMouseIcon)
     Q_PROPERTY(int mousePointer READ mousePointer WRITE setMousePointer)
-    Q_PROPERTY(velmora::VmCalendarWidget::OLEDropMode oleDropMode READ oleDropMode WRITE
-                   setOleDropMode)
+    Q_PROPERTY(
+        velmora::VmCalendarWidget::OLEDropMode oleDropMode READ oleDropMode WRITE setOleDropMode)
     Q_PROPERTY(QColor selectedDayBackColor READ selectedDayBackColor WRITE setSelectedDayBackColor)
     Q_PROPERTY(QColor selectedDayForeColor READ selectedDayForeColor WRITE setSelectedDayForeColor)
     Q_PROPERTY(bool showWeekend READ showWeekend WRITE setShowWeekend)

@@ -106,13 +106,9 @@ void VmCalendarWidget::mouseMoveEvent(QMouseEvent* event) { m_host->MouseMove(*e
 
 void VmCalendarWidget::mouseReleaseEvent(QMouseEvent* event) { m_host->MouseUp(*event); }
 
-void VmCalendarWidget::dragEnterEvent(QDragEnterEvent* event) {
-    m_host->Drops().Enter(*event);
-}
+void VmCalendarWidget::dragEnterEvent(QDragEnterEvent* event) { m_host->Drops().Enter(*event); }
 
-void VmCalendarWidget::dragMoveEvent(QDragMoveEvent* event) {
-    m_host->Drops().Move(*event);
-}
+void VmCalendarWidget::dragMoveEvent(QDragMoveEvent* event) { m_host->Drops().Move(*event); }
 
 void VmCalendarWidget::dragLeaveEvent(QDragLeaveEvent*) {
     if (m_host) m_host->Drops().Leave();

@@ -26,23 +26,23 @@ class VmCalendarWidget : public QWidget {
     Q_PROPERTY(QDate dateValue READ dateValue WRITE setDateValue NOTIFY dateValueChanged USER true)
     Q_PROPERTY(Appearance dayAppearance READ dayAppearance WRITE setDayAppearance)
     Q_PROPERTY(QColor dayDefaultBackColor READ dayDefaultBackColor WRITE setDayDefaultBackColor)
-    Q_PROPERTY(QColor dayOtherMonthForeColor READ dayOtherMonthForeColor WRITE
-                   setDayOtherMonthForeColor)
+    Q_PROPERTY(
+        QColor dayOtherMonthForeColor READ dayOtherMonthForeColor WRITE setDayOtherMonthForeColor)
     Q_PROPERTY(QColor dayDefaultForeColor READ dayDefaultForeColor WRITE setDayDefaultForeColor)
-    Q_PROPERTY(TextAlignment dayCaptionAlignment READ dayCaptionAlignment WRITE
-                   setDayCaptionAlignment)
+    Q_PROPERTY(
+        TextAlignment dayCaptionAlignment READ dayCaptionAlignment WRITE setDayCaptionAlignment)
     Q_PROPERTY(QFont dayFont READ dayFont WRITE setDayFont)
     Q_PROPERTY(TextAlignment dayNumberAlignment READ dayNumberAlignment WRITE setDayNumberAlignment)
-    Q_PROPERTY(PictureAlignment dayPictureAlignment READ dayPictureAlignment WRITE
-                   setDayPictureAlignment)
+    Q_PROPERTY(
+        PictureAlignment dayPictureAlignment READ dayPictureAlignment WRITE setDayPictureAlignment)
     Q_PROPERTY(WeekDay firstDayOfWeek READ firstDayOfWeek WRITE setFirstDayOfWeek)
     Q_PROPERTY(Appearance monthAppearance READ monthAppearance WRITE setMonthAppearance)
     Q_PROPERTY(QColor monthBackColor READ monthBackColor WRITE setMonthBackColor)
     Q_PROPERTY(MonthDisplay monthDisplay READ monthDisplay WRITE setMonthDisplay)
     Q_PROPERTY(QFont monthFont READ monthFont WRITE setMonthFont)
     Q_PROPERTY(QColor monthForeColor READ monthForeColor WRITE setMonthForeColor)
-    Q_PROPERTY(MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE
-                   setMonthYearSelStyle)
+    Q_PROPERTY(
+        MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE setMonthYearSelStyle)
     Q_PROPERTY(QPixmap mouseIcon READ mouseIcon WRITE setMouseIcon)
     Q_PROPERTY(int mousePointer READ mousePointer WRITE setMousePointer)
     Q_PROPERTY(QColor selectedDayBackColor READ selectedDayBackColor WRITE setSelectedDayBackColor)

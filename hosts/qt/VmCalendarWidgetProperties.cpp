@@ -251,9 +251,7 @@ void VmCalendarWidget::setOleDropMode(OLEDropMode value) {
     m_host->Set<VmOLEDropModeConstants>("oleDropMode", &VmCalendar::OLEDropMode, value);
 }
 
-void VmCalendarWidget::setNoRepaintControl(bool value) {
-    m_host->calendar.NoRepaintControl(value);
-}
+void VmCalendarWidget::setNoRepaintControl(bool value) { m_host->calendar.NoRepaintControl(value); }
 
 void VmCalendarWidget::setAlwaysDateChanged(bool value) {
     m_host->calendar.AlwaysDateChanged(value);

@@ -18,13 +18,16 @@ TEST(CalendarDates, EachPartRaisesItsEventOnce) {
     };
     const Log end{"notify DateValue", "repaint"};
     for (const Case& c : std::initializer_list<Case>{
-             {Day(2023, 12, 31), Day(2024, 1, 1),
+             {Day(2023, 12, 31),
+              Day(2024, 1, 1),
               {"DateChanged 2024-01-01", "DayChanged 1", "MonthChanged 1", "YearChanged 2024"}},
              {Day(2023, 3, 15), Day(2024, 3, 15), {"DateChanged 2024-03-15", "YearChanged 2024"}},
              {Day(2023, 3, 15), Day(2023, 4, 15), {"DateChanged 2023-04-15", "MonthChanged 4"}},
-             {Day(2023, 3, 15), Day(2024, 4, 15),
+             {Day(2023, 3, 15),
+              Day(2024, 4, 15),
               {"DateChanged 2024-04-15", "MonthChanged 4", "YearChanged 2024"}},
-             {Day(1000, 1, 1), Day(2999, 12, 31),
+             {Day(1000, 1, 1),
+              Day(2999, 12, 31),
               {"DateChanged 2999-12-31", "DayChanged 31", "MonthChanged 12", "YearChanged 2999"}},
          }) {
         TestCalendar test;
@@ -45,9 +48,8 @@ TEST(CalendarDates, ADateInTheShownMonthRedrawsTwoCells) {
     test.calendar->Days()->Item(20)->Caption("kept");
     test.TakeLog();
     test.calendar->DateValue(DateOf(Day(2020, 3, 20)));
-    EXPECT_EQ(test.TakeLog(),
-              (Log{"DateChanged 2020-03-20", "DayChanged 20", "notify DateValue",
-                   "repaint cell 2020-03-15", "repaint cell 2020-03-20"}));
+    EXPECT_EQ(test.TakeLog(), (Log{"DateChanged 2020-03-20", "DayChanged 20", "notify DateValue",
+                                   "repaint cell 2020-03-15", "repaint cell 2020-03-20"}));
     EXPECT_EQ(test.calendar->SelectedDay()->Caption(), "kept");
 }
 
@@ -95,7 +97,8 @@ TEST(CalendarDates, ConvertsOrRefuses) {
 TEST(CalendarDates, ReadsAsTextThatComesBackAsTheSameDay) {
     TestCalendar test;
     test.calendar->DateMin(DateOf(Day(200, 1, 1)));
-    for (const DayNumber day : {Day(200, 2, 3), Day(1930, 1, 2), Day(2029, 12, 31), Day(2100, 5, 6)}) {
+    for (const DayNumber day :
+         {Day(200, 2, 3), Day(1930, 1, 2), Day(2029, 12, 31), Day(2100, 5, 6)}) {
         test.calendar->DateValue(DateOf(day, 0.5));
         const Variant text = test.calendar->DateValue();
         ASSERT_EQ(text.Type(), VarType::Text);
@@ -144,7 +147,8 @@ TEST(CalendarDates, AChangeOfMonthAndYearEndsASuspendedPaint) {
     test.TakeLog();
     test.calendar->DateValue(DateOf(Day(2020, 5, 1)));
     test.calendar->DateValue(DateOf(Day(2021, 5, 1)));
-    for (const std::string& entry : test.TakeLog()) EXPECT_EQ(entry.find("repaint"), std::string::npos);
+    for (const std::string& entry : test.TakeLog())
+        EXPECT_EQ(entry.find("repaint"), std::string::npos);
     test.calendar->DateValue(DateOf(Day(2022, 6, 1)));
     EXPECT_EQ(test.TakeLog().back(), "repaint");
 }
@@ -158,9 +162,9 @@ TEST(CalendarDates, AHandlerThatMovesTheDateAgainEndsTheFirstSequence) {
     });
     test.TakeLog();
     test.calendar->DateValue(DateOf(Day(2020, 4, 4)));
-    EXPECT_EQ(test.TakeLog(), (Log{"DateChanged 2020-04-04", "DateChanged 2020-05-05", "DayChanged 5",
-                                   "MonthChanged 5", "notify DateValue", "repaint",
-                                   "notify DateValue"}));
+    EXPECT_EQ(test.TakeLog(),
+              (Log{"DateChanged 2020-04-04", "DateChanged 2020-05-05", "DayChanged 5",
+                   "MonthChanged 5", "notify DateValue", "repaint", "notify DateValue"}));
     EXPECT_EQ(test.BrokenInvariant(), "");
 }
 

@@ -45,47 +45,127 @@ TEST(CalendarKeyboard, MovesTheDateWithExactEvents) {
     };
     const DayNumber mar15 = Day(2020, 3, 15);
     for (const Case& c : std::initializer_list<Case>{
-             {"day", {mar15}, kRight, 0,
+             {"day",
+              {mar15},
+              kRight,
+              0,
               {"DateChanged 2020-03-16", "DayChanged 16", "notify DateValue",
-               "repaint cell 2020-03-15", "repaint cell 2020-03-16"}, Day(2020, 3, 16)},
-             {"week back over the month", {Day(2020, 3, 3)}, kUp, 0,
+               "repaint cell 2020-03-15", "repaint cell 2020-03-16"},
+              Day(2020, 3, 16)},
+             {"week back over the month",
+              {Day(2020, 3, 3)},
+              kUp,
+              0,
               {"DateChanged 2020-02-25", "DayChanged 25", "MonthChanged 2", "notify DateValue",
-               "repaint"}, Day(2020, 2, 25)},
-             {"day over the year", {Day(2020, 12, 31)}, kRight, 0,
+               "repaint"},
+              Day(2020, 2, 25)},
+             {"day over the year",
+              {Day(2020, 12, 31)},
+              kRight,
+              0,
               {"DateChanged 2021-01-01", "DayChanged 1", "MonthChanged 1", "YearChanged 2021",
-               "notify DateValue", "repaint"}, Day(2021, 1, 1)},
-             {"Friday to Monday", {Day(2020, 3, 13), 0, false}, kRight, 0,
+               "notify DateValue", "repaint"},
+              Day(2021, 1, 1)},
+             {"Friday to Monday",
+              {Day(2020, 3, 13), 0, false},
+              kRight,
+              0,
               {"DateChanged 2020-03-16", "DayChanged 16", "notify DateValue",
-               "repaint cell 2020-03-13", "repaint cell 2020-03-16"}, Day(2020, 3, 16)},
-             {"Monday to Friday", {Day(2020, 3, 16), 0, false}, kLeft, 0,
+               "repaint cell 2020-03-13", "repaint cell 2020-03-16"},
+              Day(2020, 3, 16)},
+             {"Monday to Friday",
+              {Day(2020, 3, 16), 0, false},
+              kLeft,
+              0,
               {"DateChanged 2020-03-13", "DayChanged 13", "notify DateValue",
-               "repaint cell 2020-03-16", "repaint cell 2020-03-13"}, Day(2020, 3, 13)},
-             {"Monday beyond the limit", {Day(2020, 1, 31), 0, false, Day(2020, 1, 1), Day(2020, 1, 31)},
-              kRight, 0, {}, Day(2020, 1, 31), "39"},
-             {"at DateMax", {Day(2020, 3, 31), 0, true, Day(2020, 1, 1), Day(2020, 3, 31)}, kDown, 0,
-              {}, Day(2020, 3, 31), "40"},
-             {"at DateMin", {Day(2020, 3, 1), 0, true, Day(2020, 3, 1)}, kLeft, 0, {},
-              Day(2020, 3, 1), "37"},
-             {"first day of 200", {Day(200, 1, 1), 0, true, Day(200, 1, 1)}, kLeft, 0, {},
-              Day(200, 1, 1), "37"},
-             {"last day of 4600", {Day(4600, 12, 31), 0, true, mar15, Day(4600, 12, 31)}, kRight, 0, {},
-              Day(4600, 12, 31), "39"},
-             {"page from 31 January", {Day(2021, 1, 31)}, kPageDown, 0,
-              {"MonthChanged 2", "notify DateValue", "repaint"}, Day(2021, 2, 28)},
-             {"page over the year", {Day(2020, 1, 31)}, kPageUp, 0,
-              {"MonthChanged 12", "notify DateValue", "repaint"}, Day(2019, 12, 31)},
-             {"year from 29 February", {Day(2000, 2, 29)}, kPageUp, kCtrl,
-              {"YearChanged 1999", "notify DateValue", "repaint"}, Day(1999, 2, 28)},
-             {"page beyond DateMin", {mar15, 0, true, Day(2020, 3, 1)}, kPageUp, 0, {}, mar15, "33"},
-             {"year beyond DateMax", {mar15, 0, true, Day(2020, 1, 1), Day(2021, 2, 28)}, kPageDown,
-              kCtrl, {}, mar15, "34"},
-             {"page from the shown month", {mar15, Day(2020, 6, 1)}, kPageDown, 0,
-              {"MonthChanged 7", "notify DateValue", "repaint"}, Day(2020, 7, 15)},
-             {"day while another month is shown", {mar15, Day(2020, 6, 1)}, kRight, 0,
-              {"DateChanged 2020-03-16", "DayChanged 16", "notify DateValue"}, Day(2020, 3, 16)},
-             {"month while another month is shown", {Day(2020, 3, 31), Day(2020, 6, 1)}, kRight, 0,
+               "repaint cell 2020-03-16", "repaint cell 2020-03-13"},
+              Day(2020, 3, 13)},
+             {"Monday beyond the limit",
+              {Day(2020, 1, 31), 0, false, Day(2020, 1, 1), Day(2020, 1, 31)},
+              kRight,
+              0,
+              {},
+              Day(2020, 1, 31),
+              "39"},
+             {"at DateMax",
+              {Day(2020, 3, 31), 0, true, Day(2020, 1, 1), Day(2020, 3, 31)},
+              kDown,
+              0,
+              {},
+              Day(2020, 3, 31),
+              "40"},
+             {"at DateMin",
+              {Day(2020, 3, 1), 0, true, Day(2020, 3, 1)},
+              kLeft,
+              0,
+              {},
+              Day(2020, 3, 1),
+              "37"},
+             {"first day of 200",
+              {Day(200, 1, 1), 0, true, Day(200, 1, 1)},
+              kLeft,
+              0,
+              {},
+              Day(200, 1, 1),
+              "37"},
+             {"last day of 4600",
+              {Day(4600, 12, 31), 0, true, mar15, Day(4600, 12, 31)},
+              kRight,
+              0,
+              {},
+              Day(4600, 12, 31),
+              "39"},
+             {"page from 31 January",
+              {Day(2021, 1, 31)},
+              kPageDown,
+              0,
+              {"MonthChanged 2", "notify DateValue", "repaint"},
+              Day(2021, 2, 28)},
+             {"page over the year",
+              {Day(2020, 1, 31)},
+              kPageUp,
+              0,
+              {"MonthChanged 12", "notify DateValue", "repaint"},
+              Day(2019, 12, 31)},
+             {"year from 29 February",
+              {Day(2000, 2, 29)},
+              kPageUp,
+              kCtrl,
+              {"YearChanged 1999", "notify DateValue", "repaint"},
+              Day(1999, 2, 28)},
+             {"page beyond DateMin",
+              {mar15, 0, true, Day(2020, 3, 1)},
+              kPageUp,
+              0,
+              {},
+              mar15,
+              "33"},
+             {"year beyond DateMax",
+              {mar15, 0, true, Day(2020, 1, 1), Day(2021, 2, 28)},
+              kPageDown,
+              kCtrl,
+              {},
+              mar15,
+              "34"},
+             {"page from the shown month",
+              {mar15, Day(2020, 6, 1)},
+              kPageDown,
+              0,
+              {"MonthChanged 7", "notify DateValue", "repaint"},
+              Day(2020, 7, 15)},
+             {"day while another month is shown",
+              {mar15, Day(2020, 6, 1)},
+              kRight,
+              0,
+              {"DateChanged 2020-03-16", "DayChanged 16", "notify DateValue"},
+              Day(2020, 3, 16)},
+             {"month while another month is shown",
+              {Day(2020, 3, 31), Day(2020, 6, 1)},
+              kRight,
+              0,
               {"DateChanged 2020-04-01", "DayChanged 1", "MonthChanged 4", "notify DateValue",
-               "repaint"}, Day(2020, 4, 1)},
+               "repaint"},
+              Day(2020, 4, 1)},
              {"another key", {mar15}, 65, 0, {}, mar15, "65"},
          }) {
         SCOPED_TRACE(c.name);
@@ -140,18 +220,29 @@ TEST(CalendarMouse, AClickSelectsWithExactEvents) {
     };
     const DayNumber mar15 = Day(2020, 3, 15);
     for (const Case& c : std::initializer_list<Case>{
-             {"same month", {mar15}, Day(2020, 3, 18),
+             {"same month",
+              {mar15},
+              Day(2020, 3, 18),
               {"DateChanged 2020-03-18", "DayChanged 18", "notify DateValue",
-               "repaint cell 2020-03-15", "repaint cell 2020-03-18"}, Day(2020, 3, 18)},
-             {"next month", {mar15}, Day(2020, 4, 2),
+               "repaint cell 2020-03-15", "repaint cell 2020-03-18"},
+              Day(2020, 3, 18)},
+             {"next month",
+              {mar15},
+              Day(2020, 4, 2),
               {"DateChanged 2020-04-02", "DayChanged 2", "MonthChanged 4", "notify DateValue",
-               "repaint"}, Day(2020, 4, 2)},
-             {"same number in the month before", {Day(2020, 3, 29)}, Day(2020, 2, 29),
+               "repaint"},
+              Day(2020, 4, 2)},
+             {"same number in the month before",
+              {Day(2020, 3, 29)},
+              Day(2020, 2, 29),
               {"DateChanged 2020-02-29", "MonthChanged 2", "notify DateValue", "repaint"},
               Day(2020, 2, 29)},
-             {"year before", {Day(2020, 1, 5)}, Day(2019, 12, 31),
+             {"year before",
+              {Day(2020, 1, 5)},
+              Day(2019, 12, 31),
               {"DateChanged 2019-12-31", "DayChanged 31", "MonthChanged 12", "YearChanged 2019",
-               "notify DateValue", "repaint"}, Day(2019, 12, 31)},
+               "notify DateValue", "repaint"},
+              Day(2019, 12, 31)},
              {"the selected day", {mar15}, mar15, {}, mar15},
              {"beyond the limits", {mar15, 0, true, Day(2020, 3, 1)}, Day(2020, 2, 28), {}, mar15},
          }) {
@@ -184,13 +275,13 @@ TEST(CalendarMouse, AHeldButtonShowsTheChoiceAndGivesItBack) {
     EXPECT_EQ(test.TakeLog(), (Log{"capture", "repaint cell 2020-03-10", "repaint cell 2020-03-15",
                                    "MouseDown 1"}));
     test.MoveTo(Day(2020, 3, 11));
-    EXPECT_EQ(test.TakeLog(), (Log{"repaint cell 2020-03-10", "repaint cell 2020-03-11",
-                                   "MouseMove 1"}));
+    EXPECT_EQ(test.TakeLog(),
+              (Log{"repaint cell 2020-03-10", "repaint cell 2020-03-11", "MouseMove 1"}));
     test.MoveTo(Day(2020, 3, 11));
     EXPECT_EQ(test.TakeLog(), (Log{"MouseMove 1"}));
     test.MoveTo(Day(2020, 2, 29));  // outside the limits
-    EXPECT_EQ(test.TakeLog(), (Log{"repaint cell 2020-03-11", "repaint cell 2020-03-15",
-                                   "MouseMove 1"}));
+    EXPECT_EQ(test.TakeLog(),
+              (Log{"repaint cell 2020-03-11", "repaint cell 2020-03-15", "MouseMove 1"}));
     test.MoveTo(Day(2020, 3, 12));
     test.TakeLog();
     for (const std::string how : {"lost capture", "escape", "disabled"}) {
@@ -223,15 +314,26 @@ TEST(CalendarMouse, ArrowsStepTheShownMonthInsideTheLimits) {
         DayNumber shown;
     };
     for (const Case& c : std::initializer_list<Case>{
-             {Arrow::YearBack, {Day(2020, 3, 15)}, {"YearChanged 2019", "repaint"}, Day(2019, 3, 15)},
-             {Arrow::YearForward, {Day(2020, 2, 29)}, {"YearChanged 2021", "repaint"},
+             {Arrow::YearBack,
+              {Day(2020, 3, 15)},
+              {"YearChanged 2019", "repaint"},
+              Day(2019, 3, 15)},
+             {Arrow::YearForward,
+              {Day(2020, 2, 29)},
+              {"YearChanged 2021", "repaint"},
               Day(2021, 2, 28)},
-             {Arrow::MonthBack, {Day(2020, 1, 31)}, {"MonthChanged 12", "YearChanged 2019", "repaint"},
+             {Arrow::MonthBack,
+              {Day(2020, 1, 31)},
+              {"MonthChanged 12", "YearChanged 2019", "repaint"},
               Day(2019, 12, 31)},
-             {Arrow::MonthForward, {Day(2020, 1, 31)}, {"MonthChanged 2", "repaint"},
+             {Arrow::MonthForward,
+              {Day(2020, 1, 31)},
+              {"MonthChanged 2", "repaint"},
               Day(2020, 2, 29)},
              {Arrow::MonthBack, {Day(2020, 3, 15), 0, true, Day(2020, 3, 1)}, {}, Day(2020, 3, 15)},
-             {Arrow::YearForward, {Day(2020, 3, 15), 0, true, Day(2020, 3, 1), Day(2021, 2, 28)}, {},
+             {Arrow::YearForward,
+              {Day(2020, 3, 15), 0, true, Day(2020, 3, 1), Day(2021, 2, 28)},
+              {},
               Day(2020, 3, 15)},
          }) {
         TestCalendar test;
@@ -282,8 +384,12 @@ TEST(CalendarMouse, AClickWorksBeforeTheFirstPaintAndTheSelectedDayCanAnswer) {
 /// What the user does with a selector, and what follows.
 TEST(CalendarSelectors, MoveTheShownDateWithExactEvents) {
     using Act = std::function<void(VmCalendar&)>;
-    const auto list = [](int index) { return Act([=](VmCalendar& c) { c.OnMonthListClick(index); }); };
-    const auto year = [](const char* text) { return Act([=](VmCalendar& c) { c.OnYearText(text); }); };
+    const auto list = [](int index) {
+        return Act([=](VmCalendar& c) { c.OnMonthListClick(index); });
+    };
+    const auto year = [](const char* text) {
+        return Act([=](VmCalendar& c) { c.OnYearText(text); });
+    };
     const auto spin = [](int y) { return Act([=](VmCalendar& c) { c.OnYearSpinner(-y); }); };
     const auto scroll = [](DayNumber to) {
         return Act([=](VmCalendar& c) { c.OnDateScroll(MonthIndex(to)); });
@@ -298,30 +404,51 @@ TEST(CalendarSelectors, MoveTheShownDateWithExactEvents) {
     const DayNumber jan31 = Day(2021, 1, 31);
     const Start narrow{Day(2020, 3, 15), 0, true, Day(2020, 2, 1), Day(2021, 6, 30)};
     for (const Case& c : std::initializer_list<Case>{
-             {"list", {jan31}, list(1),
-              {"DateChanged 2021-02-28", "MonthChanged 2", "repaint"}, Day(2021, 2, 28)},
+             {"list",
+              {jan31},
+              list(1),
+              {"DateChanged 2021-02-28", "MonthChanged 2", "repaint"},
+              Day(2021, 2, 28)},
              {"list, same month", {jan31}, list(0), {}, jan31},
              {"list, beyond the limits", narrow, list(0), {}, Day(2020, 3, 15)},
              {"list, no item", narrow, list(12), {}, Day(2020, 3, 15)},
              {"year", {jan31}, year(" 1999 "), {"YearChanged 1999", "repaint"}, Day(1999, 1, 31)},
              {"year, the same", {jan31}, year("2021"), {}, jan31},
-             {"year, beyond the limits", narrow, year("2022"), {"YearChanged 2020"}, Day(2020, 3, 15)},
+             {"year, beyond the limits",
+              narrow,
+              year("2022"),
+              {"YearChanged 2020"},
+              Day(2020, 3, 15)},
              {"year, empty", narrow, year(""), {"YearChanged 2020"}, Day(2020, 3, 15)},
              {"year, letters", narrow, year("12x"), {"YearChanged 2020"}, Day(2020, 3, 15)},
              {"year, too large", narrow, year("99999"), {"YearChanged 2020"}, Day(2020, 3, 15)},
              {"spinner", {jan31}, spin(2022), {"YearChanged 2022", "repaint"}, Day(2022, 1, 31)},
              {"spinner, the same", {jan31}, spin(2021), {"repaint"}, jan31},
              {"spinner, over a limit inside its year",
-              {Day(2020, 12, 15), 0, true, Day(2020, 2, 1), Day(2021, 6, 30)}, spin(2021),
-              {"YearChanged 2021", "repaint"}, Day(2021, 12, 15)},
-             {"scroll", {jan31}, scroll(Day(2021, 2, 1)), {"MonthChanged 2", "repaint"},
+              {Day(2020, 12, 15), 0, true, Day(2020, 2, 1), Day(2021, 6, 30)},
+              spin(2021),
+              {"YearChanged 2021", "repaint"},
+              Day(2021, 12, 15)},
+             {"scroll",
+              {jan31},
+              scroll(Day(2021, 2, 1)),
+              {"MonthChanged 2", "repaint"},
               Day(2021, 2, 28)},
-             {"scroll over the year", {jan31}, scroll(Day(2020, 12, 1)),
-              {"MonthChanged 12", "YearChanged 2020", "repaint"}, Day(2020, 12, 31)},
-             {"scroll, a year", {jan31}, scroll(Day(2023, 1, 1)), {"YearChanged 2023", "repaint"},
+             {"scroll over the year",
+              {jan31},
+              scroll(Day(2020, 12, 1)),
+              {"MonthChanged 12", "YearChanged 2020", "repaint"},
+              Day(2020, 12, 31)},
+             {"scroll, a year",
+              {jan31},
+              scroll(Day(2023, 1, 1)),
+              {"YearChanged 2023", "repaint"},
               Day(2023, 1, 31)},
-             {"scroll, beyond the limits", narrow, scroll(Day(2030, 1, 1)),
-              {"MonthChanged 6", "YearChanged 2021", "repaint"}, Day(2021, 6, 15)},
+             {"scroll, beyond the limits",
+              narrow,
+              scroll(Day(2030, 1, 1)),
+              {"MonthChanged 6", "YearChanged 2021", "repaint"},
+              Day(2021, 6, 15)},
          }) {
         SCOPED_TRACE(c.name);
         TestCalendar test;
@@ -383,7 +510,9 @@ void Act(TestCalendar& test, std::mt19937& random) {
         case 0: calendar.OnMouseDown(static_cast<std::int16_t>(pick(0, 2)), 0, x, y); break;
         case 1: calendar.OnMouseMove(1, 0, x, y); break;
         case 2: calendar.OnMouseUp(static_cast<std::int16_t>(pick(0, 2)), 0, x, y); break;
-        case 3: calendar.MonthYearSelStyle(static_cast<VmMonthYearSelStyleConstants>(pick(0, 3))); break;
+        case 3:
+            calendar.MonthYearSelStyle(static_cast<VmMonthYearSelStyleConstants>(pick(0, 3)));
+            break;
         case 4: calendar.ShowWeekend(pick(0, 1) == 1); break;
         case 5: calendar.FirstDayOfWeek(static_cast<VmWeekDays>(pick(1, 7))); break;
         case 6: calendar.DateMax(DateOf(near)); break;
@@ -393,8 +522,12 @@ void Act(TestCalendar& test, std::mt19937& random) {
         case 10: calendar.OnYearText(std::to_string(pick(195, 4605))); break;
         case 11: calendar.OnYearSpinner(-pick(YearOf(near) - 2, YearOf(near) + 2)); break;
         case 12: calendar.OnDateScroll(MonthIndex(near) + pick(-30, 30)); break;
-        case 13: calendar.DateMax(DateOf(Day(4600, 12, 31))), calendar.DateMin(DateOf(Day(200, 1, 1))); break;
-        default: test.Key(static_cast<std::int16_t>(pick(32, 41)), static_cast<std::int16_t>(pick(0, 3)));
+        case 13:
+            calendar.DateMax(DateOf(Day(4600, 12, 31))), calendar.DateMin(DateOf(Day(200, 1, 1)));
+            break;
+        default:
+            test.Key(static_cast<std::int16_t>(pick(32, 41)),
+                     static_cast<std::int16_t>(pick(0, 3)));
     }
 }
 
@@ -443,7 +576,8 @@ TEST(Calendar, SurvivesEveryHandlerInEverySequence) {
         [](TestCalendar& t) {
             const Point at = t.CenterOf(Day(2021, 1, 2));
             t.calendar->OnMouseDown(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
-            if (t.calendar) t.calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+            if (t.calendar)
+                t.calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
         },
         [](TestCalendar& t) { t.calendar->OnMonthListClick(4); },
         [](TestCalendar& t) { t.calendar->OnYearText("2019"); },
@@ -466,7 +600,8 @@ TEST(Calendar, SurvivesEveryHandlerInEverySequence) {
                 if (event == 1) events.DayChanged.Connect([&](std::int16_t&) { act(); });
                 if (event == 2) events.MonthChanged.Connect([&](std::int16_t&) { act(); });
                 if (event == 3) events.YearChanged.Connect([&](std::int16_t&) { act(); });
-                if (event == 4) events.KeyDown.Connect([&](std::int16_t&, std::int16_t&) { act(); });
+                if (event == 4)
+                    events.KeyDown.Connect([&](std::int16_t&, std::int16_t&) { act(); });
                 const auto mouse = [&](auto&...) { act(); };
                 if (event == 5) events.MouseDown.Connect(mouse);
                 if (event == 6) events.MouseUp.Connect(mouse);

@@ -79,11 +79,11 @@ TEST_F(CalendarPainterTest, ColoursFollowTheirPrecedence) {
         EXPECT_EQ(look.fore, c.fore) << c.number;
         EXPECT_EQ(look.back, c.back) << c.number;
     };
-    expect({Day(2020, 3, 20), "20", Sys(14), Sys(13)});    // selected, over its own
-    expect({Day(2020, 3, 15), "15", Sys(8), 0xFFFF00});    // today, over its own
-    expect({Day(2020, 3, 12), "12", 0x22, 0x33});          // its own
-    expect({Day(2020, 3, 13), "13", Sys(8), Sys(15)});     // Null is the default
-    expect({Day(2020, 2, 29), "29", 0x11, Sys(15)});       // other month
+    expect({Day(2020, 3, 20), "20", Sys(14), Sys(13)});  // selected, over its own
+    expect({Day(2020, 3, 15), "15", Sys(8), 0xFFFF00});  // today, over its own
+    expect({Day(2020, 3, 12), "12", 0x22, 0x33});        // its own
+    expect({Day(2020, 3, 13), "13", Sys(8), Sys(15)});   // Null is the default
+    expect({Day(2020, 2, 29), "29", 0x11, Sys(15)});     // other month
     expect({Day(2020, 4, 1), "1", 0x11, Sys(15)});
 
     test.now = DateOf(Day(2020, 4, 1));
@@ -255,7 +255,8 @@ TEST(CalendarPainter, PaintsAnyRestoredNonsense) {
         void WriteProperty(std::string_view, const Variant&, const Variant&) override {}
     } bag;
     for (const std::int32_t number : {0, -1, 200, 1'000'000, INT32_MAX, INT32_MIN}) {
-        for (const Size size : {Size{252, 202}, Size{0, 0}, Size{1, 1}, Size{9, 9}, Size{3, 2000}}) {
+        for (const Size size :
+             {Size{252, 202}, Size{0, 0}, Size{1, 1}, Size{9, 9}, Size{3, 2000}}) {
             TestCalendar test(size);
             bag.number = number;
             test.calendar->ReadProps(bag);

@@ -25,7 +25,11 @@ template <class T>
 Row RowOf(const char* name, std::int64_t initial, std::vector<std::int64_t> accepted,
           std::vector<std::int64_t> refused, T (VmCalendar::*get)() const,
           void (VmCalendar::*let)(T), const char* effect = "repaint") {
-    return {name, initial, std::move(accepted), std::move(refused), effect,
+    return {name,
+            initial,
+            std::move(accepted),
+            std::move(refused),
+            effect,
             [get](VmCalendar& c) { return static_cast<std::int64_t>((c.*get)()); },
             [let](VmCalendar& c, std::int64_t value) { (c.*let)(static_cast<T>(value)); }};
 }
@@ -100,7 +104,8 @@ TEST(CalendarProperties, StoreNotifyAndRepaintOrRefuse) {
         const std::int64_t kept = row.get(calendar);
         for (const std::int64_t value : row.refused) {
             EXPECT_EQ(NumberOf([&] { row.let(calendar, value); }),
-                      ErrorNumber::InvalidPropertyValue) << value;
+                      ErrorNumber::InvalidPropertyValue)
+                << value;
             EXPECT_EQ(row.get(calendar), kept);
         }
         EXPECT_TRUE(test.TakeLog().empty());
@@ -177,7 +182,8 @@ TEST(CalendarProperties, LimitsRoundToWholeMonthsAndRefuseWhatCrosses) {
         test.calendar->DateMin(DateOf(min));
         test.TakeLog();
         const ErrorNumber number = NumberOf([&] {
-            c.maximum ? test.calendar->DateMax(DateOf(c.value)) : test.calendar->DateMin(DateOf(c.value));
+            c.maximum ? test.calendar->DateMax(DateOf(c.value))
+                      : test.calendar->DateMin(DateOf(c.value));
         });
         EXPECT_EQ(number, c.accepted ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
         EXPECT_EQ(DayOf(c.maximum ? test.calendar->DateMax() : test.calendar->DateMin()), c.stored);

@@ -50,12 +50,15 @@ TEST_F(DropDown, OpensAndPicksWithExactEvents) {
         Log events;
     };
     for (const Case& c : std::initializer_list<Case>{
-             {"a day", Day(2020, 3, 18),
+             {"a day",
+              Day(2020, 3, 18),
               {"A MouseDown", "A DateChanged 2020-03-18", "notify DateValue", "A DayChanged 18",
                "A MouseUp", "hide", "A CloseUp"}},
-             {"the selected day", kMar15,
+             {"the selected day",
+              kMar15,
               {"A MouseDown", "A DayChanged 15", "A MouseUp", "hide", "A CloseUp"}},
-             {"a neighbouring month", Day(2020, 4, 2),
+             {"a neighbouring month",
+              Day(2020, 4, 2),
               {"A MouseDown", "A DateChanged 2020-04-02", "notify DateValue", "A DayChanged 2",
                "A MonthChanged 4", "A MouseUp", "hide", "A CloseUp"}},
          }) {
@@ -84,8 +87,7 @@ TEST_F(DropDown, ANeighbouringDayOfTheSameNumberClosesToo) {
 TEST_F(DropDown, ArrowsTurnTheMonthAndKeepItOpen) {
     box.Let(kMonthYearSelStyle, VmMonthSelArrows);
     Open();
-    const Rect arrow =
-        test.form->Calendar().Layout().arrows[static_cast<int>(Arrow::MonthForward)];
+    const Rect arrow = test.form->Calendar().Layout().arrows[static_cast<int>(Arrow::MonthForward)];
     const auto x = static_cast<float>(arrow.left + 2);
     const auto y = static_cast<float>(arrow.top + 2);
     box.Events().MonthChanged.Connect(
@@ -110,19 +112,48 @@ TEST_F(DropDown, StepsByKeysOpenAndClosed) {
         DayNumber to;
     };
     for (const Case& c : std::initializer_list<Case>{
-             {"day", kRight, 0, kMar15, true,
-              {"A DateChanged 2020-03-16", "A DayChanged 16"}, Day(2020, 3, 16)},
-             {"week over the month", kUp, 0, Day(2020, 3, 3), true,
-              {"A DateChanged 2020-02-25", "A DayChanged 25", "A MonthChanged 2"}, Day(2020, 2, 25)},
-             {"month", kPageDown, 0, Day(2021, 1, 31), true,
-              {"A DateChanged 2021-02-28", "A DayChanged 28", "A MonthChanged 2"}, Day(2021, 2, 28)},
-             {"year", kPageDown, kCtrl, Day(2020, 2, 29), true,
+             {"day",
+              kRight,
+              0,
+              kMar15,
+              true,
+              {"A DateChanged 2020-03-16", "A DayChanged 16"},
+              Day(2020, 3, 16)},
+             {"week over the month",
+              kUp,
+              0,
+              Day(2020, 3, 3),
+              true,
+              {"A DateChanged 2020-02-25", "A DayChanged 25", "A MonthChanged 2"},
+              Day(2020, 2, 25)},
+             {"month",
+              kPageDown,
+              0,
+              Day(2021, 1, 31),
+              true,
+              {"A DateChanged 2021-02-28", "A DayChanged 28", "A MonthChanged 2"},
+              Day(2021, 2, 28)},
+             {"year",
+              kPageDown,
+              kCtrl,
+              Day(2020, 2, 29),
+              true,
               {"A DateChanged 2021-02-28", "A DayChanged 28", "A YearChanged 2021"},
               Day(2021, 2, 28)},
-             {"Friday to Monday", kRight, 0, Day(2020, 3, 13), false,
-              {"A DateChanged 2020-03-16", "A DayChanged 16"}, Day(2020, 3, 16)},
-             {"Monday to Friday", kLeft, 0, Day(2020, 3, 16), false,
-              {"A DateChanged 2020-03-13", "A DayChanged 13"}, Day(2020, 3, 13)},
+             {"Friday to Monday",
+              kRight,
+              0,
+              Day(2020, 3, 13),
+              false,
+              {"A DateChanged 2020-03-16", "A DayChanged 16"},
+              Day(2020, 3, 16)},
+             {"Monday to Friday",
+              kLeft,
+              0,
+              Day(2020, 3, 16),
+              false,
+              {"A DateChanged 2020-03-13", "A DayChanged 13"},
+              Day(2020, 3, 13)},
              {"beyond DateMax", kRight, 0, Day(2700, 12, 31), true, {}, Day(2700, 12, 31)},
              {"beyond DateMin", kLeft, 0, Day(1100, 1, 1), true, {}, Day(1100, 1, 1)},
          }) {
@@ -274,8 +305,8 @@ TEST_F(DropDown, TwoBoxesKeepWhatIsTheirs) {
     test.Key(test.a, kRight);
     test.TakeLog();
     test.Key(test.b, kF4);  // the other box takes the window over
-    EXPECT_EQ(test.TakeLog(), (Log{"B KeyDown 115", "hide", "A CloseUp", "B DropDown",
-                                   "show 400,72 250x200"}));
+    EXPECT_EQ(test.TakeLog(),
+              (Log{"B KeyDown 115", "hide", "A CloseUp", "B DropDown", "show 400,72 250x200"}));
     EXPECT_FALSE(box.DropDownState());
     EXPECT_EQ(DateOfBox(), Day(2020, 3, 16));
     EXPECT_EQ(test.form->Calendar().MonthBackColor(), 0x123456u);
@@ -312,10 +343,10 @@ TEST_F(DropDown, PlacesItsWindowByItsAlignment) {
         int width;
         const char* shown;
     };
-    for (const Case& c : std::initializer_list<Case>{
-             {VmLeftJustified, 250, "show 100,72 250x180"},
-             {VmRightJustified, 250, "show -1,72 250x180"},
-             {VmRightJustified, 100, "show 149,72 100x180"}}) {
+    for (const Case& c :
+         std::initializer_list<Case>{{VmLeftJustified, 250, "show 100,72 250x180"},
+                                     {VmRightJustified, 250, "show -1,72 250x180"},
+                                     {VmRightJustified, 100, "show 149,72 100x180"}}) {
         box.DropDownAlignment(c.alignment);
         box.DropDownWidth(c.width);
         box.DropDownHeight(180);
@@ -333,13 +364,20 @@ TEST_F(DropDown, PlacesItsWindowByItsAlignment) {
 TEST_F(DropDown, RefusesAtOnce) {
     const auto icon = std::make_shared<StdPicture>(PictureType::Bitmap, Size{}, nullptr);
     const std::pair<const char*, Variant> cases[] = {
-        {"DropDownAlignment", std::int32_t{2}}, {"DropDownHeight", std::int32_t{-1}},
-        {"DropDownWidth", std::int32_t{-1}},    {"MonthYearSelStyle", std::int32_t{2}},
-        {"MouseIcon", ObjectRef(icon)},         {"TodayBackColor", std::int32_t{1 << 24}},
-        {"FirstDayOfWeek", std::int32_t{8}},    {"DropDownAppearance", std::int32_t{2}},
-        {"DateMax", Date(-700000)},             {"DateMin", Date(1e7)},
-        {"DateValue", "12x"},                   {"DateValue", Null{}},
-        {"DateValue", Variant()},               {"Appearance", std::int32_t{1}},
+        {"DropDownAlignment", std::int32_t{2}},
+        {"DropDownHeight", std::int32_t{-1}},
+        {"DropDownWidth", std::int32_t{-1}},
+        {"MonthYearSelStyle", std::int32_t{2}},
+        {"MouseIcon", ObjectRef(icon)},
+        {"TodayBackColor", std::int32_t{1 << 24}},
+        {"FirstDayOfWeek", std::int32_t{8}},
+        {"DropDownAppearance", std::int32_t{2}},
+        {"DateMax", Date(-700000)},
+        {"DateMin", Date(1e7)},
+        {"DateValue", "12x"},
+        {"DateValue", Null{}},
+        {"DateValue", Variant()},
+        {"Appearance", std::int32_t{1}},
     };
     test.TakeLog();
     for (const auto& [name, value] : cases) {
@@ -406,7 +444,8 @@ public:
         const auto found = values.find(std::string(name));
         return found == values.end() ? fallback : found->second;
     }
-    void WriteProperty(std::string_view name, const Variant& value, const Variant& fallback) override {
+    void WriteProperty(std::string_view name, const Variant& value,
+                       const Variant& fallback) override {
         keys.emplace_back(name);
         if (value != fallback) values[std::string(name)] = value;
     }
@@ -530,7 +569,8 @@ TEST(DropDownWalk, HoldsItsInvariants) {
         for (const TestBoxes::Box* each : {&test.a, &test.b}) {
             const VmCalDropDown& c = *each->control;
             ASSERT_TRUE(c.DateMin().value <= DayOf(c.DateValue()) &&
-                        DayOf(c.DateValue()) <= c.DateMax().value) << step;
+                        DayOf(c.DateValue()) <= c.DateMax().value)
+                << step;
             ASSERT_EQ(c.Text(), test.dates.Format(c.DateValue(), "Short Date")) << step;
             ASSERT_EQ(c.DropDownState(), test.form->GetOwner() == &c) << step;
         }

@@ -148,22 +148,41 @@ std::shared_ptr<StdPicture> MakePicture(PictureType type, int width, int height,
 TEST(QtDrawing, PaintsTheSamePixelsDirectlyAndOffScreen) {
     const auto icon = MakePicture(PictureType::Icon, 2, 2, {kRedPixel, 0, 0x80FF0000, kBluePixel});
     const std::vector<std::pair<const char*, Paint>> cases{
-        {"fill", [](auto& d, auto s) { Fill(d, s, {3, 4, 20, 21}, kRed); }},
-        {"slanted line", [](auto& d, auto s) { Line(d, s, {3, 4}, {41, 17}); }},
-        {"text", [](auto& d, auto s) {
+        {"fill",
+         [](auto& d, auto s) {
+             Fill(d, s, {3, 4, 20, 21}, kRed);
+         }},
+        {"slanted line",
+         [](auto& d, auto s) {
+             Line(d, s, {3, 4}, {41, 17});
+         }},
+        {"text",
+         [](auto& d, auto s) {
              d.SetTextColor(s, 0x804020);
              Text(d, s, "Tag 17", {2, 3, 58, 20}, kTextCenter | kTextVCenter);
          }},
-        {"decorated text", [](auto& d, auto s) {
+        {"decorated text",
+         [](auto& d, auto s) {
              Text(d, s, "fgj", {2, 3, 58, 20}, 0, {"DejaVu Sans", 11, true, true, true, true});
          }},
-        {"clipped text", [](auto& d, auto s) { Text(d, s, "Wagon", {7, 5, 30, 13}, kTextRight); }},
-        {"button", [](auto& d, auto s) {
+        {"clipped text",
+         [](auto& d, auto s) {
+             Text(d, s, "Wagon", {7, 5, 30, 13}, kTextRight);
+         }},
+        {"button",
+         [](auto& d, auto s) {
              d.DrawFrameControl(s, {1, 1, 18, 18}, FrameControl::ScrollBar, kScrollLeft);
          }},
-        {"edge", [](auto& d, auto s) { d.DrawEdge(s, {1, 1, 18, 18}, kSunken, kAllSides); }},
-        {"focus", [](auto& d, auto s) { d.DrawFocusRect(s, {3, 3, 20, 12}); }},
-        {"icon", [&](auto& d, auto s) {
+        {"edge",
+         [](auto& d, auto s) {
+             d.DrawEdge(s, {1, 1, 18, 18}, kSunken, kAllSides);
+         }},
+        {"focus",
+         [](auto& d, auto s) {
+             d.DrawFocusRect(s, {3, 3, 20, 12});
+         }},
+        {"icon",
+         [&](auto& d, auto s) {
              d.DrawIconEx(s, 2, 2, d.PictureHandle(*icon), 16, 16, kDrawIconNormal);
          }},
     };
@@ -194,8 +213,11 @@ TEST(QtDrawing, LinesLeaveTheirEndPointUndrawn) {
 }
 
 TEST(QtDrawing, EmptyInvertedAndExtremeArgumentsDrawNothingElse) {
-    const Rect rects[] = {{5, 5, 5, 9}, {9, 9, 5, 5}, {INT_MAX, 0, INT_MIN, 9},
-                          {INT_MAX - 1, 0, INT_MAX, 9}, {INT_MIN, INT_MIN, INT_MIN + 1, 0}};
+    const Rect rects[] = {{5, 5, 5, 9},
+                          {9, 9, 5, 5},
+                          {INT_MAX, 0, INT_MIN, 9},
+                          {INT_MAX - 1, 0, INT_MAX, 9},
+                          {INT_MIN, INT_MIN, INT_MIN + 1, 0}};
     for (const Rect& rect : rects) {
         const Paint paint = [&](auto& d, auto s) {
             Fill(d, s, rect, kRed);
@@ -452,9 +474,10 @@ TEST(QtDrawing, SelectionReturnsWhatWasSelectedBefore) {
     QtDrawing& d = screen.drawing;
     const OwnedSurface surface(d, d.CreateCompatibleDC(screen.Get()));
     const OwnedSurface second(d, d.CreateCompatibleDC(screen.Get()));
-    const OwnedObject objects[] = {
-        SolidBrush(d, kRed), SolidPen(d, kRed), {d, d.CreateFontIndirectA({"DejaVu Sans", 9})},
-        {d, d.CreateCompatibleBitmap(screen.Get(), 5, 5)}};
+    const OwnedObject objects[] = {SolidBrush(d, kRed),
+                                   SolidPen(d, kRed),
+                                   {d, d.CreateFontIndirectA({"DejaVu Sans", 9})},
+                                   {d, d.CreateCompatibleBitmap(screen.Get(), 5, 5)}};
     ObjectHandle noBitmap{};
     for (const OwnedObject& object : objects) {
         const ObjectHandle before = noBitmap = d.SelectObject(surface.Get(), object.Get());
@@ -514,8 +537,7 @@ TEST(QtDrawing, ASurfaceRestoresThePainter) {
     painter.translate(3, 4);
     const auto state = [&] {
         return std::tuple(painter.pen(), painter.font(), painter.worldTransform(),
-                          painter.renderHints(), painter.hasClipping(),
-                          painter.compositionMode());
+                          painter.renderHints(), painter.hasClipping(), painter.compositionMode());
     };
     const auto before = state();
     {

@@ -138,8 +138,8 @@ TEST(VmCalDropDownWidget, EveryPropertyReadsBackWhatWasWrittenAndRefusesTheRest)
         const Samples samples = SamplesOf(property);
         EXPECT_TRUE(!samples.good.empty() || property.typeId() == QMetaType::QPixmap);
         s_warnings = 0;
-        const auto before = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) {
+        const auto before =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
                 if (text.startsWith("VmCalDropDownWidget: ")) ++s_warnings;
             });
         QVariant kept;
@@ -194,39 +194,53 @@ TEST(VmCalDropDownWidget, EmitsInOrderAndLeavesNothingRunning) {
         window.TakeLog();
     };
     const std::initializer_list<Case> cases = {
-        {"press and press", [](BoxWindow& w) {
+        {"press and press",
+         [](BoxWindow& w) {
              SendMouse(w.box, QEvent::MouseButtonPress, {140, 12});
              EXPECT_TRUE(TheForm().isVisible());
              SendMouse(w.box, QEvent::MouseButtonPress, {140, 12});
-         }, {"mouseDown:1", "dropDown", "mouseDown:1", "closeUp"}},
-        {"a day", [&](BoxWindow& w) { open(w), w.ClickDay({2024, 5, 20}); },
+         },
+         {"mouseDown:1", "dropDown", "mouseDown:1", "closeUp"}},
+        {"a day",
+         [&](BoxWindow& w) {
+             open(w), w.ClickDay({2024, 5, 20});
+         },
          {"mouseDown:1", "2024-05-20", "dateValueChanged", "day:20", "mouseUp:1", "closeUp"}},
-        {"keys", [&](BoxWindow& w) {
+        {"keys",
+         [&](BoxWindow& w) {
              w.Key(Qt::Key_Down, Qt::AltModifier);
              w.Key(Qt::Key_Right);
              w.Key(Qt::Key_Return);
-         }, {"keyDown:40", "dropDown", "keyDown:39", "2024-05-16", "dateValueChanged", "day:16",
-             "keyDown:13", "closeUp"}},
-        {"keys while closed", [](BoxWindow& w) { w.Key(Qt::Key_PageDown); },
+         },
+         {"keyDown:40", "dropDown", "keyDown:39", "2024-05-16", "dateValueChanged", "day:16",
+          "keyDown:13", "closeUp"}},
+        {"keys while closed",
+         [](BoxWindow& w) { w.Key(Qt::Key_PageDown); },
          {"keyDown:34", "2024-06-15", "month:6", "dateValueChanged"}},
-        {"state", [](BoxWindow& w) {
+        {"state",
+         [](BoxWindow& w) {
              w.box->setFocus();
              w.box->setDropDownState(true);
              EXPECT_TRUE(w.box->dropDownState() && TheForm().isVisible());
              w.box->setDropDownState(false);
-         }, {"dropDown", "closeUp"}},
-        {"press outside", [&](BoxWindow& w) {
+         },
+         {"dropDown", "closeUp"}},
+        {"press outside",
+         [&](BoxWindow& w) {
              open(w);
              EXPECT_EQ(QWidget::mouseGrabber(), &TheForm());
              Click(&TheForm(), {-50, -50});
-         }, {"mouseDown:1", "closeUp"}},
+         },
+         {"mouseDown:1", "closeUp"}},
         {"hidden", [&](BoxWindow& w) { open(w), w.box->hide(); }, {"closeUp"}},
         {"window hidden", [&](BoxWindow& w) { open(w), w.hide(); }, {"closeUp"}},
-        {"window moved", [&](BoxWindow& w) { open(w), w.move(w.pos() + QPoint(9, 9)); },
+        {"window moved",
+         [&](BoxWindow& w) { open(w), w.move(w.pos() + QPoint(9, 9)); },
          {"closeUp"}},
         {"resized", [&](BoxWindow& w) { open(w), w.box->resize(160, 24); }, {"closeUp"}},
         {"disabled", [&](BoxWindow& w) { open(w), w.setEnabled(false); }, {"closeUp"}},
-        {"focus lost", [&](BoxWindow& w) { w.box->setFocus(), open(w), w.box->clearFocus(); },
+        {"focus lost",
+         [&](BoxWindow& w) { w.box->setFocus(), open(w), w.box->clearFocus(); },
          {"closeUp"}},
         {"deleted", [&](BoxWindow& w) { open(w), delete w.box; }, {}},
     };
@@ -291,10 +305,16 @@ TEST(VmCalDropDownWidget, SurvivesItsSlots) {
         [](BoxWindow& w) { w.box->setEnabled(false); },
     };
     const std::function<void(BoxWindow&)> inputs[] = {
-        [](BoxWindow& w) { Click(w.box.data(), {140, 12}); },
-        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.ClickDay({2024, 6, 2}); },
+        [](BoxWindow& w) {
+            Click(w.box.data(), {140, 12});
+        },
+        [](BoxWindow& w) {
+            w.Key(Qt::Key_F4), w.ClickDay({2024, 6, 2});
+        },
         [](BoxWindow& w) { w.Key(Qt::Key_F4), w.Key(Qt::Key_PageDown, Qt::ControlModifier); },
-        [](BoxWindow& w) { w.Key(Qt::Key_F4), Click(&TheForm(), {900, 900}); },
+        [](BoxWindow& w) {
+            w.Key(Qt::Key_F4), Click(&TheForm(), {900, 900});
+        },
         [](BoxWindow& w) { w.box->setFocus(), w.box->setDropDownState(true), w.hide(); },
         [](BoxWindow& w) { w.Key(Qt::Key_F4), w.move(3, 3); },
         [](BoxWindow& w) { w.Key(Qt::Key_F4), w.box ? w.box->clearFocus() : void(); },

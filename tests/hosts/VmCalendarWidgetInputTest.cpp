@@ -169,9 +169,8 @@ struct EndCase {
 };
 
 auto On(auto signal) {
-    return [signal](Widget* w, const Act& end) {
-        QObject::connect(w, signal, [w, end] { end(w); });
-    };
+    return
+        [signal](Widget* w, const Act& end) { QObject::connect(w, signal, [w, end] { end(w); }); };
 }
 
 void ExpectThatTheSlotMayDelete(const EndCase& c, Widget::MonthYearSelStyle style) {
@@ -200,9 +199,9 @@ TEST(VmCalendarWidget, EverySlotMayDeleteTheWidget) {
              {"dateValueChanged", On(&Widget::dateValueChanged), kLeft},
              {"propertyChanged, key", On(&Widget::propertyChanged), kLeft},
              {"propertyChanged, setter", On(&Widget::propertyChanged),
-              [](Widget* w) { w->setMonthBackColor(Qt::red); }},
+              [](Widget*w) { w->setMonthBackColor(Qt::red); }},
              {"propertyChanged, disabled", On(&Widget::propertyChanged),
-              [](Widget* w) { w->setEnabled(false); }},
+              [](Widget*w) { w->setEnabled(false); }},
              {"keyDown", On(&Widget::keyDown), kLeft},
              {"keyPress", On(&Widget::keyPress), kLeft},
              {"keyUp", On(&Widget::keyUp), kRelease},
@@ -210,13 +209,15 @@ TEST(VmCalendarWidget, EverySlotMayDeleteTheWidget) {
              {"mouseDown, double", On(&Widget::mouseDown), kTwice},
              {"mouseUp", On(&Widget::mouseUp), kClick},
              {"mouseMove", On(&Widget::mouseMove),
-              [](Widget* w) { SendMouse(w, QEvent::MouseMove, {9, 9}, Qt::NoButton); }},
+              [](Widget*w) {
+                  SendMouse(w, QEvent::MouseMove, {9, 9}, Qt::NoButton);
+              }},
              {"click", On(&Widget::click), kClick},
              {"dblClick", On(&Widget::dblClick), kTwice},
-             {"oleStartDrag", On(&Widget::oleStartDrag), [](Widget* w) { w->oleDrag(); }},
+             {"oleStartDrag", On(&Widget::oleStartDrag), [](Widget*w) { w->oleDrag(); }},
              {"oleDragOver", On(&Widget::oleDragOver), kDrop},
              {"oleDragOver, refused",
-              [](Widget* w, const Act& end) {
+              [](Widget*w, const Act&end) {
                   QObject::connect(w, &Widget::oleDragOver, [w, end](DataRef&, qint32& effect) {
                       effect = 0;
                       end(w);
@@ -286,8 +287,7 @@ const struct {
      }},
     {"Up in the year box", Widget::MonthSelCombo,
      [](Widget* w) { Press(ChildOf<QLineEdit>(w), Qt::Key_Up); }},
-    {"spinner", Widget::MonthSelCombo,
-     [](Widget* w) { ClickBar(w, QStyle::SC_ScrollBarSubLine); }},
+    {"spinner", Widget::MonthSelCombo, [](Widget* w) { ClickBar(w, QStyle::SC_ScrollBarSubLine); }},
     {"arrow of the scroll bar", Widget::MonthSelScrollbar,
      [](Widget* w) { ClickBar(w, QStyle::SC_ScrollBarAddLine); }},
     {"page of the scroll bar", Widget::MonthSelScrollbar,
@@ -301,9 +301,9 @@ const struct {
 TEST(VmCalendarWidget, EverySlotMayDeleteTheWidgetWhateverTheUserDoesInASelector) {
     for (const auto& act : kSelectorActs) {
         const auto monthOrYear = [](Widget* w, const Act& end) {
-            On(&Widget::dateChanged)(w, end);
-            On(&Widget::monthChanged)(w, end);
-            On(&Widget::yearChanged)(w, end);
+            On (&Widget::dateChanged)(w, end);
+            On (&Widget::monthChanged)(w, end);
+            On (&Widget::yearChanged)(w, end);
         };
         ExpectThatTheSlotMayDelete({act.name, monthOrYear, act.act}, act.style);
     }

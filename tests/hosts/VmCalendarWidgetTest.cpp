@@ -160,8 +160,7 @@ TEST(VmCalendarWidget, HasASignalForEveryEvent) {
     for (const char* const name :
          {"click()", "dateChanged(QDate)", "dayChanged(int)", "dblClick()",
           "keyUp(qint16&,qint16&)", "keyPress(qint16&)", "keyDown(qint16&,qint16&)",
-          "monthChanged(int)",
-          "mouseDown(int,int,float,float)", "mouseMove(int,int,float,float)",
+          "monthChanged(int)", "mouseDown(int,int,float,float)", "mouseMove(int,int,float,float)",
           "mouseUp(int,int,float,float)", "oleCompleteDrag(qint32&)",
           "oleDragDrop(velmora::DataRef&,qint32&,int,int,float,float)",
           "oleDragOver(velmora::DataRef&,qint32&,int,int,float,float,int)",

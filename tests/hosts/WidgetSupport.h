@@ -43,8 +43,8 @@ inline QRect CellOf(Widget& widget, QDate date) {
     QRect cell;
     for (int y = 0; y < widget.height(); y += 3) {
         for (int x = 0; x < widget.width(); x += 3) {
-            const auto day = widget.calendar().DateFromPoint(static_cast<float>(x),
-                                                             static_cast<float>(y));
+            const auto day =
+                widget.calendar().DateFromPoint(static_cast<float>(x), static_cast<float>(y));
             if (day == wanted) cell |= QRect(x, y, 1, 1);
         }
     }

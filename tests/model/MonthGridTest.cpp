@@ -62,8 +62,8 @@ TEST(MonthGrid, AgreesWithAWalkThroughTheDays) {
     for (const int year : YearsOfAllShapes()) {
         for (int month = 1; month <= 12; ++month) {
             for (int combination = 0; combination < 14; ++combination) {
-                const GridShape shape = ShapeOf(DayFromCivil(year, month, 17), combination % 7 + 1,
-                                                combination < 7);
+                const GridShape shape =
+                    ShapeOf(DayFromCivil(year, month, 17), combination % 7 + 1, combination < 7);
                 const MonthGrid grid(shape);
                 const auto places = WalkGrid(shape);
                 for (DayNumber d = shape.shownDate - 60; d < shape.shownDate + 60; ++d) {
@@ -77,7 +77,8 @@ TEST(MonthGrid, AgreesWithAWalkThroughTheDays) {
                     EXPECT_EQ(cell->left, grid.ColumnRect(col).left);
                     for (const int x : {cell->left, cell->right}) {
                         for (const int y : {cell->top, cell->bottom}) {
-                            ASSERT_EQ(grid.DateFromPoint(static_cast<float>(x), static_cast<float>(y)), d)
+                            ASSERT_EQ(
+                                grid.DateFromPoint(static_cast<float>(x), static_cast<float>(y)), d)
                                 << year << '-' << month << " combination " << combination;
                         }
                     }
@@ -162,10 +163,8 @@ TEST(DaysInMonth, KnowsLeapYearsAndRefusesWhatOverflows) {
     EXPECT_EQ(DaysInMonth(12, 9999), 31);
     EXPECT_EQ(DaysInMonth(14, 2023), 29);  // February of the next year
     constexpr std::int16_t kLow = std::numeric_limits<std::int16_t>::min();
-    for (const auto& [month, year] : {std::pair<std::int16_t, std::int16_t>{1, kLow},
-                                      {kLow, 2000},
-                                      {1, 99},
-                                      {1, 10000}}) {
+    for (const auto& [month, year] :
+         {std::pair<std::int16_t, std::int16_t>{1, kLow}, {kLow, 2000}, {1, 99}, {1, 10000}}) {
         try {
             DaysInMonth(month, year);
             ADD_FAILURE() << month << ' ' << year;

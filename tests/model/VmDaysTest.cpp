@@ -63,8 +63,8 @@ TEST_F(VmDaysTest, EveryChangeIsReportedAndMarksTheDay) {
     EXPECT_TRUE(days->Item(4)->Dirty());
     days->Item(5)->DayDate(DateOf(DayFromCivil(2024, 2, 9)));
     EXPECT_FALSE(days->Item(5)->Dirty());
-    EXPECT_EQ(log, (std::vector<std::string>{"1 BackColor", "2 ForeColor", "3 Caption",
-                                             "4 Picture", "9 DayDate"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"1 BackColor", "2 ForeColor", "3 Caption", "4 Picture",
+                                             "9 DayDate"}));
 }
 
 TEST_F(VmDaysTest, ADroppedDayReportsThroughItsFormerParentButIsNoItem) {

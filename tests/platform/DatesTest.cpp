@@ -124,14 +124,17 @@ TEST(Date, ArithmeticIsTotal) {
 }
 
 TEST(DatesArithmetic, AddsIntervals) {
-    const struct { const char* interval; std::int64_t number; Date from, to; } kCases[] = {
-        {"d", 1, Date(-1.25), Date(0.25)},
-        {"d", -1, Date(0.25), Date(-1.25)},
-        {"WW", 2, At(2024, 2, 20, 6), At(2024, 3, 5, 6)},
-        {"m", 1, At(2024, 1, 31, 18), At(2024, 2, 29, 18)},
-        {"m", -13, At(2024, 3, 31), At(2023, 2, 28)},
-        {"yyyy", 1, At(2024, 2, 29), At(2025, 2, 28)},
-        {"yyyy", -1900, At(2024, 2, 29), At(124, 2, 29)}};
+    const struct {
+        const char* interval;
+        std::int64_t number;
+        Date from, to;
+    } kCases[] = {{"d", 1, Date(-1.25), Date(0.25)},
+                  {"d", -1, Date(0.25), Date(-1.25)},
+                  {"WW", 2, At(2024, 2, 20, 6), At(2024, 3, 5, 6)},
+                  {"m", 1, At(2024, 1, 31, 18), At(2024, 2, 29, 18)},
+                  {"m", -13, At(2024, 3, 31), At(2023, 2, 28)},
+                  {"yyyy", 1, At(2024, 2, 29), At(2025, 2, 28)},
+                  {"yyyy", -1900, At(2024, 2, 29), At(124, 2, 29)}};
     for (const auto& c : kCases) {
         EXPECT_EQ(Dates::DateAdd(c.interval, c.number, c.from).value, c.to.value)
             << c.interval << ' ' << c.number;
@@ -139,11 +142,17 @@ TEST(DatesArithmetic, AddsIntervals) {
 }
 
 TEST(DatesArithmetic, RefusesResultsOutsideTheCalendar) {
-    const struct { const char* interval; std::int64_t number; Date from; } kCases[] = {
-        {"d", 1, At(9999, 12, 31)}, {"d", -1, At(100, 1, 1)}, {"m", -1, At(100, 1, 31)},
-        {"yyyy", std::numeric_limits<std::int64_t>::max(), Date(0)},
-        {"ww", std::numeric_limits<std::int64_t>::min(), Date(0)},
-        {"h", 1, Date(0)}, {"", 1, Date(0)}};
+    const struct {
+        const char* interval;
+        std::int64_t number;
+        Date from;
+    } kCases[] = {{"d", 1, At(9999, 12, 31)},
+                  {"d", -1, At(100, 1, 1)},
+                  {"m", -1, At(100, 1, 31)},
+                  {"yyyy", std::numeric_limits<std::int64_t>::max(), Date(0)},
+                  {"ww", std::numeric_limits<std::int64_t>::min(), Date(0)},
+                  {"h", 1, Date(0)},
+                  {"", 1, Date(0)}};
     for (const auto& c : kCases) {
         try {
             Dates::DateAdd(c.interval, c.number, c.from);
@@ -156,14 +165,17 @@ TEST(DatesArithmetic, RefusesResultsOutsideTheCalendar) {
 }
 
 TEST(DatesArithmetic, CountsIntervals) {
-    const struct { const char* interval; Date from, to; std::int64_t count; } kCases[] = {
-        {"d", Date(-1.75), Date(0.25), 1},
-        {"d", At(2024, 3, 1), At(2024, 2, 28, 23), -2},
-        {"ww", At(2024, 3, 1), At(2024, 3, 14), 1},
-        {"ww", At(2024, 3, 14), At(2024, 3, 1), -1},
-        {"m", At(2024, 1, 31), At(2024, 2, 1), 1},
-        {"yyyy", At(2024, 1, 1), At(2023, 12, 31), -1},
-        {"yyyy", At(2024, 1, 1), At(2024, 12, 31), 0}};
+    const struct {
+        const char* interval;
+        Date from, to;
+        std::int64_t count;
+    } kCases[] = {{"d", Date(-1.75), Date(0.25), 1},
+                  {"d", At(2024, 3, 1), At(2024, 2, 28, 23), -2},
+                  {"ww", At(2024, 3, 1), At(2024, 3, 14), 1},
+                  {"ww", At(2024, 3, 14), At(2024, 3, 1), -1},
+                  {"m", At(2024, 1, 31), At(2024, 2, 1), 1},
+                  {"yyyy", At(2024, 1, 1), At(2023, 12, 31), -1},
+                  {"yyyy", At(2024, 1, 1), At(2024, 12, 31), 0}};
     for (const auto& c : kCases) {
         EXPECT_EQ(Dates::DateDiff(c.interval, c.from, c.to), c.count) << c.interval;
     }
@@ -171,34 +183,37 @@ TEST(DatesArithmetic, CountsIntervals) {
 
 TEST(DatesFormat, ExpressionsInEnglish) {
     const Date evening = At(2024, 3, 2, 18, 5, 9);  // a Saturday
-    const struct { Date date; const char* expression; const char* text; } kCases[] = {
-        {evening, "", "3/2/2024 6:05:09 PM"},
-        {At(2024, 3, 2), "General Date", "3/2/2024"},
-        {Time(6, 0), "c", "6:00:00 AM"},
-        {Date(0), "c", "12/30/1899"},
-        {evening, "LONG DATE", "Saturday, March 2, 2024"},
-        {evening, "Medium Date", "02-Mar-24"},
-        {evening, "short date", "3/2/2024"},
-        {evening, "Long Time", "6:05:09 PM"},
-        {evening, "Medium Time", "06:05 PM"},
-        {evening, "Short Time", "18:05"},
-        {evening, "d dd ddd dddd|ddddd|dddddd",
-         "2 02 Sat Saturday|3/2/2024|Saturday, March 2, 2024"},
-        {evening, "M MM MMM MMMM q", "3 03 Mar March 1"},
-        {evening, "y yy yyy yyyy", "62 24 2462 2024"},
-        {evening, "ddddddd mmmmm yyyyy", "Saturday, March 2, 20242 March3 202462"},
-        {evening, "h:m hh:mm h mmm m", "18:5 18:05 18 Mar 3"},
-        {evening, "hmmss mm", "180509 03"},
-        {evening, "n nn s ss ttttt tttt", "5 05 9 09 6:05:09 PM tttt"},
-        {evening, "h AM/PM h am/pm h A/P h a/p h ampm", "6 PM 6 pm 6 P 6 p 6 PM"},
-        {At(2024, 3, 2), "h:nn a/p", "12:00 a"},
-        {At(2024, 3, 2, 12), "hh A/P \"am/pm\"", "12 P am/pm"},
-        {evening, "h \"am/pm\"", "18 am/pm"},
-        {evening, "\\d\\\\ \"dd\" d\\", "d\\ dd 2"},
-        {evening, "d \"dd", "2 dd"},
-        {At(200, 1, 1), "ddddd yy yyyy", "1/1/0200 00 0200"},
-        {Date(-1.25), "yyyy-mm-dd hh:nn", "1899-12-29 06:00"},
-        {Date(std::nan("")), "ddddd", "12/30/1899"}};
+    const struct {
+        Date date;
+        const char* expression;
+        const char* text;
+    } kCases[] = {{evening, "", "3/2/2024 6:05:09 PM"},
+                  {At(2024, 3, 2), "General Date", "3/2/2024"},
+                  {Time(6, 0), "c", "6:00:00 AM"},
+                  {Date(0), "c", "12/30/1899"},
+                  {evening, "LONG DATE", "Saturday, March 2, 2024"},
+                  {evening, "Medium Date", "02-Mar-24"},
+                  {evening, "short date", "3/2/2024"},
+                  {evening, "Long Time", "6:05:09 PM"},
+                  {evening, "Medium Time", "06:05 PM"},
+                  {evening, "Short Time", "18:05"},
+                  {evening, "d dd ddd dddd|ddddd|dddddd",
+                   "2 02 Sat Saturday|3/2/2024|Saturday, March 2, 2024"},
+                  {evening, "M MM MMM MMMM q", "3 03 Mar March 1"},
+                  {evening, "y yy yyy yyyy", "62 24 2462 2024"},
+                  {evening, "ddddddd mmmmm yyyyy", "Saturday, March 2, 20242 March3 202462"},
+                  {evening, "h:m hh:mm h mmm m", "18:5 18:05 18 Mar 3"},
+                  {evening, "hmmss mm", "180509 03"},
+                  {evening, "n nn s ss ttttt tttt", "5 05 9 09 6:05:09 PM tttt"},
+                  {evening, "h AM/PM h am/pm h A/P h a/p h ampm", "6 PM 6 pm 6 P 6 p 6 PM"},
+                  {At(2024, 3, 2), "h:nn a/p", "12:00 a"},
+                  {At(2024, 3, 2, 12), "hh A/P \"am/pm\"", "12 P am/pm"},
+                  {evening, "h \"am/pm\"", "18 am/pm"},
+                  {evening, "\\d\\\\ \"dd\" d\\", "d\\ dd 2"},
+                  {evening, "d \"dd", "2 dd"},
+                  {At(200, 1, 1), "ddddd yy yyyy", "1/1/0200 00 0200"},
+                  {Date(-1.25), "yyyy-mm-dd hh:nn", "1899-12-29 06:00"},
+                  {Date(std::nan("")), "ddddd", "12/30/1899"}};
     const Dates dates = DatesFor();
     for (const auto& c : kCases) EXPECT_EQ(dates.Format(c.date, c.expression), c.text);
 }
@@ -227,14 +242,24 @@ TEST(DatesFormat, RoundingNeverLeavesTheDay) {
 
 TEST(DatesFormat, WeeksFollowTheirFirstDayAndRule) {
     using enum FirstWeekOfYear;
-    const struct { Date date; int firstDay; FirstWeekOfYear rule; const char* text; } kCases[] = {
-        {At(2024, 3, 2), 1, HoldsJanuary1, "7 9"},   {At(2024, 3, 2), 2, HoldsJanuary1, "6 9"},
-        {At(2024, 12, 31), 2, HoldsJanuary1, "2 53"}, {At(2024, 12, 31), 2, FourDays, "2 1"},
-        {At(2021, 1, 3), 2, FourDays, "7 53"},        {At(2020, 12, 31), 2, FourDays, "4 53"},
-        {At(2021, 1, 4), 2, FourDays, "1 1"},         {At(2024, 1, 7), 1, FullWeek, "1 1"},
-        {At(2024, 1, 6), 1, FullWeek, "7 53"},        {At(2000, 12, 31), 1, HoldsJanuary1, "1 54"},
-        {At(2024, 3, 2), 0, HoldsJanuary1, "7 9"},    {At(2024, 3, 2), 99, HoldsJanuary1, "7 9"},
-        {At(2024, 3, 2), -7, static_cast<FirstWeekOfYear>(9), "7 9"}};
+    const struct {
+        Date date;
+        int firstDay;
+        FirstWeekOfYear rule;
+        const char* text;
+    } kCases[] = {{At(2024, 3, 2), 1, HoldsJanuary1, "7 9"},
+                  {At(2024, 3, 2), 2, HoldsJanuary1, "6 9"},
+                  {At(2024, 12, 31), 2, HoldsJanuary1, "2 53"},
+                  {At(2024, 12, 31), 2, FourDays, "2 1"},
+                  {At(2021, 1, 3), 2, FourDays, "7 53"},
+                  {At(2020, 12, 31), 2, FourDays, "4 53"},
+                  {At(2021, 1, 4), 2, FourDays, "1 1"},
+                  {At(2024, 1, 7), 1, FullWeek, "1 1"},
+                  {At(2024, 1, 6), 1, FullWeek, "7 53"},
+                  {At(2000, 12, 31), 1, HoldsJanuary1, "1 54"},
+                  {At(2024, 3, 2), 0, HoldsJanuary1, "7 9"},
+                  {At(2024, 3, 2), 99, HoldsJanuary1, "7 9"},
+                  {At(2024, 3, 2), -7, static_cast<FirstWeekOfYear>(9), "7 9"}};
     for (const auto& c : kCases) {
         EXPECT_EQ(DatesFor().Format(c.date, "w ww", c.firstDay, c.rule), c.text)
             << c.date.value << ' ' << c.firstDay;

@@ -86,8 +86,10 @@ protected:
     FakeSite site;
     FakeControl lists[8], enabled, width, height, minimum, maximum, value, format;
     Dates& dates = calendar.dates;
-    GeneralPP general{{lists[0], lists[1], lists[2], lists[3], lists[4], lists[5], lists[6], lists[7],
-                       minimum, maximum, value, format}, site, dates};
+    GeneralPP general{{lists[0], lists[1], lists[2], lists[3], lists[4], lists[5], lists[6],
+                       lists[7], minimum, maximum, value, format},
+                      site,
+                      dates};
     FakeControl dayLists[5];
     DayPP day{{dayLists[0], dayLists[1], dayLists[2], dayLists[3], dayLists[4]}, site, dates};
     DropDownPP dropDown{{enabled, width, height}, site, dates};
@@ -97,7 +99,8 @@ TEST(IsNumber, KeepsItsOddCases) {
     for (const char* text : {"0", "120", "-5", "1.5", "-", ".", "-.", "5.", "-1.2"}) {
         EXPECT_TRUE(IsNumber(text)) << text;
     }
-    for (const char* text : {"", "1.2.3", "..", "5-", "--5", "+5", " 5", "5 ", "12a", "1e3", "1,000"}) {
+    for (const char* text :
+         {"", "1.2.3", "..", "5-", "--5", "+5", " 5", "5 ", "12a", "1e3", "1,000"}) {
         EXPECT_FALSE(IsNumber(text)) << text;
     }
 }
@@ -154,7 +157,8 @@ TEST_F(PropertyPages, TheGeneralPageTellsTheControlsApart) {
     Select(general, {calendar.calendar.get()});
     EXPECT_EQ(lists[7].items.size(), 4u);
     EXPECT_FALSE(format.enabled);
-    EXPECT_EQ(minimum.text + ' ' + maximum.text + ' ' + value.text, "1/1/1000 12/31/2999 3/15/2020");
+    EXPECT_EQ(minimum.text + ' ' + maximum.text + ' ' + value.text,
+              "1/1/1000 12/31/2999 3/15/2020");
     EXPECT_FALSE(site.changed);
     value.Text("12x");
     EXPECT_EQ(value.color, kInvalidText);
@@ -201,8 +205,9 @@ TEST_F(PropertyPages, ForeignObjectsGetWhatTheyHaveInOrder) {
     EXPECT_EQ(object.writes, (Log{"WeekDayDisplay", "ShowWeekend", "DateMin", "DateValue"}));
     EXPECT_EQ(site.messages, (Log{"Invalid Date FormatType mismatch"}));
 
-    for (PropertyPage* page : {static_cast<PropertyPage*>(&general), static_cast<PropertyPage*>(&day),
-                               static_cast<PropertyPage*>(&dropDown)}) {
+    for (PropertyPage* page :
+         {static_cast<PropertyPage*>(&general), static_cast<PropertyPage*>(&day),
+          static_cast<PropertyPage*>(&dropDown)}) {
         Select(*page, {});
         page->ApplyChanges();
     }

@@ -6,7 +6,9 @@ namespace velmora::test {
 namespace {
 
 // What is selected into every surface at first, one for each kind.
-constexpr ObjectHandle Default(int kind) { return ObjectHandle(static_cast<std::uintptr_t>(kind) + 2); }
+constexpr ObjectHandle Default(int kind) {
+    return ObjectHandle(static_cast<std::uintptr_t>(kind) + 2);
+}
 constexpr bool IsDefault(ObjectHandle object) {
     return object != ObjectHandle::None && object < ObjectHandle{100};
 }
@@ -137,8 +139,7 @@ int StrictDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect&
         rect.bottom = rect.top + 12;
     } else if (state) {
         const Thing* font = SelectedThing(surface, Kind::Font);
-        texts.push_back(
-            {std::string(text), rect, flags, state->textColor, font ? font->face : ""});
+        texts.push_back({std::string(text), rect, flags, state->textColor, font ? font->face : ""});
     }
     return 12;
 }

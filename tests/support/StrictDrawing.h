@@ -38,8 +38,8 @@ public:
     std::vector<Text> texts;
     std::vector<Line> lines;
     std::vector<std::uint32_t> frameStates;
-    std::vector<Rect> pictures;          // icons and bitmap copies onto a surface
-    std::vector<Rect> blits;             // onto the window's surface
+    std::vector<Rect> pictures;  // icons and bitmap copies onto a surface
+    std::vector<Rect> blits;     // onto the window's surface
     std::vector<std::optional<Rect>> invalidated;
     std::vector<std::string> faults;
     int creations = 0;

@@ -15,8 +15,8 @@ TestBoxes::~TestBoxes() = default;
 
 void TestBoxes::Make(Box& box, const std::string& name, Rect screen) {
     box.window = std::make_unique<FakeWindow>(screen);
-    box.control = std::make_unique<VmCalDropDown>(
-        BoxPlatform{drawing, *box.window, dates, box.host}, *form);
+    box.control =
+        std::make_unique<VmCalDropDown>(BoxPlatform{drawing, *box.window, dates, box.host}, *form);
     box.window->focused = [&box] { box.control->OnGotFocus(); };
     Connect(box.control->Events(), name);
     box.control->InitProperties();
@@ -38,9 +38,8 @@ void TestBoxes::Connect(DropDownEvents& events, const std::string& name) {
     events.YearChanged.Connect(number("YearChanged"));
     events.MouseDown.Connect([note](auto&...) { note("MouseDown"); });
     events.MouseUp.Connect([note](auto&...) { note("MouseUp"); });
-    events.KeyDown.Connect([note](std::int16_t& key, std::int16_t&) {
-        note("KeyDown " + std::to_string(key));
-    });
+    events.KeyDown.Connect(
+        [note](std::int16_t& key, std::int16_t&) { note("KeyDown " + std::to_string(key)); });
 }
 
 void TestBoxes::Show(const Rect& screen) {

@@ -49,8 +49,8 @@ class TestCalendar::Bar : public Child<ScrollBar> {
 public:
     using Child::Child;
     void Position(int minimum, int maximum, int value) override {
-        m_child.shown = std::to_string(minimum) + ".." + std::to_string(maximum) + ": " +
-                        std::to_string(value);
+        m_child.shown =
+            std::to_string(minimum) + ".." + std::to_string(maximum) + ": " + std::to_string(value);
     }
 };
 

@@ -154,8 +154,8 @@ TEST(DropDownWindow, TwoBoxesTakeTurns) {
     Input::Click(window.ButtonOf(1));
     ASSERT_TRUE(IsOpen());
     EXPECT_TRUE(window.boxes[1]->hasFocus());
-    EXPECT_EQ(TheForm().y(), window.boxes[1]->mapToGlobal(QPoint(0, 0)).y() +
-                                 window.boxes[1]->height());
+    EXPECT_EQ(TheForm().y(),
+              window.boxes[1]->mapToGlobal(QPoint(0, 0)).y() + window.boxes[1]->height());
     Input::Click(BoxesWindow::DayOnScreen(3));
     EXPECT_EQ(window.boxes[0]->text(), "5/16/2024");
     EXPECT_EQ(window.boxes[1]->text(), "5/3/2024");

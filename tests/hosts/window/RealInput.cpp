@@ -1,8 +1,8 @@
 #include "tests/hosts/window/RealInput.h"
 
+#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QAbstractEventDispatcher>
 #include <QPaintEvent>
 #include <QProcess>
 #include <QScreen>
