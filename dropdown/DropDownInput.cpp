@@ -170,4 +170,18 @@ void VmCalDropDown::OnMouseUp(std::int16_t button, std::int16_t shift, float x, 
     MouseUp(button, shift, InContainer(x, Axis::Horizontal), InContainer(y, Axis::Vertical));
 }
 
+void VmCalDropDown::OnOLEDragDrop(DataRef data, std::int32_t& effect, std::int16_t button,
+                                  std::int16_t shift, float x, float y) {
+    float left = InContainer(x, Axis::Horizontal);
+    float top = InContainer(y, Axis::Vertical);
+    m_events.OLEDragDrop.Raise(data, effect, button, shift, left, top);
+}
+
+void VmCalDropDown::OnOLEDragOver(DataRef data, std::int32_t& effect, std::int16_t button,
+                                  std::int16_t shift, float x, float y, std::int16_t state) {
+    float left = InContainer(x, Axis::Horizontal);
+    float top = InContainer(y, Axis::Vertical);
+    m_events.OLEDragOver.Raise(data, effect, button, shift, left, top, state);
+}
+
 }  // namespace velmora

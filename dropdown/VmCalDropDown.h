@@ -149,6 +149,11 @@ public:
     void OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y);
     void OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y);
+    /// The platform's drag over the box or drop on it; the handlers may change the effect.
+    void OnOLEDragDrop(DataRef data, std::int32_t& effect, std::int16_t button, std::int16_t shift,
+                       float x, float y);
+    void OnOLEDragOver(DataRef data, std::int32_t& effect, std::int16_t button, std::int16_t shift,
+                       float x, float y, std::int16_t state);
 
     // What the form tells its owner.
 

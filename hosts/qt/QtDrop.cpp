@@ -1,11 +1,14 @@
 #include "hosts/qt/QtDrop.h"
 
+#include "calendar/VmCalendar.h"
+#include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/QtDrag.h"
 #include "hosts/qt/QtInput.h"
-#include "hosts/qt/VmCalendarWidget.h"
 
+#include <QCoreApplication>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QWidget>
 
 #include <utility>
 
@@ -30,67 +33,84 @@ void Answer(QDropEvent& event, std::int32_t effects) {
 
 Variant TextOf(const QDropEvent& event) { return WrapData(event.mimeData())->GetData(kTextFormat); }
 
-bool CanSelect(VmCalendar& calendar, const Variant& text) {
+}  // namespace
+
+void LeaveDrag(QWidget& widget) {
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&widget, &leave);
+}
+
+template <class Control>
+bool DropTarget<Control>::IsAutomatic() const {
+    return m_control.OLEDropMode() == VmOLEAutomatic;
+}
+
+template <class Control>
+bool DropTarget<Control>::CanSelect(const Variant& text) const {
     if (!text.As<std::string>()) return false;
     try {
-        const DayNumber day = DayOf(calendar.ToDate(text));
-        return DayOf(calendar.DateMin()) <= day && day <= DayOf(calendar.DateMax());
+        const DayNumber day = DayOf(m_control.ToDate(text));
+        return DayOf(m_control.DateMin()) <= day && day <= DayOf(m_control.DateMax());
     } catch (const AutomationError&) {
         return false;
     }
 }
 
-}  // namespace
-
-VmCalendar& DropTarget::Calendar() const { return m_widget.calendar(); }
-
-void DropTarget::Enter(QDropEvent& event) {
+template <class Control>
+void DropTarget<Control>::Enter(QDropEvent& event) {
     m_entered = true;
     m_last = {};
     event.accept();
 }
 
-void DropTarget::Move(QDropEvent& event) {
+template <class Control>
+void DropTarget<Control>::Move(QDropEvent& event) {
     if (IsAutomatic()) {
-        Answer(event, CanSelect(Calendar(), TextOf(event)) ? kDropAny : kDropNone);
+        Answer(event, CanSelect(TextOf(event)) ? kDropAny : kDropNone);
     } else {
         Ask(event);
     }
 }
 
-void DropTarget::Ask(QDropEvent& event) {
+template <class Control>
+void DropTarget<Control>::Ask(QDropEvent& event) {
     const DragState state = m_last.data ? DragState::Over : DragState::Enter;
     m_last = {WrapData(event.mimeData()), ShiftOf(event.modifiers()), XOf(event), YOf(event)};
     const Last now = m_last;
     std::int32_t effect = ToEffects(event.possibleActions());
-    Calendar().OnOLEDragOver(now.data, effect, ButtonsOf(event.buttons()), now.shift, now.x, now.y,
-                             static_cast<std::int16_t>(state));
+    m_control.OnOLEDragOver(now.data, effect, ButtonsOf(event.buttons()), now.shift, now.x, now.y,
+                            static_cast<std::int16_t>(state));
     Answer(event, effect);
 }
 
-void DropTarget::Leave() {
+template <class Control>
+void DropTarget<Control>::Leave() {
     m_entered = false;
     const Last last = std::exchange(m_last, {});
     if (IsAutomatic() || !last.data) return;
     std::int32_t effect = kDropNone;
-    Calendar().OnOLEDragOver(last.data, effect, 0, last.shift, last.x, last.y,
-                             static_cast<std::int16_t>(DragState::Leave));
+    m_control.OnOLEDragOver(last.data, effect, 0, last.shift, last.x, last.y,
+                            static_cast<std::int16_t>(DragState::Leave));
 }
 
-void DropTarget::Drop(QDropEvent& event) {
+template <class Control>
+void DropTarget<Control>::Drop(QDropEvent& event) {
     m_entered = false;
     m_last = {};
     if (!IsAutomatic()) {
         std::int32_t effect = ToEffects(event.possibleActions());
-        Calendar().OnOLEDragDrop(WrapData(event.mimeData()), effect, ButtonsOf(event.buttons()),
-                                 ShiftOf(event.modifiers()), XOf(event), YOf(event));
+        m_control.OnOLEDragDrop(WrapData(event.mimeData()), effect, ButtonsOf(event.buttons()),
+                                ShiftOf(event.modifiers()), XOf(event), YOf(event));
         Answer(event, effect);
         return;
     }
     const Variant text = TextOf(event);
-    const bool can = CanSelect(Calendar(), text);
+    const bool can = CanSelect(text);
     Answer(event, can ? kDropAny : kDropNone);
-    if (can) Calendar().DateValue(text);
+    if (can) m_control.DateValue(text);
 }
+
+template class DropTarget<VmCalendar>;
+template class DropTarget<VmCalDropDown>;
 
 }  // namespace velmora

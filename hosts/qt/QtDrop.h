@@ -1,23 +1,27 @@
 #pragma once
 
-#include "calendar/VmCalendar.h"
+#include "platform/Hosting.h"
 
 class QDropEvent;
+class QWidget;
 
 namespace velmora {
-
-class VmCalendarWidget;
 
 /// Numbers of the published event.
 enum class DragState : std::int16_t { Enter = 0, Leave = 1, Over = 2 };
 
-/// What is dragged over a calendar and dropped on it. Manual drops are events, whose handlers
-/// decide; an automatic drop of a date that can be selected selects it. A handler may delete the
-/// calendar, and this object with it.
+/// For the end of a widget that a drag has entered: Qt keeps a bare pointer to it until the drag
+/// leaves it.
+void LeaveDrag(QWidget& widget);
+
+/// What is dragged over a calendar or a date box and dropped on it. Manual drops are events, whose
+/// handlers decide; an automatic drop of a date that can be selected selects it. A handler may
+/// delete the control, and this object with it.
+template <class Control>
 class DropTarget {
 public:
-    /// For the calendar of this widget, which outlives it.
-    explicit DropTarget(VmCalendarWidget& widget) : m_widget(widget) {}
+    /// The control outlives it.
+    explicit DropTarget(Control& control) : m_control(control) {}
 
     /// Always accepted: the move that Qt lets follow at once is the published entrance. A drag that
     /// is refused here would not be asked about again, and a handler could not delete the widget.
@@ -30,8 +34,8 @@ public:
 
 private:
     void Ask(QDropEvent& event);
-    VmCalendar& Calendar() const;
-    bool IsAutomatic() const { return Calendar().OLEDropMode() == VmOLEAutomatic; }
+    bool IsAutomatic() const;
+    bool CanSelect(const Variant& text) const;
 
     struct Last {
         DataRef data;  // null before the entrance
@@ -40,7 +44,7 @@ private:
         float y = 0;
     };
 
-    VmCalendarWidget& m_widget;
+    Control& m_control;
     Last m_last;
     bool m_entered = false;
 };

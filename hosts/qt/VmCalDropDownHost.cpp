@@ -17,16 +17,25 @@ float YOf(const QMouseEvent& event) { return static_cast<float>(event.position()
 
 }  // namespace
 
-void QtBoxWindowing::SetFocus() { m_widget.setFocus(Qt::OtherFocusReason); }
+void QtBoxWindowing::SetFocus() {
+    const QPointer<QWidget> widget(&m_widget);
+    m_focusing = true;
+    widget->setFocus(Qt::OtherFocusReason);
+    if (!widget) return;
+    m_focusing = false;
+    const auto gotFocus = m_gotFocus;
+    if (widget->hasFocus()) gotFocus();
+}
 
 VmCalDropDownWidget::Host::Host(VmCalDropDownWidget& widget)
     : QtHosting(widget),
       m_widget(widget),
-      m_windowing(widget),
+      m_windowing(widget, [this] { dropDown.OnGotFocus(); }),
       m_drawing(&widget),
       m_dates(DateLocaleOf(widget.locale()), LocalNow),
       m_form(QtDropDownForm::Shared()),
-      dropDown({m_drawing, m_windowing, m_dates, *this}, m_form->Form()) {
+      dropDown({m_drawing, m_windowing, m_dates, *this}, m_form->Form()),
+      m_drops(dropDown) {
     dropDown.InitProperties();
     ConnectDateEvents();
     ConnectInputEvents();
@@ -179,6 +188,10 @@ void VmCalDropDownWidget::Host::LocaleChanged() {
 void VmCalDropDownWidget::Host::LookChanged() {
     dropDown.RepaintControl();
     if (m_form->Form().GetOwner() == &dropDown) m_form->FollowOwner();
+}
+
+void VmCalDropDownWidget::Host::FocusGained() {
+    if (!m_windowing.IsFocusing()) dropDown.OnGotFocus();
 }
 
 void VmCalDropDownWidget::Host::FocusLost() {

@@ -4,12 +4,14 @@
 #include "hosts/qt/QtConversions.h"
 #include "hosts/qt/QtDrag.h"
 #include "hosts/qt/QtDrawing.h"
+#include "hosts/qt/QtDrop.h"
 #include "hosts/qt/QtDropDownForm.h"
 #include "hosts/qt/QtHost.h"
 #include "hosts/qt/VmCalDropDownWidget.h"
 #include "platform/AutomationError.h"
 #include "platform/Dates.h"
 
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -21,7 +23,10 @@ namespace velmora {
 /// A widget as a date box's window.
 class QtBoxWindowing final : public BoxWindowing {
 public:
-    explicit QtBoxWindowing(QWidget& widget) : m_widget(widget), m_window(widget) {}
+    /// `gotFocus` is called when the focus that the box has asked for is there. It may end the
+    /// widget, and this object with it.
+    QtBoxWindowing(QWidget& widget, std::function<void()> gotFocus)
+        : m_widget(widget), m_window(widget), m_gotFocus(std::move(gotFocus)) {}
 
     WindowHandle Handle() const override { return m_window.Handle(); }
     Size ClientSize() const override { return m_window.ClientSize(); }
@@ -46,10 +51,15 @@ public:
     std::unique_ptr<ScrollBar> CreateYearSpinner() override { return nullptr; }
     std::unique_ptr<ScrollBar> CreateDateScroll() override { return nullptr; }
     void SetFocus() override;
+    /// The focus is on its way because the box has asked for it: in the middle of that no slot may
+    /// delete the widget.
+    bool IsFocusing() const noexcept { return m_focusing; }
 
 private:
     QWidget& m_widget;
     QtWindowing m_window;
+    std::function<void()> m_gotFocus;
+    bool m_focusing = false;
 };
 
 /// The date box of one widget with all that it stands on. Its notifications become the widget's
@@ -62,6 +72,8 @@ public:
     void PropertyChanged(std::string_view name) override;
     void OleDrag() override;
 
+    DropTarget<VmCalDropDown>& Drops() noexcept { return m_drops; }
+    void FocusGained();
     void Paint(QPainter& painter);
     void MouseDown(const QMouseEvent& event);
     void MouseMove(const QMouseEvent& event);
@@ -127,6 +139,9 @@ private:
 
 public:
     VmCalDropDown dropDown;  // ends before what it stands on
+
+private:
+    DropTarget<VmCalDropDown> m_drops;
 };
 
 }  // namespace velmora

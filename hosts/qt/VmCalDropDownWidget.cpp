@@ -17,7 +17,12 @@ VmCalDropDownWidget::VmCalDropDownWidget(QWidget* parent) : QWidget(parent) {
     m_host = std::make_unique<Host>(*this);
 }
 
-VmCalDropDownWidget::~VmCalDropDownWidget() { m_host.reset(); }  // events on the way find it gone
+/// Events on the way find the host gone.
+VmCalDropDownWidget::~VmCalDropDownWidget() {
+    const bool isDragTarget = m_host->Drops().IsEntered();
+    m_host.reset();
+    if (isDragTarget) LeaveDrag(*this);
+}
 
 QSize VmCalDropDownWidget::sizeHint() const { return {120, fontMetrics().height() + 10}; }
 
@@ -83,7 +88,7 @@ void VmCalDropDownWidget::changeEvent(QEvent* event) {
     }
 }
 
-void VmCalDropDownWidget::focusInEvent(QFocusEvent*) { m_host->dropDown.OnGotFocus(); }
+void VmCalDropDownWidget::focusInEvent(QFocusEvent*) { m_host->FocusGained(); }
 
 void VmCalDropDownWidget::focusOutEvent(QFocusEvent*) {
     if (m_host) m_host->FocusLost();
@@ -118,5 +123,15 @@ void VmCalDropDownWidget::mousePressEvent(QMouseEvent* event) { m_host->MouseDow
 void VmCalDropDownWidget::mouseMoveEvent(QMouseEvent* event) { m_host->MouseMove(*event); }
 
 void VmCalDropDownWidget::mouseReleaseEvent(QMouseEvent* event) { m_host->MouseUp(*event); }
+
+void VmCalDropDownWidget::dragEnterEvent(QDragEnterEvent* event) { m_host->Drops().Enter(*event); }
+
+void VmCalDropDownWidget::dragMoveEvent(QDragMoveEvent* event) { m_host->Drops().Move(*event); }
+
+void VmCalDropDownWidget::dragLeaveEvent(QDragLeaveEvent*) {
+    if (m_host) m_host->Drops().Leave();
+}
+
+void VmCalDropDownWidget::dropEvent(QDropEvent* event) { m_host->Drops().Drop(*event); }
 
 }  // namespace velmora

@@ -29,8 +29,8 @@ VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
       m_windowing(widget, &m_input),
       m_drawing(&widget),
       m_dates(DateLocaleOf(widget.locale()), LocalNow),
-      m_drops(widget),
-      calendar({m_drawing, m_windowing, m_dates, *this}) {
+      calendar({m_drawing, m_windowing, m_dates, *this}),
+      m_drops(calendar) {
     calendar.InitProperties();
     ConnectDateEvents();
     ConnectInputEvents();

@@ -34,7 +34,7 @@ public:
     void LoseMouse();
     /// Makes the calendar know all that the user has done in its children. False when it is gone.
     bool TakeSelectorInput() { return m_input.Deliver(); }
-    DropTarget& Drops() noexcept { return m_drops; }
+    DropTarget<VmCalendar>& Drops() noexcept { return m_drops; }
     void EnabledChanged();
     void LocaleChanged();
 
@@ -71,13 +71,15 @@ private:
     QtWindowing m_windowing;
     QtDrawing m_drawing;
     Dates m_dates;
-    DropTarget m_drops;
     bool m_painting = false;
     bool m_dragging = false;
     bool m_clickBegun = false;  // the left button went down here, as the first press of a click
 
 public:
     VmCalendar calendar;  // ends before what it stands on
+
+private:
+    DropTarget<VmCalendar> m_drops;
 };
 
 }  // namespace velmora

@@ -22,14 +22,11 @@ VmCalendarWidget::VmCalendarWidget(QWidget* parent) : QWidget(parent) {
     m_host = std::make_unique<Host>(*this);
 }
 
-/// The host is ended here and not with the members, so that events on the way find it gone. Qt
-/// keeps a bare pointer to the widget that a drag has entered, until the drag leaves it.
+/// The host is ended here and not with the members, so that events on the way find it gone.
 VmCalendarWidget::~VmCalendarWidget() {
     const bool isDragTarget = m_host->Drops().IsEntered();
     m_host.reset();
-    if (!isDragTarget) return;
-    QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(this, &leave);
+    if (isDragTarget) LeaveDrag(*this);
 }
 
 QSize VmCalendarWidget::sizeHint() const { return {250, 200}; }

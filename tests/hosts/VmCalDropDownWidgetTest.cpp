@@ -9,6 +9,8 @@
 #include <QImage>
 #include <QMetaEnum>
 #include <QMetaProperty>
+#include <QMimeData>
+#include <QPointer>
 #include <QScrollArea>
 
 #include <functional>
@@ -342,6 +344,50 @@ TEST(VmCalDropDownWidget, SurvivesItsSlots) {
                 if (!window.box || !window.box->dropDownState()) ExpectNothingRuns("any slot");
             }
         }
+    }
+}
+
+TEST(VmCalDropDownWidget, DropsAreTakenOrAskedForAsOnACalendar) {
+    BoxWindow window;
+    Box& box = *window.box;
+    QMimeData content;
+    content.setText(QStringLiteral("6/7/2024"));
+    EXPECT_FALSE(box.acceptDrops());
+    box.setOleDropMode(VmCalendarWidget::OLEAutomatic);
+    EXPECT_EQ(DragAndDrop(&box, content), Qt::CopyAction);
+    EXPECT_EQ(box.dateValue().date(), QDate(2024, 6, 7));
+    content.setText(QStringLiteral("no date"));
+    EXPECT_EQ(DragAndDrop(&box, content), Qt::IgnoreAction);
+    EXPECT_EQ(box.dateValue().date(), QDate(2024, 6, 7));
+
+    box.setOleDropMode(VmCalendarWidget::OLEManual);
+    Names names;
+    QObject::connect(&box, &Box::oleDragOver, [&] { names.push_back("over"); });
+    QObject::connect(&box, &Box::oleDragDrop, [&] { names.push_back("drop"); });
+    EXPECT_EQ(DragAndDrop(&box, content), Qt::CopyAction);
+    EXPECT_EQ(names, (Names{"over", "drop"}));
+    EXPECT_EQ(box.dateValue().date(), QDate(2024, 6, 7));
+}
+
+TEST(VmCalDropDownWidget, ASlotMayDeleteTheBoxUnderADragOrWhileItOpensWithTheFocus) {
+    for (const int when : {0, 1, 2}) {
+        BoxWindow window;
+        const QPointer<Box> box(window.box);
+        const auto deleteIt = [&] { delete window.box; };
+        box->setOleDropMode(VmCalendarWidget::OLEManual);
+        if (when == 0) QObject::connect(box, &Box::oleDragOver, deleteIt);
+        if (when == 1) QObject::connect(box, &Box::oleDragDrop, deleteIt);
+        if (when == 2) QObject::connect(box, &Box::dropDown, deleteIt);
+        QMimeData content;
+        content.setText(QStringLiteral("6/7/2024"));
+        if (when < 2) {
+            DragAndDrop(box.data(), content);
+        } else {
+            box->clearFocus();
+            box->setDropDownState(true);
+        }
+        EXPECT_TRUE(box.isNull()) << when;
+        QApplication::processEvents();
     }
 }
 

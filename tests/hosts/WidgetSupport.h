@@ -70,7 +70,7 @@ inline void Click(QPointer<QWidget> widget, QPoint at) {
 }
 
 /// Drags the content over the widget and drops it there when it may; returns what the drop did.
-inline Qt::DropAction DragAndDrop(QPointer<Widget> widget, const QMimeData& content,
+inline Qt::DropAction DragAndDrop(QPointer<QWidget> widget, const QMimeData& content,
                                   Qt::DropActions actions = Qt::CopyAction) {
     const QPoint at(20, 30);
     QDragEnterEvent enter(at, actions, &content, Qt::LeftButton, Qt::ShiftModifier);
