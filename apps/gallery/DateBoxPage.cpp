@@ -49,7 +49,13 @@ constexpr Row kRows[] = {
     {"Opens at its right edge", [](Box& box) { box.setDropDownAlignment(Box::RightJustified); }},
     {"Work week", [](Box& box) { box.setShowWeekend(false); }},
     {"Three months to choose from", Limit},
-    {"Decorated days", [](Box& box) { ShowArrows(box), Decorate(box); }},
+    {"Decorated days",
+     [](Box& box) {
+         ShowArrows(box);
+         box.setDropDownWidth(420);
+         box.setDropDownHeight(340);
+         Decorate(box);
+     }},
     {"Own font, flat, larger calendar", ChooseOwnLook},
     {"Disabled", [](Box& box) { box.setEnabled(false); }},
     {"Refuses to open",
