@@ -61,6 +61,21 @@ void OpenDateEdit(benchmark::State& state) {
     }
 }
 
+/// What Qt takes to show any window of that size, painted or not.
+void ShowEmptyWindow(benchmark::State& state) {
+    QWidget window(nullptr, Qt::ToolTip);
+    window.setAttribute(Qt::WA_OpaquePaintEvent);
+    window.resize(250, 200);
+    for (auto step : state) {
+        window.show();
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        window.hide();
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
 void LoadAndRepaint(benchmark::State& state) {
     VmCalendarWidget calendar;
     calendar.resize(calendar.sizeHint());
@@ -79,14 +94,17 @@ void LoadAndRepaint(benchmark::State& state) {
 void RegisterDropDownBenchmarks(ResultTable& table) {
     const std::string open = "open the drop-down to painted";
     const std::string load = "SetProps and one full repaint";
+    const std::string empty = "show an empty window of that size";
     table.AddRow(open);
     table.AddRow(load);
+    table.AddRow(empty);
     const auto add = [](const std::string& work, Side side, auto function) {
         benchmark::RegisterBenchmark(ResultTable::BenchmarkName(work, side).c_str(), function);
     };
     add(open, Side::Velmora, OpenBox);
     add(open, Side::Qt, OpenDateEdit);
     add(load, Side::Velmora, LoadAndRepaint);
+    add(empty, Side::Qt, ShowEmptyWindow);
 }
 
 }  // namespace velmora

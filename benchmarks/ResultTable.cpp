@@ -68,7 +68,7 @@ void ResultTable::TakeMedians(const std::vector<benchmark::BenchmarkReporter::Ru
 void ResultTable::Print() const {
     std::printf(kColumns, "work", "Velmora", "F1", "F2", "Qt", "F2 x", "Qt /", "target", "met");
     for (const Row& row : m_rows) {
-        if (row.values[static_cast<int>(Side::Velmora)] > 0) PrintRow(row);
+        if (*std::max_element(std::begin(row.values), std::end(row.values)) > 0) PrintRow(row);
     }
 }
 
