@@ -1,6 +1,7 @@
 #include "calendar/CalendarPainter.h"
 
 #include "calendar/DayPicture.h"
+#include "platform/Compose.h"
 
 #include <algorithm>
 #include <string>
@@ -70,17 +71,8 @@ CalendarPainter::CalendarPainter(Drawing& drawing, const CalendarView& view)
       m_darkShadowPen(SolidPen(drawing, k3DDarkShadow)) {}
 
 void CalendarPainter::PaintCalendar(SurfaceHandle window) {
-    const Rect client = m_view.layout.Client();
-    const OwnedSurface memory(m_drawing, m_drawing.CreateCompatibleDC(window));
-    const OwnedObject bitmap(m_drawing,
-                             m_drawing.CreateCompatibleBitmap(window, client.right, client.bottom));
-    if (!memory || !bitmap) {
-        PaintAll(window);
-        return;
-    }
-    const Selection selected(m_drawing, memory.Get(), bitmap);
-    PaintAll(memory.Get());
-    m_drawing.BitBlt(window, client, memory.Get(), {0, 0}, RasterOp::SrcCopy);
+    Compose(m_drawing, window, m_view.layout.client,
+            [this](SurfaceHandle surface) { PaintAll(surface); });
 }
 
 void CalendarPainter::PaintExposed(SurfaceHandle window, std::span<const Rect> exposed) {

@@ -1,6 +1,6 @@
 #include "dropdown/DropDownPainter.h"
 
-#include "platform/DrawingScopes.h"
+#include "platform/Compose.h"
 
 namespace velmora {
 namespace {
@@ -33,15 +33,8 @@ OLE_COLOR PaintGround(Drawing& drawing, SurfaceHandle surface, const DropDownVie
     return kHighlightText;
 }
 
-}  // namespace
-
-void PaintDropDown(Drawing& drawing, SurfaceHandle surface, const DropDownView& view) {
+void PaintText(Drawing& drawing, SurfaceHandle surface, const DropDownView& view, OLE_COLOR color) {
     const auto [width, height] = view.client;
-    if (width <= 0 || height <= 0) return;
-    drawing.DrawEdge(surface, {0, 0, width, height}, kSunken, kAllSides);
-    PaintDropButton(drawing, surface, view);
-    const OLE_COLOR color = PaintGround(drawing, surface, view);
-
     Rect text{3 + kTextInset, 3, width - 19 - kTextInset, height - 3};
     if (text.left >= text.right || text.top >= text.bottom) return;
     const OwnedObject font(drawing, drawing.CreateFontIndirectA(FontToLogFont(view.font)));
@@ -50,6 +43,19 @@ void PaintDropDown(Drawing& drawing, SurfaceHandle surface, const DropDownView& 
     drawing.SetTextColor(surface, ResolveColor(drawing, color));
     drawing.DrawTextA(surface, view.text, text,
                       kTextLeft | kTextVCenter | kTextSingleLine | kTextNoPrefix);
+}
+
+}  // namespace
+
+void PaintDropDown(Drawing& drawing, SurfaceHandle window, const DropDownView& view) {
+    const auto [width, height] = view.client;
+    if (width <= 0 || height <= 0) return;
+    Compose(drawing, window, view.client, [&](SurfaceHandle surface) {
+        Fill(drawing, surface, {0, 0, width, height}, kButtonFace);
+        drawing.DrawEdge(surface, {0, 0, width, height}, kSunken, kAllSides);
+        PaintDropButton(drawing, surface, view);
+        PaintText(drawing, surface, view, PaintGround(drawing, surface, view));
+    });
 }
 
 }  // namespace velmora

@@ -17,7 +17,8 @@ struct DropDownView {
 };
 
 /// A sunken edge, the drop-down button at the right, and the text: grey when disabled, highlighted
-/// with a focus rectangle when focused. Total: a box too small for any of them shows less.
-void PaintDropDown(Drawing& drawing, SurfaceHandle surface, const DropDownView& view);
+/// with a focus rectangle when focused. Composed off screen.
+/// Total: a box too small for any of them shows less.
+void PaintDropDown(Drawing& drawing, SurfaceHandle window, const DropDownView& view);
 
 }  // namespace velmora

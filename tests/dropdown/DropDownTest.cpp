@@ -418,9 +418,9 @@ TEST_F(DropDown, PaintsItsStatesAndAnySize) {
         Rgb text;
         std::size_t fills;
     };
-    for (const Case& c : {Case{true, false, StrictDrawing::SystemRgb(8), 1},
-                          Case{true, true, StrictDrawing::SystemRgb(14), 2},
-                          Case{false, true, StrictDrawing::SystemRgb(17), 1}}) {
+    for (const Case& c : {Case{true, false, StrictDrawing::SystemRgb(8), 2},
+                          Case{true, true, StrictDrawing::SystemRgb(14), 3},
+                          Case{false, true, StrictDrawing::SystemRgb(17), 2}}) {
         box.Enabled(c.enabled);
         c.focused ? box.OnGotFocus() : box.OnLostFocus();
         test.drawing.Forget();

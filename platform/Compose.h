@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/DrawingScopes.h"
+
+namespace velmora {
+
+/// Calls `paint` with a surface of that size and copies what it has drawn to the window in one go,
+/// so that nothing flickers. Where there is no memory for that, it draws on the window itself.
+template <class Paint>
+void Compose(Drawing& drawing, SurfaceHandle window, Size size, Paint paint) {
+    const OwnedSurface memory(drawing, drawing.CreateCompatibleDC(window));
+    const OwnedObject bitmap(drawing,
+                             drawing.CreateCompatibleBitmap(window, size.width, size.height));
+    if (!memory || !bitmap) {
+        paint(window);
+        return;
+    }
+    const Selection selected(drawing, memory.Get(), bitmap);
+    paint(memory.Get());
+    drawing.BitBlt(window, {0, 0, size.width, size.height}, memory.Get(), {0, 0},
+                   RasterOp::SrcCopy);
+}
+
+}  // namespace velmora
