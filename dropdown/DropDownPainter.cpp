@@ -48,11 +48,11 @@ void PaintText(Drawing& drawing, SurfaceHandle surface, const DropDownView& view
 }  // namespace
 
 void PaintDropDown(Drawing& drawing, SurfaceHandle window, const DropDownView& view) {
-    const auto [width, height] = view.client;
-    if (width <= 0 || height <= 0) return;
+    const Rect client{0, 0, view.client.width, view.client.height};
+    if (client.right <= 0 || client.bottom <= 0) return;
     Compose(drawing, window, view.client, [&](SurfaceHandle surface) {
-        Fill(drawing, surface, {0, 0, width, height}, kButtonFace);
-        drawing.DrawEdge(surface, {0, 0, width, height}, kSunken, kAllSides);
+        Fill(drawing, surface, client, kButtonFace);
+        drawing.DrawEdge(surface, client, kSunken, kAllSides);
         PaintDropButton(drawing, surface, view);
         PaintText(drawing, surface, view, PaintGround(drawing, surface, view));
     });
