@@ -43,6 +43,7 @@ constexpr Row kRows[] = {
     {"Long date", [](Box& box) { box.setDateFormat(QStringLiteral("Long Date")); }},
     {"Own format, arrows",
      [](Box& box) {
+         box.setObjectName(QLatin1String(kOpenedInPicture));
          box.setDateFormat(QStringLiteral("ddd d mmm yyyy"));
          ShowArrows(box);
      }},

@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QMainWindow>
+#include <QPointer>
 
 class QListWidget;
 class QStackedWidget;
@@ -22,10 +23,18 @@ public:
     /// missing. Returns the file that could not be written, empty when all were.
     QString WritePictures(const QString& folder);
 
+    /// Opens the property pages of the control of the shown page that had the focus last, else of
+    /// its first one.
+    void ShowProperties();
+
 private:
+    void Follow(QWidget* focus);
+    QPixmap Picture();
+
     QDate m_date;
     QListWidget* m_titles;
     QStackedWidget* m_pages;
+    QPointer<QWidget> m_control;  // had the focus last
 };
 
 }  // namespace velmora

@@ -1,8 +1,11 @@
 #include "apps/gallery/Decorations.h"
 #include "apps/gallery/EventLog.h"
+#include "apps/gallery/GalleryWindow.h"
 #include "apps/gallery/Pages.h"
 #include "apps/gallery/PropertyPanel.h"
 #include "apps/gallery/SavedSettings.h"
+#include "hosts/qt/PropertyPageDialog.h"
+#include "hosts/qt/VmCalDropDownWidget.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +14,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFile>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -150,6 +154,26 @@ TEST(Gallery, EveryPageCanBeShownAndEndsAlone) {
         EXPECT_FALSE(widget->grab().isNull());
     }
     EXPECT_EQ(PageIndex(QStringLiteral("none")), -1);
+}
+
+TEST(Gallery, PropertyPagesAreThoseOfTheControlThatHadTheFocus) {
+    GalleryWindow window(QDate(2024, 5, 17));
+    window.show();
+    QApplication::setActiveWindow(&window);
+    const auto edit = [&window](const char* control, const QString& text) {
+        window.ShowProperties();
+        auto* const dialog = window.findChild<PropertyPageDialog*>();
+        dialog->findChild<QLineEdit*>(QLatin1String(control))->setText(text);
+        dialog->accept();
+        delete dialog;
+    };
+    edit("txtDateValue", QStringLiteral("2001-02-03"));
+    EXPECT_EQ(window.findChild<VmCalendarWidget*>()->dateValue(), QDate(2001, 2, 3));
+    window.ShowPage(PageIndex(QStringLiteral("date-boxes")));
+    auto* const second = window.findChildren<VmCalDropDownWidget*>().at(1);
+    second->setFocus();
+    edit("txtDropDownWidth", QStringLiteral("333"));
+    EXPECT_EQ(second->dropDownWidth(), 333);
 }
 
 TEST(SavedSettings, ComeBackAtTheNextStartAndDamageIsReported) {
