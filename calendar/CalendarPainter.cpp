@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace velmora {
 namespace {
@@ -76,6 +77,7 @@ void CalendarPainter::PaintCalendar(SurfaceHandle window) {
 }
 
 void CalendarPainter::PaintExposed(SurfaceHandle window, std::span<const Rect> exposed) {
+    m_drawing.SetBkMode(window, BackgroundMode::Transparent);
     switch (ZoneOf(exposed)) {
         case Zone::Cells: PaintCells(window, exposed); break;
         case Zone::MonthBand: PaintMonthCaption(window); break;
@@ -191,7 +193,7 @@ void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
         m_drawing.DrawTextA(surface, text, extent, kTextSingleLine | kTextCalcRect);
         if (extent.right > place.right - place.left) return;
     }
-    m_drawing.SetTextColor(surface, ResolveColor(m_drawing, TextColor(state.monthForeColor)));
+    UseTextColor(surface, state.monthForeColor);
     m_drawing.DrawTextA(surface, text, place, kTextCenter | kTextVCenter | kTextSingleLine);
 }
 
@@ -202,7 +204,7 @@ void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
     const OwnedObject font(m_drawing,
                            m_drawing.CreateFontIndirectA(FontToLogFont(*state.weekDayFont)));
     const Selection selected(m_drawing, surface, font);
-    m_drawing.SetTextColor(surface, ResolveColor(m_drawing, TextColor(state.weekDayForeColor)));
+    UseTextColor(surface, state.weekDayForeColor);
     for (int column = 0; column < m_grid.ColumnCount(); ++column) {
         PaintWeekDay(surface, column, back);
     }
@@ -254,8 +256,7 @@ void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const R
                      cell.bottom};
 
     const CellColors colors = ColorsOf(day, decoration, pressed || IsSelected(day));
-    const OwnedObject back = SolidBrush(m_drawing, colors.back);
-    m_drawing.FillRect(surface, inner, back.Get());
+    m_drawing.FillRect(surface, inner, GroundBrush(colors.back));
     if (raised) {
         PaintRaisedEdges(surface, cell, !pressed);
     } else {
@@ -266,7 +267,7 @@ void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const R
     if (decoration && decoration->Picture()) {
         PaintPicture(surface, *decoration->Picture(), number, inner);
     }
-    m_drawing.SetTextColor(surface, ResolveColor(m_drawing, TextColor(colors.fore)));
+    UseTextColor(surface, colors.fore);
     DrawAligned(surface, number, inner, m_view.state.dayNumberAlignment);
     if (decoration && !decoration->Caption().empty()) {
         DrawAligned(surface, decoration->Caption(), inner, m_view.state.dayCaptionAlignment);
@@ -335,8 +336,18 @@ CalendarPainter::CellColors CalendarPainter::ColorsOf(DayNumber day, const VmDay
             ColorOr(decoration->BackColor(), days.DefaultBackColor())};
 }
 
-OLE_COLOR CalendarPainter::TextColor(OLE_COLOR color) const noexcept {
-    return m_view.enabled ? color : kGrayText;
+ObjectHandle CalendarPainter::GroundBrush(OLE_COLOR color) {
+    if (!m_ground || m_ground->color != color) {
+        m_ground.reset();
+        m_ground.emplace(Ground{color, SolidBrush(m_drawing, color)});
+    }
+    return m_ground->brush.Get();
+}
+
+void CalendarPainter::UseTextColor(SurfaceHandle surface, OLE_COLOR color) {
+    const OLE_COLOR wanted = m_view.enabled ? color : kGrayText;
+    if (std::exchange(m_textColor, wanted) == wanted) return;
+    m_drawing.SetTextColor(surface, ResolveColor(m_drawing, wanted));
 }
 
 }  // namespace velmora

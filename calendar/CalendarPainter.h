@@ -71,7 +71,8 @@ private:
     Zone ZoneOf(std::span<const Rect> exposed) const noexcept;
     CellColors ColorsOf(DayNumber day, const VmDay* decoration, bool selected) const;
     bool IsSelected(DayNumber day) const noexcept;
-    OLE_COLOR TextColor(OLE_COLOR color) const noexcept;
+    ObjectHandle GroundBrush(OLE_COLOR color);
+    void UseTextColor(SurfaceHandle surface, OLE_COLOR color);
     std::string WeekDayCaption(int column) const;
 
     Drawing& m_drawing;
@@ -81,6 +82,14 @@ private:
     OwnedObject m_highlightPen;
     OwnedObject m_shadowPen;
     OwnedObject m_darkShadowPen;
+
+    // Neighbouring cells mostly have the same colours: what was used last.
+    struct Ground {
+        OLE_COLOR color;
+        OwnedObject brush;
+    };
+    std::optional<Ground> m_ground;
+    std::optional<OLE_COLOR> m_textColor;
 };
 
 }  // namespace velmora

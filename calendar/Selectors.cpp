@@ -58,6 +58,13 @@ WindowHandle Selectors::MonthListHandle() const {
     return m_monthList ? m_monthList->Handle() : WindowHandle::None;
 }
 
+void Selectors::DropNative() {
+    m_monthList.reset();
+    m_yearText.reset();
+    m_yearSpinnerBar.reset();
+    m_dateScrollBar.reset();
+}
+
 void Selectors::Month(int month) {
     m_listIndex = month - 1;
     PushMonth();

@@ -38,6 +38,8 @@ public:
     int ListIndex() const noexcept { return m_listIndex; }
     bool MonthListDropped() const { return m_monthList && m_monthList->DroppedDown(); }
     WindowHandle MonthListHandle() const;
+    /// Ends the native controls, which `Prepare` makes anew with the values of these.
+    void DropNative();
 
     /// Spinner and year box show the year; the spinner runs over negated years.
     void Year(int year);

@@ -28,12 +28,14 @@ VmCalendar::VmCalendar(const Platform& platform)
 
 VmCalendar::~VmCalendar() { m_days->WhenItemChanges(nullptr); }
 
-void VmCalendar::InitProperties() {
+void VmCalendar::InitProperties() { InitProperties(DateOf(m_platform.dates.Today())); }
+
+void VmCalendar::InitProperties(Date selected) {
     const bool announced = m_state.monthAnnounced;
     m_state = CalendarState{};
     m_state.monthAnnounced = announced;
-    m_state.dateValue = DateOf(m_platform.dates.Today());
-    m_state.shownDate = m_state.dateValue;
+    m_state.dateValue = selected;
+    m_state.shownDate = selected;
     const FontRef font = m_platform.hosting.AmbientFont();
     m_state.dayFont = CopyOf(font);
     m_state.monthFont = CopyOf(font);
@@ -186,6 +188,13 @@ void VmCalendar::OnWindowChanged() {
     if (!m_platform.windowing.TakesInput()) EndPress();
     if (!IsPaintable()) return;
     m_laidOut = true;
+    RepaintControl();
+}
+
+void VmCalendar::OnWindowRecreated() {
+    EndPress();
+    m_selectors.DropNative();
+    m_laidOut = false;
     RepaintControl();
 }
 

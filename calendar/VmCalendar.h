@@ -34,9 +34,10 @@ public:
     VmCalendar(const VmCalendar&) = delete;
     VmCalendar& operator=(const VmCalendar&) = delete;
 
-    /// Takes the defaults of a newly placed calendar, today selected. Raises `MonthChanged` and
-    /// `YearChanged`.
+    /// Takes the defaults of a newly placed calendar, today or another date selected. Raises
+    /// `MonthChanged` and `YearChanged`.
     void InitProperties();
+    void InitProperties(Date selected);
 
     CalendarEvents& Events() noexcept { return m_events; }
 
@@ -232,6 +233,9 @@ public:
     bool OnPaint(SurfaceHandle surface, std::span<const Rect> exposed);
     /// The window has been shown, has another size, or looks enabled or disabled now.
     void OnWindowChanged();
+    /// The window has gone or another one has come: the child controls are made anew for it with
+    /// the next paint. To be called from outside of any child's own handler.
+    void OnWindowRecreated();
     /// The date services speak another language now.
     void OnLocaleChanged();
 

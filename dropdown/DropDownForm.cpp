@@ -63,8 +63,8 @@ void DropDownForm::ConnectInput() {
     });
 }
 
-void DropDownForm::Load(const AutomationObject& properties) {
-    m_calendar.InitProperties();
+void DropDownForm::Load(const CProperties& properties) {
+    m_calendar.InitProperties(properties.DateValue());
     m_calendar.AlwaysDateChanged(true);
     try {
         m_calendar.SetProps(properties);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calendar/CProperties.h"
 #include "calendar/VmCalendar.h"
 #include "platform/Platform.h"
 
@@ -40,7 +41,7 @@ public:
     VmCalDropDown* GetOwner() const noexcept { return m_owner; }
     void SetOwner(VmCalDropDown* owner) noexcept { m_owner = owner; }
     /// Loads the calendar with a box's properties and decorations; nothing of the last box stays.
-    void Load(const AutomationObject& properties);
+    void Load(const CProperties& properties);
     void Show(const Rect& screen);
     /// Hides the window, ends a press in the calendar, gives the mouse back and stops the timer.
     void Close();

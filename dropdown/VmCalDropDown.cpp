@@ -68,7 +68,9 @@ void VmCalDropDown::DateFormat(std::string value) {
 }
 
 void VmCalDropDown::UpdateDateText(Date date) {
-    m_text = m_platform.dates.Format(date, m_dateFormat);
+    std::string text = m_platform.dates.Format(date, m_dateFormat);
+    if (text == m_text) return;
+    m_text = std::move(text);
     RepaintControl();
 }
 

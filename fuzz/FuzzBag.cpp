@@ -1,46 +1,10 @@
 #include "fuzz/FuzzCalendar.h"
+#include "tests/support/StoreCases.h"
 
-#include <iterator>
 #include <memory>
 
 namespace velmora::fuzz {
 namespace {
-
-constexpr std::string_view kNames[] = {
-    "Appearance",
-    "SelectedDayBackColor",
-    "SelectedDayForeColor",
-    "DateValue",
-    "DayAppearance",
-    "DayCaptionAlignment",
-    "DayDefaultBackColor",
-    "DayOtherMonthForeColor",
-    "DayDefaultForeColor",
-    "DayFont",
-    "DayNumberAlignment",
-    "DayPictureAlignment",
-    "Enabled",
-    "FirstDayOfWeek",
-    "MonthAppearance",
-    "MonthBackColor",
-    "MonthDisplay",
-    "MonthFont",
-    "MonthForeColor",
-    "DateMax",
-    "DateMin",
-    "MonthYearSelStyle",
-    "MouseIcon",
-    "MousePointer",
-    "ShowWeekend",
-    "TodayBackColor",
-    "TodayForeColor",
-    "WeekDayAppearance",
-    "WeekDayBackColor",
-    "WeekDayCaptionAlignment",
-    "WeekDayDisplay",
-    "WeekDayFont",
-    "WeekDayForeColor",
-};
 
 FontRef TakeFont(ByteReader& bytes) {
     auto font = std::make_shared<StdFont>();
@@ -88,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MemoryBag bag;
     const int count = bytes.Take<std::uint8_t>() % 40;
     for (int i = 0; i < count && !bytes.AtEnd(); ++i) {
-        const auto name = fuzz::kNames[bytes.Take<std::uint8_t>() % std::size(fuzz::kNames)];
+        const auto name = test::kSavedNames[bytes.Take<std::uint8_t>() % test::kSavedNames.size()];
         bag.WriteProperty(name, fuzz::TakeValue(bytes), Variant());
     }
     fuzz::LiveThrough(bag, bytes);

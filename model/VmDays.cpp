@@ -27,13 +27,19 @@ void VmDays::RemoveDay(std::int16_t index) {
 
 void VmDays::LoadMonth(DayNumber day) {
     const DayNumber first = FirstOfMonth(day);
-    const DayNumber last = LastOfMonth(day);
-    std::vector<DayRef> items;
-    items.reserve(static_cast<std::size_t>(last - first) + 1);
-    for (DayNumber d = first; d <= last; ++d) {
-        items.push_back(std::make_shared<VmDay>(weak_from_this(), DateOf(d)));
+    const auto count = static_cast<std::size_t>(LastOfMonth(day) - first) + 1;
+    m_items.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        VmDay fresh(weak_from_this(), DateOf(first + static_cast<DayNumber>(i)));
+        if (i >= m_items.size()) {
+            m_items.push_back(std::make_shared<VmDay>(std::move(fresh)));
+        } else if (m_items[i].use_count() == 1) {
+            *m_items[i] = std::move(fresh);
+        } else {  // a client keeps that day as it is
+            m_items[i] = std::make_shared<VmDay>(std::move(fresh));
+        }
     }
-    m_items.swap(items);
+    m_items.resize(count);
 }
 
 void VmDays::RaiseDayChanged(const VmDay& day, std::string_view property) {

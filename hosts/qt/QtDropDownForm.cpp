@@ -33,9 +33,6 @@ QSize Limited(const Rect& rect, QSize desktop) {
             std::clamp(rect.bottom - rect.top, 1, std::max(desktop.height(), 1))};
 }
 
-float XOf(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
-float YOf(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
-
 }  // namespace
 
 void FormWindowing::SetCapture() {
@@ -120,7 +117,6 @@ void QtDropDownForm::Show(const Rect& screen) {
     setGeometry(
         QRect(QPoint(screen.left, screen.top), Limited(screen, m_box->screen()->virtualSize())));
     show();
-    raise();
 }
 
 void QtDropDownForm::Hide() {

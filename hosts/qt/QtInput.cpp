@@ -1,6 +1,7 @@
 #include "hosts/qt/QtInput.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include <utility>
 
@@ -90,5 +91,8 @@ std::int16_t ButtonsOf(Qt::MouseButtons buttons) {
                                      (buttons.testFlag(Qt::RightButton) ? 2 : 0) |
                                      (buttons.testFlag(Qt::MiddleButton) ? 4 : 0));
 }
+
+float XOf(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
+float YOf(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
 
 }  // namespace velmora

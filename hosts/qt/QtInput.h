@@ -5,6 +5,7 @@
 #include <cstdint>
 
 class QKeyEvent;
+class QMouseEvent;
 
 /// Keys and buttons in the numbers of the published events.
 namespace velmora {
@@ -17,5 +18,8 @@ std::int16_t CharacterOf(const QKeyEvent& event);
 std::int16_t ShiftOf(Qt::KeyboardModifiers modifiers);
 /// 1 left, 2 right, 4 middle.
 std::int16_t ButtonsOf(Qt::MouseButtons buttons);
+/// Pixels of the widget that gets the event.
+float XOf(const QMouseEvent& event);
+float YOf(const QMouseEvent& event);
 
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #include "hosts/qt/VmCalDropDownHost.h"
 
+#include "hosts/qt/EventSignals.h"
 #include "hosts/qt/QtInput.h"
 #include "hosts/qt/QtLocale.h"
 #include "platform/DrawingScopes.h"
@@ -10,13 +11,6 @@
 #include <QPointer>
 
 namespace velmora {
-namespace {
-
-float XOf(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
-float YOf(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
-
-}  // namespace
-
 void QtBoxWindowing::SetFocus() {
     const QPointer<QWidget> widget(&m_widget);
     m_focusing = true;
@@ -37,65 +31,13 @@ VmCalDropDownWidget::Host::Host(VmCalDropDownWidget& widget)
       dropDown({m_drawing, m_windowing, m_dates, *this}, m_form->Form()),
       m_drops(dropDown) {
     dropDown.InitProperties();
-    ConnectDateEvents();
-    ConnectInputEvents();
-    ConnectDragEvents();
-}
-
-void VmCalDropDownWidget::Host::ConnectDateEvents() {
-    VmCalDropDownWidget* const widget = &m_widget;
     DropDownEvents& events = dropDown.Events();
+    EmitDates(&widget, events);
+    EmitInput(&widget, events);
+    EmitDrag(&widget, events);
+    events.MonthChanged.Connect([this](std::int16_t& month) { emit m_widget.monthChanged(month); });
     events.CloseUp.Connect([this] { EmitCloseUp(); });
-    events.DropDown.Connect([widget](bool& cancel) { emit widget->dropDown(cancel); });
-    events.DateChanged.Connect(
-        [widget](Date& date) { emit widget->dateChanged(ToQDate(DayOf(date))); });
-    events.DayChanged.Connect([widget](std::int16_t& day) { emit widget->dayChanged(day); });
-    events.MonthChanged.Connect(
-        [widget](std::int16_t& month) { emit widget->monthChanged(month); });
-    events.YearChanged.Connect([widget](std::int16_t& year) { emit widget->yearChanged(year); });
-}
-
-void VmCalDropDownWidget::Host::ConnectInputEvents() {
-    using Short = std::int16_t;
-    VmCalDropDownWidget* const widget = &m_widget;
-    DropDownEvents& events = dropDown.Events();
-    events.KeyDown.Connect(
-        [widget](Short& key, Short& shift) { emit widget->keyDown(key, shift); });
-    events.KeyPress.Connect([widget](Short& key) { emit widget->keyPress(key); });
-    events.KeyUp.Connect([widget](Short& key, Short& shift) { emit widget->keyUp(key, shift); });
-    events.MouseDown.Connect([widget](Short& button, Short& shift, float& x, float& y) {
-        emit widget->mouseDown(button, shift, x, y);
-    });
-    events.MouseMove.Connect([widget](Short& button, Short& shift, float& x, float& y) {
-        emit widget->mouseMove(button, shift, x, y);
-    });
-    events.MouseUp.Connect([widget](Short& button, Short& shift, float& x, float& y) {
-        emit widget->mouseUp(button, shift, x, y);
-    });
-}
-
-void VmCalDropDownWidget::Host::ConnectDragEvents() {
-    using Short = std::int16_t;
-    using Long = std::int32_t;
-    VmCalDropDownWidget* const widget = &m_widget;
-    DropDownEvents& events = dropDown.Events();
-    events.OLEStartDrag.Connect(
-        [widget](DataRef& data, Long& effects) { emit widget->oleStartDrag(data, effects); });
-    events.OLESetData.Connect(
-        [widget](DataRef& data, Short& format) { emit widget->oleSetData(data, format); });
-    events.OLEGiveFeedback.Connect([widget](Long& effect, bool& defaultCursors) {
-        emit widget->oleGiveFeedback(effect, defaultCursors);
-    });
-    events.OLECompleteDrag.Connect(
-        [widget](Long& effect) { emit widget->oleCompleteDrag(effect); });
-    events.OLEDragOver.Connect([widget](DataRef& data, Long& effect, Short& button, Short& shift,
-                                        float& x, float& y, Short& state) {
-        emit widget->oleDragOver(data, effect, button, shift, x, y, state);
-    });
-    events.OLEDragDrop.Connect(
-        [widget](DataRef& data, Long& effect, Short& button, Short& shift, float& x, float& y) {
-            emit widget->oleDragDrop(data, effect, button, shift, x, y);
-        });
+    events.DropDown.Connect([this](bool& cancel) { emit m_widget.dropDown(cancel); });
 }
 
 void VmCalDropDownWidget::Host::EmitCloseUp() {
@@ -125,25 +67,10 @@ void VmCalDropDownWidget::Host::OleDrag() {
     std::int32_t effect = kDropCopy;
     dropDown.Events().OLEStartDrag.Raise(data, effect);
     if (!widget) return;
-    effect = data ? RunDrag(data, effect, EventsOfDrag()) : kDropNone;
+    effect = data ? RunDrag(data, effect, EventsOfDrag(m_widget, dropDown.Events())) : kDropNone;
     if (!widget) return;
     m_dragging = false;
     dropDown.Events().OLECompleteDrag.Raise(effect);
-}
-
-DragEvents VmCalDropDownWidget::Host::EventsOfDrag() {
-    const QPointer<VmCalDropDownWidget> widget(&m_widget);
-    return {.setData =
-                [widget](DataRef data, std::int16_t format) {
-                    if (widget) widget->dropDownBox().Events().OLESetData.Raise(data, format);
-                },
-            .giveFeedback =
-                [widget](std::int32_t effect) {
-                    bool defaultCursors = true;
-                    if (!widget) return QPixmap();
-                    widget->dropDownBox().Events().OLEGiveFeedback.Raise(effect, defaultCursors);
-                    return widget && !defaultCursors ? widget->cursor().pixmap() : QPixmap();
-                }};
 }
 
 void VmCalDropDownWidget::Host::Paint(QPainter& painter) {

@@ -2,7 +2,6 @@
 
 #include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/QtConversions.h"
-#include "hosts/qt/QtDrag.h"
 #include "hosts/qt/QtDrawing.h"
 #include "hosts/qt/QtDrop.h"
 #include "hosts/qt/QtDropDownForm.h"
@@ -123,11 +122,7 @@ public:
     static void WarnOfType(const char* property);
 
 private:
-    void ConnectDateEvents();
-    void ConnectInputEvents();
-    void ConnectDragEvents();
     void EmitCloseUp();
-    DragEvents EventsOfDrag();
 
     VmCalDropDownWidget& m_widget;
     QtBoxWindowing m_windowing;

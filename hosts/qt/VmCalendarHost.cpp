@@ -1,5 +1,6 @@
 #include "hosts/qt/VmCalendarHost.h"
 
+#include "hosts/qt/EventSignals.h"
 #include "hosts/qt/QtConversions.h"
 #include "hosts/qt/QtInput.h"
 #include "hosts/qt/QtLocale.h"
@@ -15,13 +16,6 @@
 #include <vector>
 
 namespace velmora {
-namespace {
-
-float XOf(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
-float YOf(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
-
-}  // namespace
-
 VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
     : QtHosting(widget),
       m_widget(widget),
@@ -32,64 +26,13 @@ VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
       calendar({m_drawing, m_windowing, m_dates, *this}),
       m_drops(calendar) {
     calendar.InitProperties();
-    ConnectDateEvents();
-    ConnectInputEvents();
-    ConnectDragEvents();
-}
-
-void VmCalendarWidget::Host::ConnectDateEvents() {
-    VmCalendarWidget* const widget = &m_widget;
     CalendarEvents& events = calendar.Events();
-    events.DateChanged.Connect(
-        [widget](Date& date) { emit widget->dateChanged(ToQDate(DayOf(date))); });
-    events.DayChanged.Connect([widget](std::int16_t& day) { emit widget->dayChanged(day); });
+    EmitDates(&widget, events);
+    EmitInput(&widget, events);
+    EmitDrag(&widget, events);
     events.MonthChanged.Connect([this](std::int16_t& month) { EmitMonth(month); });
-    events.YearChanged.Connect([widget](std::int16_t& year) { emit widget->yearChanged(year); });
-}
-
-void VmCalendarWidget::Host::ConnectInputEvents() {
-    using Short = std::int16_t;
-    VmCalendarWidget* const widget = &m_widget;
-    CalendarEvents& events = calendar.Events();
-    events.Click.Connect([widget] { emit widget->click(); });
-    events.DblClick.Connect([widget] { emit widget->dblClick(); });
-    events.KeyDown.Connect(
-        [widget](Short& key, Short& shift) { emit widget->keyDown(key, shift); });
-    events.KeyPress.Connect([widget](Short& key) { emit widget->keyPress(key); });
-    events.KeyUp.Connect([widget](Short& key, Short& shift) { emit widget->keyUp(key, shift); });
-    events.MouseDown.Connect([widget](Short& button, Short& shift, float& x, float& y) {
-        emit widget->mouseDown(button, shift, x, y);
-    });
-    events.MouseMove.Connect([widget](Short& button, Short& shift, float& x, float& y) {
-        emit widget->mouseMove(button, shift, x, y);
-    });
-    events.MouseUp.Connect([widget](Short& button, Short& shift, float& x, float& y) {
-        emit widget->mouseUp(button, shift, x, y);
-    });
-}
-
-void VmCalendarWidget::Host::ConnectDragEvents() {
-    using Short = std::int16_t;
-    using Long = std::int32_t;
-    VmCalendarWidget* const widget = &m_widget;
-    CalendarEvents& events = calendar.Events();
-    events.OLEStartDrag.Connect(
-        [widget](DataRef& data, Long& effects) { emit widget->oleStartDrag(data, effects); });
-    events.OLESetData.Connect(
-        [widget](DataRef& data, Short& format) { emit widget->oleSetData(data, format); });
-    events.OLEGiveFeedback.Connect([widget](Long& effect, bool& defaultCursors) {
-        emit widget->oleGiveFeedback(effect, defaultCursors);
-    });
-    events.OLECompleteDrag.Connect(
-        [widget](Long& effect) { emit widget->oleCompleteDrag(effect); });
-    events.OLEDragOver.Connect([widget](DataRef& data, Long& effect, Short& button, Short& shift,
-                                        float& x, float& y, Short& state) {
-        emit widget->oleDragOver(data, effect, button, shift, x, y, state);
-    });
-    events.OLEDragDrop.Connect(
-        [widget](DataRef& data, Long& effect, Short& button, Short& shift, float& x, float& y) {
-            emit widget->oleDragDrop(data, effect, button, shift, x, y);
-        });
+    events.Click.Connect([this] { emit m_widget.click(); });
+    events.DblClick.Connect([this] { emit m_widget.dblClick(); });
 }
 
 /// A slot may delete the widget, which must not happen under a painter.
@@ -119,25 +62,10 @@ void VmCalendarWidget::Host::OleDrag() {
     std::int32_t effect = kDropCopy;
     calendar.Events().OLEStartDrag.Raise(data, effect);
     if (!widget) return;
-    effect = data ? RunDrag(data, effect, EventsOfDrag()) : kDropNone;
+    effect = data ? RunDrag(data, effect, EventsOfDrag(m_widget, calendar.Events())) : kDropNone;
     if (!widget) return;
     m_dragging = false;
     calendar.Events().OLECompleteDrag.Raise(effect);
-}
-
-DragEvents VmCalendarWidget::Host::EventsOfDrag() {
-    const QPointer<VmCalendarWidget> widget(&m_widget);
-    return {.setData =
-                [widget](DataRef data, std::int16_t format) {
-                    if (widget) widget->calendar().Events().OLESetData.Raise(data, format);
-                },
-            .giveFeedback =
-                [widget](std::int32_t effect) {
-                    bool defaultCursors = true;
-                    if (!widget) return QPixmap();
-                    widget->calendar().Events().OLEGiveFeedback.Raise(effect, defaultCursors);
-                    return widget && !defaultCursors ? widget->cursor().pixmap() : QPixmap();
-                }};
 }
 
 bool VmCalendarWidget::Host::Paint(QPainter& painter, const QRegion& exposed) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "hosts/qt/QtDrag.h"
 #include "hosts/qt/QtDrawing.h"
 #include "hosts/qt/QtDrop.h"
 #include "hosts/qt/QtHost.h"
@@ -60,11 +59,7 @@ public:
     static void WarnOfType(const char* property);
 
 private:
-    void ConnectDateEvents();
-    void ConnectInputEvents();
-    void ConnectDragEvents();
     void EmitMonth(std::int16_t month);
-    DragEvents EventsOfDrag();
 
     VmCalendarWidget& m_widget;
     SelectorInput m_input;

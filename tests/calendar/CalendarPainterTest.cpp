@@ -214,21 +214,20 @@ TEST(PlaceDayPicture, PutsThePictureWhereItsNameSays) {
         VmPictureAlignmentConstants alignment;
         Rect place;
     };
-    for (const Case& c : std::initializer_list<Case>{
-             {VmPictTopLeft, {100, 200, 110, 208}},
-             {VmPictMiddleLeft, {100, 221, 110, 229}},
-             {VmPictBottomLeft, {100, 242, 110, 250}},
-             {VmPictTopCenter, {125, 200, 135, 208}},
-             {VmPictMiddleCenter, {125, 221, 135, 229}},
-             {VmPictBottomRight, {150, 242, 160, 250}},
-             {VmPictStretch, cell},
-             {VmPictTile, cell},
-             {VmPictLeftOfText, {128, 204, 138, 212}},
-             {VmPictRightOfText, {150, 204, 160, 212}},  // kept inside the cell
-             {VmPictAboveText, {144, 200, 154, 208}},    // kept inside the cell
-             {VmPictBelowText, {144, 216, 154, 224}},
-             {VmPictureAlignmentConstants(200), {100, 200, 110, 208}},
-         }) {
+    const Case cases[] = {{VmPictTopLeft, {100, 200, 110, 208}},
+                          {VmPictMiddleLeft, {100, 221, 110, 229}},
+                          {VmPictBottomLeft, {100, 242, 110, 250}},
+                          {VmPictTopCenter, {125, 200, 135, 208}},
+                          {VmPictMiddleCenter, {125, 221, 135, 229}},
+                          {VmPictBottomRight, {150, 242, 160, 250}},
+                          {VmPictStretch, cell},
+                          {VmPictTile, cell},
+                          {VmPictLeftOfText, {128, 204, 138, 212}},
+                          {VmPictRightOfText, {150, 204, 160, 212}},  // kept inside the cell
+                          {VmPictAboveText, {144, 200, 154, 208}},    // kept inside the cell
+                          {VmPictBelowText, {144, 216, 154, 224}},
+                          {VmPictureAlignmentConstants(200), {100, 200, 110, 208}}};
+    for (const Case& c : cases) {
         EXPECT_EQ(PlaceDayPicture(c.alignment, size, cell, text), c.place) << c.alignment;
     }
     EXPECT_EQ(PictureSize(*PictureOf(PictureType::Icon, 64, 64), 96), kIconSize);

@@ -164,18 +164,18 @@ TEST(CalendarProperties, LimitsRoundToWholeMonthsAndRefuseWhatCrosses) {
     };
     const DayNumber min = Day(2020, 2, 1);
     const DayNumber max = Day(2020, 6, 30);
-    for (const Case& c : std::initializer_list<Case>{
-             {"last of the month", true, Day(2024, 2, 10), true, Day(2024, 2, 29)},
-             {"in the month of DateMin", true, Day(2020, 2, 1), true, Day(2020, 2, 29)},
-             {"before DateMin", true, Day(2020, 1, 31), false, max},
-             {"year 4600", true, Day(4600, 12, 1), true, Day(4600, 12, 31)},
-             {"year 4601", true, Day(4601, 1, 1), false, max},
-             {"first of the month", false, Day(2020, 3, 10), true, Day(2020, 3, 1)},
-             {"in the month of DateMax", false, Day(2020, 6, 30), true, Day(2020, 6, 1)},
-             {"after DateMax", false, Day(2020, 7, 1), false, min},
-             {"year 200", false, Day(200, 1, 31), true, Day(200, 1, 1)},
-             {"year 199", false, Day(199, 12, 31), false, min},
-         }) {
+    const Case cases[] = {
+        {"last of the month", true, Day(2024, 2, 10), true, Day(2024, 2, 29)},
+        {"in the month of DateMin", true, Day(2020, 2, 1), true, Day(2020, 2, 29)},
+        {"before DateMin", true, Day(2020, 1, 31), false, max},
+        {"year 4600", true, Day(4600, 12, 1), true, Day(4600, 12, 31)},
+        {"year 4601", true, Day(4601, 1, 1), false, max},
+        {"first of the month", false, Day(2020, 3, 10), true, Day(2020, 3, 1)},
+        {"in the month of DateMax", false, Day(2020, 6, 30), true, Day(2020, 6, 1)},
+        {"after DateMax", false, Day(2020, 7, 1), false, min},
+        {"year 200", false, Day(200, 1, 31), true, Day(200, 1, 1)},
+        {"year 199", false, Day(199, 12, 31), false, min}};
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         TestCalendar test;
         test.calendar->DateMax(DateOf(max));
@@ -238,6 +238,23 @@ TEST(CalendarProperties, SelectorsAgreeWithTheShownDate) {
         EXPECT_FALSE(test.monthList.visible || test.yearText.visible || test.yearSpinner.visible ||
                      test.dateScroll.visible);
     }
+}
+
+TEST(CalendarProperties, SelectorsAreMadeAnewForAnotherWindow) {
+    TestCalendar test;
+    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
+    test.Paint();
+    test.calendar->OnYearText("2021");
+    test.TakeLog();
+    test.calendar->OnWindowRecreated();
+    EXPECT_EQ(test.calendar->cboMonthhwnd(), WindowHandle::None);
+    test.monthList = test.yearText = test.yearSpinner = {};
+    EXPECT_EQ(test.TakeLog(), Log{"repaint"});
+    test.Paint();
+    EXPECT_EQ(test.childrenMade, 6);
+    EXPECT_TRUE(test.monthList.visible && test.yearText.visible && test.yearSpinner.visible);
+    EXPECT_EQ(test.monthList.shown + ' ' + test.yearText.shown + ' ' + test.yearSpinner.shown,
+              "2 2021 -2999..-1000: -2021");
 }
 
 }  // namespace

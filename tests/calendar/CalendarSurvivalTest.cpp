@@ -86,10 +86,8 @@ TEST(Calendar, SurvivesEveryHandlerInEverySequence) {
         [](TestCalendar& t) { t.Key(kKeyRight); },
         [](TestCalendar& t) { t.Key(kKeyPageDown); },
         [](TestCalendar& t) {
-            const Point at = t.CenterOf(Day(2021, 1, 2));
-            t.calendar->OnMouseDown(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
-            if (t.calendar)
-                t.calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
+            t.Press(Day(2021, 1, 2));
+            if (t.calendar) t.Release(Day(2021, 1, 2));
         },
         [](TestCalendar& t) { t.calendar->OnMonthListClick(4); },
         [](TestCalendar& t) { t.calendar->OnYearText("2019"); },
@@ -104,20 +102,13 @@ TEST(Calendar, SurvivesEveryHandlerInEverySequence) {
                 test.calendar->DateValue(DateOf(Day(2020, 12, 31)));
                 test.calendar->MonthYearSelStyle(VmMonthSelCombo);
                 int depth = 0;
-                const auto act = [&] {
+                const auto act = [&](auto&...) {
                     if (depth++ == 0 && test.calendar) handler(test);
                 };
                 CalendarEvents& events = test.calendar->Events();
-                if (event == 0) events.DateChanged.Connect([&](Date&) { act(); });
-                if (event == 1) events.DayChanged.Connect([&](std::int16_t&) { act(); });
-                if (event == 2) events.MonthChanged.Connect([&](std::int16_t&) { act(); });
-                if (event == 3) events.YearChanged.Connect([&](std::int16_t&) { act(); });
-                if (event == 4)
-                    events.KeyDown.Connect([&](std::int16_t&, std::int16_t&) { act(); });
-                const auto mouse = [&](auto&...) { act(); };
-                if (event == 5) events.MouseDown.Connect(mouse);
-                if (event == 6) events.MouseUp.Connect(mouse);
-                if (event == 7) test.whenNotified = act;
+                ConnectNth(event, act, events.DateChanged, events.DayChanged, events.MonthChanged,
+                           events.YearChanged, events.KeyDown, events.MouseDown, events.MouseUp);
+                if (event == 7) test.whenNotified = [&] { act(); };
                 input(test);
                 if (!test.calendar) continue;
                 EXPECT_EQ(test.BrokenInvariant(), "");

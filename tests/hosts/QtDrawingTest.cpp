@@ -71,6 +71,8 @@ private:
     Selection m_selected;
 };
 
+constexpr Rect Area(int left, int top, int right, int bottom) { return {left, top, right, bottom}; }
+
 using Paint = std::function<void(QtDrawing&, SurfaceHandle)>;
 
 void Fill(QtDrawing& drawing, SurfaceHandle surface, const Rect& rect, Rgb color) {
@@ -147,40 +149,27 @@ std::shared_ptr<StdPicture> MakePicture(PictureType type, int width, int height,
 
 TEST(QtDrawing, PaintsTheSamePixelsDirectlyAndOffScreen) {
     const auto icon = MakePicture(PictureType::Icon, 2, 2, {kRedPixel, 0, 0x80FF0000, kBluePixel});
-    const std::vector<std::pair<const char*, Paint>> cases{
-        {"fill",
-         [](auto& d, auto s) {
-             Fill(d, s, {3, 4, 20, 21}, kRed);
-         }},
-        {"slanted line",
-         [](auto& d, auto s) {
-             Line(d, s, {3, 4}, {41, 17});
-         }},
+    const LogFont decorated{"DejaVu Sans", 11, true, true, true, true};
+    const Rect row{2, 3, 58, 20};
+    const Point from{3, 4}, to{41, 17};
+    const Rect square{1, 1, 18, 18};
+    const std::pair<const char*, Paint> cases[] = {
+        {"fill", [](auto& d, auto s) { Fill(d, s, Area(3, 4, 20, 21), kRed); }},
+        {"slanted line", [&](auto& d, auto s) { Line(d, s, from, to); }},
         {"text",
-         [](auto& d, auto s) {
+         [&](auto& d, auto s) {
              d.SetTextColor(s, 0x804020);
-             Text(d, s, "Tag 17", {2, 3, 58, 20}, kTextCenter | kTextVCenter);
+             Text(d, s, "Tag 17", row, kTextCenter | kTextVCenter);
          }},
-        {"decorated text",
-         [](auto& d, auto s) {
-             Text(d, s, "fgj", {2, 3, 58, 20}, 0, {"DejaVu Sans", 11, true, true, true, true});
-         }},
+        {"decorated text", [&](auto& d, auto s) { Text(d, s, "fgj", row, 0, decorated); }},
         {"clipped text",
-         [](auto& d, auto s) {
-             Text(d, s, "Wagon", {7, 5, 30, 13}, kTextRight);
-         }},
+         [](auto& d, auto s) { Text(d, s, "Wagon", Area(7, 5, 30, 13), kTextRight); }},
         {"button",
-         [](auto& d, auto s) {
-             d.DrawFrameControl(s, {1, 1, 18, 18}, FrameControl::ScrollBar, kScrollLeft);
+         [&](auto& d, auto s) {
+             d.DrawFrameControl(s, square, FrameControl::ScrollBar, kScrollLeft);
          }},
-        {"edge",
-         [](auto& d, auto s) {
-             d.DrawEdge(s, {1, 1, 18, 18}, kSunken, kAllSides);
-         }},
-        {"focus",
-         [](auto& d, auto s) {
-             d.DrawFocusRect(s, {3, 3, 20, 12});
-         }},
+        {"edge", [&](auto& d, auto s) { d.DrawEdge(s, square, kSunken, kAllSides); }},
+        {"focus", [](auto& d, auto s) { d.DrawFocusRect(s, Area(3, 3, 20, 12)); }},
         {"icon",
          [&](auto& d, auto s) {
              d.DrawIconEx(s, 2, 2, d.PictureHandle(*icon), 16, 16, kDrawIconNormal);
@@ -271,6 +260,10 @@ TEST(QtDrawing, BlitsCopyFromTheOffsetAndInsideTheSourceOnly) {
     EXPECT_EQ(screen.At(22, 12), kRedPixel);
     EXPECT_EQ(screen.At(23, 13), kBluePixel);
     EXPECT_EQ(screen.At(20, 10), kBluePixel);
+    Screen second;
+    second.drawing.StretchBlt(second.Get(), {10, 10, 30, 30}, source.Get(), {-10, 0, 10, 20},
+                              RasterOp::SrcCopy);
+    EXPECT_EQ(Ink(second.Image()), QRect(20, 10, 10, 10));
 }
 
 TEST(QtDrawing, ACopyWithinOneSurfaceReadsBeforeItOverwrites) {
@@ -282,14 +275,6 @@ TEST(QtDrawing, ACopyWithinOneSurfaceReadsBeforeItOverwrites) {
         const QImage image = OffScreen(paint);
         for (int i = 0; i < 9; ++i) EXPECT_EQ(qRed(image.pixel(12, 10 + step + i)), i) << step;
     }
-}
-
-TEST(QtDrawing, StretchKeepsThePartOfTheSourceThatExistsInItsPlace) {
-    Screen screen;
-    QtDrawing& d = screen.drawing;
-    const Memory source(screen, 4, 4, kBlue);
-    d.StretchBlt(screen.Get(), {10, 10, 26, 26}, source.Get(), {-4, 0, 4, 8}, RasterOp::SrcCopy);
-    EXPECT_EQ(Ink(screen.Image()), QRect(18, 10, 8, 8));
 }
 
 TEST(QtDrawing, ClippingNestsAndEndsWithItsRestore) {

@@ -2,13 +2,12 @@
 
 #include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/QtDropDownForm.h"
+#include "tests/hosts/PropertyWalk.h"
 #include "tests/hosts/WidgetSupport.h"
 
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QMetaEnum>
-#include <QMetaProperty>
 #include <QMimeData>
 #include <QPointer>
 #include <QScrollArea>
@@ -46,16 +45,7 @@ public:
     }
     /// A press and release on a day of the open calendar.
     static void ClickDay(QDate date) {
-        VmCalendar& calendar = TheForm().Form().Calendar();
-        QRect cell;
-        for (int y = 0; y < TheForm().height(); y += 3) {
-            for (int x = 0; x < TheForm().width(); x += 3) {
-                const auto day =
-                    calendar.DateFromPoint(static_cast<float>(x), static_cast<float>(y));
-                if (day && QDate(1899, 12, 30).addDays(*day) == date) cell |= QRect(x, y, 1, 1);
-            }
-        }
-        Click(&TheForm(), cell.center());
+        Click(&TheForm(), CellOf(TheForm().Form().Calendar(), TheForm().size(), date).center());
     }
 
     QPointer<Box> box;
@@ -95,69 +85,8 @@ QImage ImageOf(Box& box) {
     return image;
 }
 
-struct Samples {
-    std::vector<QVariant> good;
-    std::vector<QVariant> bad;
-};
-
-Samples SamplesOf(const QMetaProperty& property) {
-    if (property.isEnumType()) {
-        const QMetaEnum keys = property.enumerator();
-        Samples samples;
-        for (int i = 0; i < keys.keyCount(); ++i) samples.good.push_back(keys.value(i));
-        samples.bad = {keys.value(0) - 1, keys.value(keys.keyCount() - 1) + 1};
-        return samples;
-    }
-    const std::string name = property.name();
-    const QDate outside[] = {QDate(), QDate(199, 12, 31), QDate(4601, 1, 1)};
-    switch (property.typeId()) {
-        case QMetaType::QColor: return {{QColor(1, 2, 3), QColor(Qt::red)}, {QColor()}};
-        case QMetaType::QFont: return {{QFont("DejaVu Serif", 13, QFont::Bold, true)}, {}};
-        case QMetaType::QString: return {{"yyyy", "", "Long Date"}, {}};
-        case QMetaType::Bool: return {{true, false}, {}};
-        case QMetaType::Int:
-            if (name == "mousePointer") return {{0, 15, 99}, {}};
-            return {{0, 1, 300}, {-1}};
-        case QMetaType::QDate:
-            return {{name == "dateMax" ? QDate(2500, 2, 28) : QDate(1752, 9, 1)},
-                    {outside[0], outside[1], outside[2]}};
-        case QMetaType::QDateTime:
-            return {{QDateTime(QDate(1899, 12, 29), QTime(18, 0, 0, 1))}, {QDateTime()}};
-        default: return {};
-    }
-}
-
-int s_warnings = 0;
-
 TEST(VmCalDropDownWidget, EveryPropertyReadsBackWhatWasWrittenAndRefusesTheRest) {
-    const QMetaObject& meta = Box::staticMetaObject;
-    ASSERT_EQ(meta.propertyCount() - meta.propertyOffset(), 39);
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        if (std::string(property.name()) == "dropDownState") continue;  // needs the focus
-        SCOPED_TRACE(property.name());
-        Box box;
-        const Samples samples = SamplesOf(property);
-        EXPECT_TRUE(!samples.good.empty() || property.typeId() == QMetaType::QPixmap);
-        s_warnings = 0;
-        const auto before =
-            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
-                if (text.startsWith("VmCalDropDownWidget: ")) ++s_warnings;
-            });
-        QVariant kept;
-        for (const QVariant& value : samples.good) {
-            EXPECT_TRUE(property.write(&box, value));
-            kept = property.read(&box);
-            EXPECT_EQ(property.isEnumType() ? QVariant(kept.toInt()) : kept, value);
-        }
-        EXPECT_EQ(s_warnings, 0);
-        for (const QVariant& value : samples.bad) {
-            property.write(&box, value);
-            EXPECT_EQ(property.read(&box), kept);
-        }
-        EXPECT_EQ(s_warnings, static_cast<int>(samples.bad.size()));
-        qInstallMessageHandler(before);
-    }
+    ExpectPropertiesReadBackOrRefuse<Box>(39, "dropDownState");  // which needs the focus
 }
 
 TEST(VmCalDropDownWidget, LooksLikeItsState) {
@@ -256,16 +185,6 @@ TEST(VmCalDropDownWidget, EmitsInOrderAndLeavesNothingRunning) {
     }
 }
 
-TEST(VmCalDropDownWidget, CancelledOpeningShowsNothing) {
-    BoxWindow window;
-    QObject::connect(window.box, &Box::dropDown, [](bool& cancel) { cancel = true; });
-    window.Key(Qt::Key_F4);
-    EXPECT_TRUE(window.box->dropDownState());
-    ExpectNothingRuns("cancelled");
-    window.Key(Qt::Key_F4);
-    EXPECT_FALSE(window.box->dropDownState());
-}
-
 TEST(VmCalDropDownWidget, OpenCalendarLooksAsItsBox) {
     BoxWindow window;
     window.box->setDropDownWidth(321);
@@ -330,15 +249,9 @@ TEST(VmCalDropDownWidget, SurvivesItsSlots) {
                     if (depth++ == 0 && window.box) slot(window);
                 };
                 Box* const box = window.box;
-                if (signal == 0) QObject::connect(box, &Box::closeUp, act);
-                if (signal == 1) QObject::connect(box, &Box::dropDown, act);
-                if (signal == 2) QObject::connect(box, &Box::dateChanged, act);
-                if (signal == 3) QObject::connect(box, &Box::dayChanged, act);
-                if (signal == 4) QObject::connect(box, &Box::monthChanged, act);
-                if (signal == 5) QObject::connect(box, &Box::keyDown, act);
-                if (signal == 6) QObject::connect(box, &Box::mouseDown, act);
-                if (signal == 7) QObject::connect(box, &Box::mouseUp, act);
-                if (signal == 8) QObject::connect(box, &Box::dateValueChanged, act);
+                ConnectNth(signal, box, act, &Box::closeUp, &Box::dropDown, &Box::dateChanged,
+                           &Box::dayChanged, &Box::monthChanged, &Box::keyDown, &Box::mouseDown,
+                           &Box::mouseUp, &Box::dateValueChanged);
                 input(window);
                 QApplication::processEvents();
                 if (!window.box || !window.box->dropDownState()) ExpectNothingRuns("any slot");

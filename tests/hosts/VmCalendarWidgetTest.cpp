@@ -1,3 +1,4 @@
+#include "tests/hosts/PropertyWalk.h"
 #include "tests/hosts/WidgetSupport.h"
 
 #include <gtest/gtest.h>
@@ -7,8 +8,6 @@
 #include <QDialog>
 #include <QImage>
 #include <QLineEdit>
-#include <QMetaEnum>
-#include <QMetaProperty>
 #include <QPointer>
 #include <QScrollBar>
 
@@ -19,31 +18,6 @@
 
 namespace velmora {
 namespace {
-
-/// Collects what the widgets report with qWarning.
-class Warnings {
-public:
-    Warnings() : m_before(qInstallMessageHandler(Take)) { Texts().clear(); }
-    Warnings(const Warnings&) = delete;
-    Warnings& operator=(const Warnings&) = delete;
-    ~Warnings() { qInstallMessageHandler(m_before); }
-
-    static std::size_t Count() { return Texts().size(); }
-    static std::string Last() { return Texts().empty() ? std::string() : Texts().back(); }
-
-private:
-    static Names& Texts() {
-        static Names texts;
-        return texts;
-    }
-    static void Take(QtMsgType type, const QMessageLogContext&, const QString& text) {
-        if (type == QtWarningMsg && text.startsWith("VmCalendarWidget")) {
-            Texts().push_back(text.toStdString());
-        }
-    }
-
-    QtMessageHandler m_before;
-};
 
 QImage ImageOf(Widget& widget, double ratio = 1) {
     QImage image(widget.size() * ratio, QImage::Format_RGB32);
@@ -81,64 +55,8 @@ QRect BandOf(Widget& widget) {
         .adjusted(2, 2, -2, -3);
 }
 
-/// Values that a property takes, first, and values that it refuses.
-struct Samples {
-    std::vector<QVariant> good;
-    std::vector<QVariant> bad;
-};
-
-Samples SamplesOf(const QMetaProperty& property) {
-    if (property.isEnumType()) {
-        const QMetaEnum keys = property.enumerator();
-        Samples samples;
-        for (int i = 0; i < keys.keyCount(); ++i) samples.good.push_back(keys.value(i));
-        samples.bad = {keys.value(0) - 1, keys.value(keys.keyCount() - 1) + 1};
-        return samples;
-    }
-    switch (property.typeId()) {
-        case QMetaType::QColor: return {{QColor(1, 2, 3), QColor(Qt::red)}, {QColor()}};
-        case QMetaType::QFont: return {{QFont("DejaVu Serif", 13, QFont::Bold, true)}, {}};
-        case QMetaType::Bool: return {{false, true}, {}};
-        case QMetaType::Int: return {{0, 15, 99}, {}};
-        case QMetaType::QDate: {
-            const std::string name = property.name();
-            const QDate good = name == "dateMax"   ? QDate(2500, 2, 28)
-                               : name == "dateMin" ? QDate(1752, 9, 1)
-                                                   : QDate(1899, 12, 29);
-            return {{good}, {QDate(), QDate(199, 12, 31), QDate(4601, 1, 1), QDate(4700000, 1, 1)}};
-        }
-        default: return {};
-    }
-}
-
 TEST(VmCalendarWidget, EveryPropertyReadsBackWhatWasWrittenAndRefusesTheRest) {
-    const QMetaObject& meta = Widget::staticMetaObject;
-    ASSERT_EQ(meta.propertyCount() - meta.propertyOffset(), 33);
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        SCOPED_TRACE(property.name());
-        Widget widget;
-        const Samples samples = SamplesOf(property);
-        EXPECT_TRUE(!samples.good.empty() || property.typeId() == QMetaType::QPixmap);
-        const Warnings warnings;
-        for (const QVariant& value : samples.good) {
-            EXPECT_TRUE(property.write(&widget, value));
-            QVariant read = property.read(&widget);
-            if (property.isEnumType()) read = read.toInt();
-            EXPECT_EQ(read, value);
-        }
-        EXPECT_EQ(Warnings::Count(), 0u);
-        const QVariant before = property.read(&widget);
-        for (const QVariant& value : samples.bad) {
-            property.write(&widget, value);
-            EXPECT_EQ(property.read(&widget), before);
-        }
-        EXPECT_EQ(Warnings::Count(), samples.bad.size());
-        if (!samples.bad.empty()) {
-            const std::string start = std::string("VmCalendarWidget: ") + property.name() + ": ";
-            EXPECT_EQ(Warnings::Last().find(start), 0u);
-        }
-    }
+    ExpectPropertiesReadBackOrRefuse<Widget>(33);
 }
 
 TEST(VmCalendarWidget, PointerFollowsItsNumberAndIcon) {
@@ -154,20 +72,6 @@ TEST(VmCalendarWidget, PointerFollowsItsNumberAndIcon) {
     EXPECT_EQ(widget.cursor().shape(), Qt::CrossCursor);
     widget.setMousePointer(0);
     EXPECT_EQ(widget.cursor().shape(), Qt::ArrowCursor);
-}
-
-TEST(VmCalendarWidget, HasASignalForEveryEvent) {
-    for (const char* const name :
-         {"click()", "dateChanged(QDate)", "dayChanged(int)", "dblClick()",
-          "keyUp(qint16&,qint16&)", "keyPress(qint16&)", "keyDown(qint16&,qint16&)",
-          "monthChanged(int)", "mouseDown(int,int,float,float)", "mouseMove(int,int,float,float)",
-          "mouseUp(int,int,float,float)", "oleCompleteDrag(qint32&)",
-          "oleDragDrop(velmora::DataRef&,qint32&,int,int,float,float)",
-          "oleDragOver(velmora::DataRef&,qint32&,int,int,float,float,int)",
-          "oleGiveFeedback(qint32&,bool&)", "oleSetData(velmora::DataRef&,int)",
-          "oleStartDrag(velmora::DataRef&,qint32&)", "yearChanged(int)"}) {
-        EXPECT_GE(Widget::staticMetaObject.indexOfSignal(name), 0) << name;
-    }
 }
 
 TEST(VmCalendarWidget, PaintsEachKindOfDayInItsColour) {

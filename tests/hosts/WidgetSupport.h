@@ -37,18 +37,28 @@ inline void Prepare(Widget& widget, QDate date = kMay15) {
     QApplication::processEvents();
 }
 
-/// The cell of a shown day, to a few pixels.
-inline QRect CellOf(Widget& widget, QDate date) {
+/// The cell of a shown day of a calendar of that size, to a few pixels.
+inline QRect CellOf(VmCalendar& calendar, QSize size, QDate date) {
     const int wanted = static_cast<int>(date.toJulianDay() - QDate(1899, 12, 30).toJulianDay());
     QRect cell;
-    for (int y = 0; y < widget.height(); y += 3) {
-        for (int x = 0; x < widget.width(); x += 3) {
-            const auto day =
-                widget.calendar().DateFromPoint(static_cast<float>(x), static_cast<float>(y));
+    for (int y = 0; y < size.height(); y += 3) {
+        for (int x = 0; x < size.width(); x += 3) {
+            const auto day = calendar.DateFromPoint(static_cast<float>(x), static_cast<float>(y));
             if (day == wanted) cell |= QRect(x, y, 1, 1);
         }
     }
     return cell;
+}
+
+inline QRect CellOf(Widget& widget, QDate date) {
+    return CellOf(widget.calendar(), widget.size(), date);
+}
+
+/// Connects to one of some signals, counted from 0.
+template <class Sender, class Slot, class... Signals>
+void ConnectNth(int wanted, Sender* sender, Slot slot, Signals... signal) {
+    int index = 0;
+    ((index++ == wanted ? void(QObject::connect(sender, signal, slot)) : void()), ...);
 }
 
 inline void SendKey(QWidget* widget, QEvent::Type type, int key,

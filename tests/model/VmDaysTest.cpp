@@ -38,13 +38,14 @@ TEST_F(VmDaysTest, ColoursTakeExactlyThreeTypes) {
         Variant value;
         bool accepted;
     };
-    for (const Case& c : std::initializer_list<Case>{{Variant(), true},
-                                                     {Null{}, true},
-                                                     {std::int32_t{255}, true},
-                                                     {std::int16_t{255}, false},
-                                                     {255.0, false},
-                                                     {"255", false},
-                                                     {true, false}}) {
+    const Case cases[] = {{Variant(), true},
+                          {Null{}, true},
+                          {std::int32_t{255}, true},
+                          {std::int16_t{255}, false},
+                          {255.0, false},
+                          {"255", false},
+                          {true, false}};
+    for (const Case& c : cases) {
         day->BackColor(std::int32_t{1});
         log.clear();
         const ErrorNumber number = NumberOf([&] { day->BackColor(c.value); });

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -41,101 +43,85 @@ Dates DatesFor(std::string shortDate, const Names& names = kEnglish,
     return Dates(locale, [] { return At(2024, 5, 17, 13, 30); });
 }
 
+/// Texts separated by " | ".
+std::vector<std::string> Split(std::string_view texts) {
+    std::vector<std::string> parts;
+    for (std::size_t end; (end = texts.find(" | ")) != texts.npos; texts.remove_prefix(end + 3)) {
+        parts.emplace_back(texts.substr(0, end));
+    }
+    parts.emplace_back(texts);
+    return parts;
+}
+
 struct Reading {
-    const char* text;
+    const char* texts;
     Date date;
 };
 
 void ExpectReadings(const Dates& dates, std::initializer_list<Reading> readings) {
-    for (const auto& [text, date] : readings) {
-        const auto read = dates.TryParse(text);
-        ASSERT_TRUE(read) << text;
-        EXPECT_EQ(read->value, date.value) << text << " was read as " << dates.Format(*read);
+    for (const auto& [texts, date] : readings) {
+        for (const std::string& text : Split(texts)) {
+            const auto read = dates.TryParse(text);
+            ASSERT_TRUE(read) << text;
+            EXPECT_EQ(read->value, date.value) << text << " was read as " << dates.Format(*read);
+        }
     }
 }
 
 TEST(DatesParse, ReadsWhatPeopleWriteInEnglish) {
     const Date day = At(2024, 3, 2);
-    ExpectReadings(DatesFor("M/d/yyyy"), {{"3/2/2024", day},
-                                          {" 03-02-24 ", day},
-                                          {"3.2.2024", day},
-                                          {"3 2 2024", day},
-                                          {"3, 2, 2024", day},
-                                          {"2024/3/2", day},
-                                          {"2024-03-02", day},
-                                          {"2024-03-02.", day},
-                                          {"13/2/2024", At(2024, 2, 13)},
-                                          {"3/13/24", At(2024, 3, 13)},
-                                          {"1/1/30", At(1930, 1, 1)},
-                                          {"1/1/29", At(2029, 1, 1)},
-                                          {"1/1/200", At(200, 1, 1)},
-                                          {"1/1/0200", At(200, 1, 1)},
-                                          {"12/31/9999", At(9999, 12, 31)},
-                                          {"3/2", day},
-                                          {"13/2", At(2024, 2, 13)},
-                                          {"3/2024", At(2024, 3, 1)},
-                                          {"2024-03", At(2024, 3, 1)},
-                                          {"March 2024", At(2024, 3, 1)},
-                                          {"mar 45", At(1945, 3, 1)},
-                                          {"March 2", day},
-                                          {"2 mar", day},
-                                          {"MARCH 2, 2024", day},
-                                          {"2-Mar-24", day},
-                                          {"2Mar2024", day},
-                                          {"2024 Mar 2", day},
-                                          {"24-Mar-32", At(1932, 3, 24)},
-                                          {"Sat, 2 March 2024", day},
-                                          {"Tuesday, March 2, 2024", day},
-                                          {"Sept. 5, 2024", At(2024, 9, 5)},
-                                          {"2. Febr 2024", At(2024, 2, 2)},
-                                          {"2024-03-02T06:00", At(2024, 3, 2, 6)},
-                                          {"2024-03-02 06:00:30", At(2024, 3, 2, 6, 0, 30)},
-                                          {"3/2/2024 6 pm", At(2024, 3, 2, 18)},
-                                          {"3/2/24, 12:05 AM", At(2024, 3, 2, 0, 5)},
-                                          {"March 2, 2024 12 p.m.", At(2024, 3, 2, 12)},
-                                          {"6:00 PM 3/2/2024", At(2024, 3, 2, 18)},
-                                          {"2 Mar 2024 18:00", At(2024, 3, 2, 18)},
-                                          {"6:00", Time(6, 0)},
-                                          {"18:00:30", Time(18, 0, 30)},
-                                          {"6 pm", Time(18, 0)},
-                                          {"6:05p", Time(18, 5)},
-                                          {"12/29/1899 06:00", Date(-1.25)}});
+    ExpectReadings(DatesFor("M/d/yyyy"),
+                   {{"3/2/2024 |  03-02-24  | 3.2.2024 | 3 2 2024 | 3, 2, 2024 | 2024/3/2 | "
+                     "2024-03-02 | 2024-03-02. | 3/2 | March 2 | 2 mar | MARCH 2, 2024 | 2-Mar-24 "
+                     "| 2Mar2024 | 2024 Mar 2 | Sat, 2 March 2024 | Tuesday, March 2, 2024",
+                     day},
+                    {"13/2/2024 | 13/2", At(2024, 2, 13)},
+                    {"3/13/24", At(2024, 3, 13)},
+                    {"1/1/30", At(1930, 1, 1)},
+                    {"1/1/29", At(2029, 1, 1)},
+                    {"1/1/200 | 1/1/0200", At(200, 1, 1)},
+                    {"12/31/9999", At(9999, 12, 31)},
+                    {"3/2024 | 2024-03 | March 2024", At(2024, 3, 1)},
+                    {"mar 45", At(1945, 3, 1)},
+                    {"24-Mar-32", At(1932, 3, 24)},
+                    {"Sept. 5, 2024", At(2024, 9, 5)},
+                    {"2. Febr 2024", At(2024, 2, 2)},
+                    {"2024-03-02T06:00", At(2024, 3, 2, 6)},
+                    {"2024-03-02 06:00:30", At(2024, 3, 2, 6, 0, 30)},
+                    {"3/2/2024 6 pm | 6:00 PM 3/2/2024 | 2 Mar 2024 18:00", At(2024, 3, 2, 18)},
+                    {"3/2/24, 12:05 AM", At(2024, 3, 2, 0, 5)},
+                    {"March 2, 2024 12 p.m.", At(2024, 3, 2, 12)},
+                    {"6:00", Time(6, 0)},
+                    {"18:00:30", Time(18, 0, 30)},
+                    {"6 pm", Time(18, 0)},
+                    {"6:05p", Time(18, 5)},
+                    {"12/29/1899 06:00", Date(-1.25)}});
 }
 
 TEST(DatesParse, ReadsInTheOrderAndWordsOfTheLocale) {
     const Date day = At(2024, 3, 2);
-    ExpectReadings(DatesFor("dd.MM.yy", kGerman, "dddd, d. MMMM yyyy"),
-                   {{"2.3.24", day},
-                    {"2/3/2024", day},
-                    {"2.3.", day},
-                    {"2. März 2024", day},
-                    {"2. MÄRZ 24", day},
-                    {"2 march 2024", day},
-                    {"2. Sept. 2024", At(2024, 9, 2)},
-                    {"3.13.2024", At(2024, 3, 13)},
-                    {"2024.3.2", day}});
+    ExpectReadings(
+        DatesFor("dd.MM.yy", kGerman, "dddd, d. MMMM yyyy"),
+        {{"2.3.24 | 2/3/2024 | 2.3. | 2. März 2024 | 2. MÄRZ 24 | 2 march 2024 | 2024.3.2", day},
+         {"2. Sept. 2024", At(2024, 9, 2)},
+         {"3.13.2024", At(2024, 3, 13)}});
     ExpectReadings(DatesFor("d/M/yy", kSpanish, "dddd, d 'de' MMMM 'de' yyyy"),
-                   {{"2 de marzo de 2024", day},
-                    {"2 marzo", day},
+                   {{"2 de marzo de 2024 | 2 marzo", day},
                     {"marzo de 2024", At(2024, 3, 1)},
                     {"saturday, 2 de marzo de 2024 6:00", At(2024, 3, 2, 6)}});
     ExpectReadings(DatesFor("yyyy年M月d日", kChinese, "yyyy年M月d日dddd"),
-                   {{"2024年3月2日", day},
+                   {{"2024年3月2日 | 3月2日 | 2024/3/2 | 24/3/2 | 3/2", day},
                     {"2024年 03月 02日 18:00", At(2024, 3, 2, 18)},
-                    {"3月2日", day},
-                    {"2024年11月", At(2024, 11, 1)},
-                    {"2024/3/2", day},
-                    {"24/3/2", day},
-                    {"3/2", day}});
+                    {"2024年11月", At(2024, 11, 1)}});
     ExpectReadings(DatesFor("d.MM.yy 'г.'", kRussian, "d MMMM yyyy 'г.'"),
-                   {{"2.03.24", day}, {"2.03.24 г", day}, {"2 МАР. 2024 г.", day}});
+                   {{"2.03.24 | 2.03.24 г | 2 МАР. 2024 г.", day}});
     ExpectReadings(DatesFor("d/M/yyyy", kVietnamese, "dddd, d MMMM, yyyy"),
                    {{"2 tháng 3, 2024", day}, {"2 tháng 12 2024", At(2024, 12, 2)}});
     Names gaelic = kEnglish;
     gaelic[0] = "Am Faoilleach";
     ExpectReadings(DatesFor("dd/MM/yyyy", gaelic), {{"5 Am Faoilleach 2024", At(2024, 1, 5)}});
     ExpectReadings(DatesFor("yyyy-dd-MM"), {{"2024-02-03", day}, {"2024-03-15", At(2024, 3, 15)}});
-    ExpectReadings(DatesFor("yyyy/MM/dd"), {{"02-Mar-24", day}, {"3/2/2024", day}});
+    ExpectReadings(DatesFor("yyyy/MM/dd"), {{"02-Mar-24 | 3/2/2024", day}});
     ExpectReadings(DatesFor("d.M.yyyy", kEnglish, "d. MMMM yyyy", "."),
                    {{"2.3.2024 6.05.30", At(2024, 3, 2, 6, 5, 30)},
                     {"6.45", Time(6, 45)},
@@ -144,51 +130,17 @@ TEST(DatesParse, ReadsInTheOrderAndWordsOfTheLocale) {
 }
 
 TEST(DatesParse, RefusesWhatIsNoDate) {
-    const char* const kTexts[] = {"",
-                                  "   ",
-                                  "\xC2\xA0",
-                                  "12",
-                                  "12x",
-                                  "13x/1",
-                                  "1/2/3/4",
-                                  "1/2/3/4:05",
-                                  "2024-02-30",
-                                  "2024-03-02x",
-                                  "2/29/2023",
-                                  "0/1/2024",
-                                  "13/13/2024",
-                                  "1//2/2024",
-                                  "/1/2/2024",
-                                  "1/2/2024/",
-                                  "1/2/",
-                                  "1/2/99999",
-                                  "1/1/099",
-                                  "1/1/0012",
-                                  "12/31/10000",
-                                  "March",
-                                  "Saturday",
-                                  "Saturday 6:00",
-                                  "March March 2024",
-                                  "30 February 2024",
-                                  "2024 March 2024",
-                                  "Ma 2 2024",
-                                  "Marx 2, 2024",
-                                  "24:00",
-                                  "6:60",
-                                  "6:00:60",
-                                  "13 pm",
-                                  "6:00:00:00",
-                                  "6:00 6:00",
-                                  "3/2/2024 6",
-                                  "3/2/2024T",
-                                  "2024-03-02T",
-                                  "\xFF\xFE",
-                                  "\xC3",
-                                  "2024-03-02 T06:00x"};
     const Dates dates = DatesFor("M/d/yyyy");
-    for (const std::string text : kTexts) {
+    const std::string kTexts =
+        " |     | 12 | 12x | 13x/1 | 1/2/3/4 | 1/2/3/4:05 | 2024-02-30 | 2024-03-02x | 2/29/2023 | "
+        "0/1/2024 | 13/13/2024 | 1//2/2024 | /1/2/2024 | 1/2/2024/ | 1/2/ | 1/2/99999 | 1/1/099 | "
+        "1/1/0012 | 12/31/10000 | March | Saturday | Saturday 6:00 | March March 2024 | 30 "
+        "February 2024 | 2024 March 2024 | Ma 2 2024 | Marx 2, 2024 | 24:00 | 6:60 | 6:00:60 | 13 "
+        "pm | 6:00:00:00 | 6:00 6:00 | 3/2/2024 6 | 3/2/2024T | 2024-03-02T | 2024-03-02 T06:00x";
+    for (const std::string& text : Split(kTexts)) {
         EXPECT_FALSE(dates.TryParse(text)) << text;
     }
+    for (const char* text : {"\xC2\xA0", "\xFF\xFE", "\xC3"}) EXPECT_FALSE(dates.TryParse(text));
     EXPECT_FALSE(dates.TryParse(std::string(100'000, '1')));
     EXPECT_FALSE(dates.TryParse(std::string_view("3/2/2024\0", 9)));
     try {

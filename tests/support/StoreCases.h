@@ -5,8 +5,10 @@
 #include "platform/ValueText.h"
 
 #include <bit>
+#include <iterator>
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -86,6 +88,20 @@ inline std::vector<Variant> AwkwardValues() {
         ObjectRef(std::make_shared<StdPicture>(PictureType::None, Size{}, nullptr)),
     };
 }
+
+inline std::vector<std::string> WordsOf(const std::string& text) {
+    std::istringstream words(text);
+    return {std::istream_iterator<std::string>(words), {}};
+}
+
+/// Every name under which a calendar saves something, in the order of its writing.
+inline const std::vector<std::string> kSavedNames = WordsOf(
+    "Appearance SelectedDayBackColor SelectedDayForeColor DateValue DayAppearance "
+    "DayCaptionAlignment DayDefaultBackColor DayOtherMonthForeColor DayDefaultForeColor DayFont "
+    "DayNumberAlignment DayPictureAlignment Enabled FirstDayOfWeek MonthAppearance MonthBackColor "
+    "MonthDisplay MonthFont MonthForeColor DateMax DateMin MonthYearSelStyle MouseIcon "
+    "MousePointer ShowWeekend TodayBackColor TodayForeColor WeekDayAppearance WeekDayBackColor "
+    "WeekDayCaptionAlignment WeekDayDisplay WeekDayFont WeekDayForeColor");
 
 /// One saved property and the ends of what its setter admits.
 struct SavedRange {

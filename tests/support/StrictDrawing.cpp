@@ -23,6 +23,7 @@ void StrictDrawing::Forget() {
     pictures.clear();
     blits.clear();
     invalidated.clear();
+    invalidatedWindows.clear();
     creations = 0;
 }
 
@@ -189,7 +190,8 @@ void StrictDrawing::DrawIconEx(SurfaceHandle surface, int x, int y, ObjectHandle
     pictures.push_back({x, y, x + width, y + height});
 }
 
-void StrictDrawing::InvalidateRect(WindowHandle, const Rect* rect) {
+void StrictDrawing::InvalidateRect(WindowHandle window, const Rect* rect) {
+    invalidatedWindows.push_back(window);
     invalidated.push_back(rect ? std::optional<Rect>(*rect) : std::nullopt);
 }
 

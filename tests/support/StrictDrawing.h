@@ -41,6 +41,7 @@ public:
     std::vector<Rect> pictures;  // icons and bitmap copies onto a surface
     std::vector<Rect> blits;     // onto the window's surface
     std::vector<std::optional<Rect>> invalidated;
+    std::vector<WindowHandle> invalidatedWindows;  // the window of each
     std::vector<std::string> faults;
     int creations = 0;
     int failAt = 0;  // that creation fails; 0 for none

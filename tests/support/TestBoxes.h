@@ -16,7 +16,9 @@ class FakeWindow : public BoxWindowing {
 public:
     explicit FakeWindow(Rect place) : screen(place) {}
 
-    WindowHandle Handle() const override { return WindowHandle{9}; }
+    WindowHandle Handle() const override {
+        return static_cast<WindowHandle>(reinterpret_cast<std::uintptr_t>(this));
+    }
     Size ClientSize() const override {
         return {screen.right - screen.left, screen.bottom - screen.top};
     }

@@ -5,6 +5,14 @@
 
 namespace velmora::test {
 
+std::string Joined(const std::vector<std::string>& log) {
+    std::string text;
+    for (const std::string& entry : log) {
+        if (!entry.empty()) text += (text.empty() ? "" : ", ") + entry;
+    }
+    return text;
+}
+
 std::string IsoDate(DayNumber day) {
     const CivilDate civil = CivilOf(day);
     char text[32];

@@ -99,7 +99,16 @@ private:
     FontRef m_font = std::make_shared<StdFont>();
 };
 
+/// Connects to one of some events, counted from 0.
+template <class Handler, class... Events>
+void ConnectNth(int wanted, Handler handler, Events&... events) {
+    int index = 0;
+    ((index++ == wanted ? void(events.Connect(handler)) : void()), ...);
+}
+
 std::string IsoDate(DayNumber day);
+/// What is not empty of a log, separated by ", ".
+std::string Joined(const std::vector<std::string>& log);
 inline DayNumber Day(int year, int month, int day) { return DayFromCivil(year, month, day); }
 
 }  // namespace velmora::test

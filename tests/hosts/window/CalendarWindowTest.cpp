@@ -35,15 +35,6 @@ TEST(CalendarWindow, ArrowKeysMoveTheSelectionByTwoCells) {
                     .adjusted(-4, -4, 4, 4)
                     .contains(changed));
     EXPECT_GT(changed.width(), days.width() / 2);
-
-    Input::Keys({"Left", "Left", "Up", "Up", "Up"});
-    EXPECT_EQ(window.calendar().dateValue(), QDate(2024, 4, 23));
-    window.TakeLog();
-    Input::Keys({"Page_Down"});
-    EXPECT_EQ(window.TakeLog(), "keyDown:34 month:5 keyUp:34");
-    Input::Keys({"ctrl+Page_Up"});
-    EXPECT_EQ(window.TakeLog(), "keyDown:17 keyDown:33 year:2023 keyUp:17 keyUp:33");
-    EXPECT_EQ(window.calendar().dateValue(), QDate(2023, 5, 30)) << "where the grid was turned to";
 }
 
 TEST(CalendarWindow, PointerPaintsNothingUntilAButtonIsDown) {
@@ -86,19 +77,6 @@ TEST(CalendarWindow, PressShowsTheChoiceAndReleaseSelectsIt) {
     Input::DoubleClick(window.DayOnScreen(9, 6));
     EXPECT_EQ(window.TakeLog(),
               "mouseDown date:2024-06-09 day:9 mouseUp click mouseDown dblClick mouseUp");
-}
-
-TEST(CalendarWindow, FourArrowsStepTheShownMonth) {
-    CalendarWindow window(Widget::MonthSelArrows);
-    const char* const logs[] = {"year:2023", "year:2024", "month:4", "month:5"};
-    for (int i = 0; i < 4; ++i) {
-        const auto& arrows = window.calendar().calendar().Layout().arrows;
-        const Rect arrow = arrows.at(static_cast<std::size_t>(i));
-        const QPoint center((arrow.left + arrow.right) / 2, (arrow.top + arrow.bottom) / 2);
-        Input::Click(window.calendar().mapToGlobal(center));
-        EXPECT_EQ(window.TakeLog(), std::string("mouseDown ") + logs[i] + " mouseUp click");
-    }
-    EXPECT_EQ(window.calendar().dateValue(), kMay15);
 }
 
 TEST(CalendarWindow, MonthIsChosenFromTheListByMouseAndKeyboard) {
@@ -210,53 +188,6 @@ TEST(CalendarWindow, ScrollBarMovesTheShownMonthWhileItIsDragged) {
     Input::Up();
     EXPECT_EQ(window.TakeLog(), "");
     EXPECT_EQ(window.calendar().dateValue(), kMay15);
-}
-
-TEST(CalendarWindow, SlotMayDeleteTheCalendarUnderTheUsersHand) {
-    using Act = void (*)(CalendarWindow&);
-    struct Case {
-        const char* name;
-        Widget::MonthYearSelStyle style;
-        Act act;
-    };
-    const Act inList = [](CalendarWindow& window) {
-        Input::Click(CenterOf(window.child<QComboBox>()));
-        auto* const view = window.child<QComboBox>().view();
-        const QRect july = view->visualRect(view->model()->index(6, 0));
-        Input::Click(view->viewport()->mapToGlobal(july.center()));
-    };
-    const Act yearThenGrid = [](CalendarWindow& window) {
-        window.child<QLineEdit>().setFocus();
-        Input::Keys({"1"});
-        Input::Click(window.DayOnScreen(20));
-    };
-    const Act thumb = [](CalendarWindow& window) {
-        window.calendar().setDateMax(QDate(2030, 1, 1));
-        Input::Point(window.BarOnScreen(QStyle::SC_ScrollBarSlider));
-        Input::Down();
-        Input::Point(QCursor::pos() - QPoint(40, 0));
-        Input::Up();
-    };
-    for (const Case& c : {Case{"chosen in the list", Widget::MonthSelCombo, inList},
-                          Case{"year, then a day", Widget::MonthSelCombo, yearThenGrid},
-                          Case{"spinner", Widget::MonthSelCombo,
-                               [](CalendarWindow& window) {
-                                   Input::Click(window.BarOnScreen(QStyle::SC_ScrollBarSubLine));
-                               }},
-                          Case{"thumb", Widget::MonthSelScrollbar, thumb},
-                          Case{"day", Widget::MonthSelNone, [](CalendarWindow& window) {
-                                   Input::Click(window.DayOnScreen(1, 6));
-                               }}}) {
-        SCOPED_TRACE(c.name);
-        CalendarWindow window(c.style);
-        const QPointer<Widget> calendar(&window.calendar());
-        QObject::connect(calendar, &Widget::monthChanged, [calendar] { delete calendar; });
-        QObject::connect(calendar, &Widget::yearChanged, [calendar] { delete calendar; });
-        c.act(window);
-        EXPECT_FALSE(calendar);
-        Input::Click(CenterOf(window.after()));
-        EXPECT_TRUE(window.after().hasFocus());
-    }
 }
 
 TEST(CalendarWindow, TabGoesThroughTheCalendarOnce) {

@@ -52,16 +52,8 @@ public:
         return box.mapToGlobal(QPoint(box.width() - 9, box.height() / 2));
     }
     static QPoint DayOnScreen(int day) {
-        QRect cell;
-        for (int y = 0; y < TheForm().height(); y += 3) {
-            for (int x = 0; x < TheForm().width(); x += 3) {
-                const auto number = TheForm().Form().Calendar().DateFromPoint(
-                    static_cast<float>(x), static_cast<float>(y));
-                if (number && QDate(1899, 12, 30).addDays(*number) == QDate(2024, 5, day)) {
-                    cell |= QRect(x, y, 1, 1);
-                }
-            }
-        }
+        VmCalendar& calendar = TheForm().Form().Calendar();
+        const QRect cell = CellOf(calendar, TheForm().size(), QDate(2024, 5, day));
         return TheForm().mapToGlobal(cell.center());
     }
 
