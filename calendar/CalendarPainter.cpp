@@ -106,6 +106,10 @@ CalendarPainter::Zone CalendarPainter::ZoneOf(std::span<const Rect> exposed) con
 
 void CalendarPainter::PaintAll(SurfaceHandle surface) {
     m_drawing.SetBkMode(surface, BackgroundMode::Transparent);
+    // The fonts are mostly alike: kept in the surface, they need not be made ready for each part.
+    const OwnedObject font(m_drawing,
+                           m_drawing.CreateFontIndirectA(FontToLogFont(*m_view.state.dayFont)));
+    const Selection kept(m_drawing, surface, font);
     PaintGaps(surface);
     PaintMonthCaption(surface);
     PaintWeekDayRow(surface);
@@ -206,18 +210,16 @@ void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
     const Selection selected(m_drawing, surface, font);
     UseTextColor(surface, state.weekDayForeColor);
     for (int column = 0; column < m_grid.ColumnCount(); ++column) {
-        PaintWeekDay(surface, column, back);
+        Rect cell = m_grid.ColumnRect(column);
+        cell.top = m_view.layout.WeekDayRow().top;
+        cell.bottom = m_view.layout.gridTop;
+        m_drawing.FillRect(surface, Exclusive(cell), back.Get());
+        if (state.weekDayAppearance == VmAppearance3D) {
+            PaintCellEdges(surface, cell, m_highlightPen, m_shadowPen);
+        }
+        DrawAligned(surface, WeekDayCaption(column), Exclusive(cell),
+                    state.weekDayCaptionAlignment);
     }
-}
-
-void CalendarPainter::PaintWeekDay(SurfaceHandle surface, int column, const OwnedObject& back) {
-    Rect cell = m_grid.ColumnRect(column);
-    cell.top = m_view.layout.WeekDayRow().top;
-    cell.bottom = m_view.layout.gridTop;
-    m_drawing.FillRect(surface, Exclusive(cell), back.Get());
-    if (m_view.state.weekDayAppearance == VmAppearance3D) PaintRaisedEdges(surface, cell, true);
-    DrawAligned(surface, WeekDayCaption(column), Exclusive(cell),
-                m_view.state.weekDayCaptionAlignment);
 }
 
 std::string CalendarPainter::WeekDayCaption(int column) const {
@@ -233,13 +235,58 @@ void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> ex
     const OwnedObject font(m_drawing,
                            m_drawing.CreateFontIndirectA(FontToLogFont(*m_view.state.dayFont)));
     const Selection selected(m_drawing, surface, font);
+    ForEachCell(exposed,
+                [&](DayNumber day, const Rect& cell) { PaintDayCell(surface, day, cell); });
+    if (m_view.state.dayAppearance != VmAppearance3D) return;
+    const bool isWhole = exposed.size() == 1 && Contains(exposed[0], m_view.layout.Client());
+    if (isWhole && m_view.layout.cellWidth > 1 && m_view.layout.rowHeight > 1) {
+        PaintGridEdges(surface);
+    } else {
+        ForEachCell(exposed, [&](DayNumber, const Rect& cell) {
+            PaintCellEdges(surface, cell, m_highlightPen, m_shadowPen);
+        });
+    }
+    const auto pressed = m_view.chosen ? m_grid.DayCellRect(*m_view.chosen) : std::nullopt;
+    if (pressed) PaintCellEdges(surface, *pressed, m_shadowPen, m_highlightPen);
+}
+
+/// Every cell raised. The edges of neighbouring cells go through the whole grid as one line, in an
+/// order by which each cell keeps its corners.
+void CalendarPainter::PaintGridEdges(SurfaceHandle surface) {
+    const CalendarLayout& layout = m_view.layout;
+    const Rect grid{m_grid.ColumnRect(0).left, layout.gridTop + 1,
+                    m_grid.ColumnRect(m_grid.ColumnCount() - 1).right,
+                    layout.gridTop + kGridRows * layout.rowHeight};
+    const auto rows = [&](const OwnedObject& pen, int offset) {
+        const Selection selected(m_drawing, surface, pen);
+        for (int y = layout.gridTop + offset; y <= grid.bottom; y += layout.rowHeight) {
+            m_drawing.MoveToEx(surface, grid.left, y);
+            m_drawing.LineTo(surface, grid.right + 1, y);
+        }
+    };
+    const auto columns = [&](const OwnedObject& pen, std::int32_t Rect::*edge) {
+        const Selection selected(m_drawing, surface, pen);
+        for (int column = 0; column < m_grid.ColumnCount(); ++column) {
+            const int x = m_grid.ColumnRect(column).*edge;
+            m_drawing.MoveToEx(surface, x, grid.top);
+            m_drawing.LineTo(surface, x, grid.bottom + 1);
+        }
+    };
+    rows(m_highlightPen, 1);
+    rows(m_shadowPen, layout.rowHeight);
+    columns(m_highlightPen, &Rect::left);
+    columns(m_shadowPen, &Rect::right);
+}
+
+template <class Paint>
+void CalendarPainter::ForEachCell(std::span<const Rect> exposed, Paint paint) {
     for (DayNumber day = m_grid.FirstVisible(); day <= m_grid.LastVisible(); ++day) {
         const auto cell = m_grid.DayCellRect(day);
         if (!cell) continue;
         const Rect area = Exclusive(*cell);
         if (std::any_of(exposed.begin(), exposed.end(),
                         [&](const Rect& rect) { return Intersects(rect, area); })) {
-            PaintDayCell(surface, day, *cell);
+            paint(day, *cell);
         }
     }
 }
@@ -257,11 +304,7 @@ void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const R
 
     const CellColors colors = ColorsOf(day, decoration, pressed || IsSelected(day));
     m_drawing.FillRect(surface, inner, GroundBrush(colors.back));
-    if (raised) {
-        PaintRaisedEdges(surface, cell, !pressed);
-    } else {
-        PaintGridLines(surface, cell);
-    }
+    if (!raised) PaintGridLines(surface, cell);
 
     const std::string number = std::to_string(dayOfMonth);
     if (decoration && decoration->Picture()) {
@@ -274,14 +317,16 @@ void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const R
     }
 }
 
-void CalendarPainter::PaintRaisedEdges(SurfaceHandle surface, const Rect& cell, bool raised) {
+void CalendarPainter::PaintCellEdges(SurfaceHandle surface, const Rect& cell,
+                                     const OwnedObject& topLeft, const OwnedObject& bottomRight) {
     {
-        const Selection pen(m_drawing, surface, raised ? m_highlightPen : m_shadowPen);
+        const Selection pen(m_drawing, surface, topLeft);
         m_drawing.MoveToEx(surface, cell.left, cell.bottom);
         m_drawing.LineTo(surface, cell.left, cell.top);
         m_drawing.LineTo(surface, cell.right, cell.top);
     }
-    const Selection pen(m_drawing, surface, raised ? m_shadowPen : m_highlightPen);
+    const Selection pen(m_drawing, surface, bottomRight);
+    m_drawing.MoveToEx(surface, cell.right, cell.top);
     m_drawing.LineTo(surface, cell.right, cell.bottom);
     m_drawing.LineTo(surface, cell.left, cell.bottom);
 }

@@ -58,10 +58,13 @@ private:
     void PaintMonthBandEdges(SurfaceHandle surface);
     void PaintMonthText(SurfaceHandle surface);
     void PaintWeekDayRow(SurfaceHandle surface);
-    void PaintWeekDay(SurfaceHandle surface, int column, const OwnedObject& back);
     void PaintCells(SurfaceHandle surface, std::span<const Rect> exposed);
     void PaintDayCell(SurfaceHandle surface, DayNumber day, const Rect& cell);
-    void PaintRaisedEdges(SurfaceHandle surface, const Rect& cell, bool raised);
+    template <class Paint>
+    void ForEachCell(std::span<const Rect> exposed, Paint paint);
+    void PaintGridEdges(SurfaceHandle surface);
+    void PaintCellEdges(SurfaceHandle surface, const Rect& cell, const OwnedObject& topLeft,
+                        const OwnedObject& bottomRight);
     void PaintGridLines(SurfaceHandle surface, const Rect& cell);
     void PaintPicture(SurfaceHandle surface, const StdPicture& picture, std::string_view number,
                       const Rect& inner);

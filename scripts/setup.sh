@@ -1,11 +1,15 @@
-# Sourced by demo, test and bench, from the root folder: installs what is missing on Debian,
+# Sourced by demo, test, windows and bench, from the root folder: installs what is missing on Debian,
 # configures and builds a preset. Whatever fails ends the script with one line on what to do.
 # shellcheck shell=bash disable=SC2034
 
-readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libgl-dev fonts-dejavu-core)
+readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev qt6-tools-dev libgl-dev
+    fonts-dejavu-core)
 readonly kSanitizePackages=(clang libclang-rt-dev)
 readonly kWindowPackages=(xvfb xdotool)
 readonly kBenchPackages=(libbenchmark-dev)
+readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
+    mingw-w64-tools libwine-dev googletest zip)
+readonly kWinePackages=(wine wine64 fonts-wine)
 readonly kLogs=build/logs
 
 jobs_count() {
@@ -20,6 +24,8 @@ fail() {
     printf 'error: %s\n' "$*" >&2
     exit 1
 }
+
+project_version() { sed -n 's/^project(VelmoraCalendar VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
 is_installed() { [[ "$(dpkg-query -W -f='${Status}' "$1" 2>/dev/null)" == "install ok installed" ]]; }
 
@@ -65,4 +71,37 @@ build_preset() {
     say "building $folder"
     cmake --build "$folder" -j "$(jobs_count)" ${1:+--target "$@"} ||
         fail "the build of $folder failed; the first compiler message above says why"
+}
+
+# Ends what Wine keeps running for the tests' prefix, if anything: the next program starts it anew,
+# on the display of that moment.
+end_wine() {
+    [[ -d build/wine ]] || return 0
+    WINEPREFIX=$PWD/build/wine wineserver -k 2>/dev/null || true
+    WINEPREFIX=$PWD/build/wine wineserver -w 2>/dev/null || true
+}
+
+# check_component BITS: the built component of that bitness, from the outside.
+check_component() {
+    local folder=build/windows$1/hosts/activex
+    scripts/check-component "$folder/VelmoraCalendar.ocx" "$1" \
+        "$folder/generated/VelmoraCalendar.tlb" "$(project_version)"
+}
+
+# Sets DISPLAY to a display of our own, which ends with the script that asks for it.
+start_display() {
+    local number_file=$kLogs/display
+    rm -f "$number_file"
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" \
+        >"$kLogs/xvfb.log" 2>&1 &
+    display_pid=$!
+    trap 'kill "$display_pid" 2>/dev/null || true' EXIT
+    for _ in {1..100}; do
+        if [[ -s $number_file ]]; then break; fi
+        kill -0 "$display_pid" 2>/dev/null || break
+        sleep 0.1
+    done
+    [[ -s $number_file ]] || fail "Xvfb did not start; the reason is in $kLogs/xvfb.log"
+    DISPLAY=:$(<"$number_file")
+    export DISPLAY
 }

@@ -1,0 +1,15 @@
+#include "apps/vmhost/ChildWindow.h"
+
+namespace velmora::vmhost {
+
+HWND MakeChild(HWND parent, const wchar_t* kind, const wchar_t* text, DWORD style,
+               const RECT& place, int id) {
+    const HWND window = CreateWindowW(kind, text, WS_CHILD | WS_VISIBLE | style, place.left,
+                                      place.top, place.right - place.left, place.bottom - place.top,
+                                      parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                      GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), 0);
+    return window;
+}
+
+}  // namespace velmora::vmhost

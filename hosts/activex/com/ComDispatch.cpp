@@ -1,0 +1,109 @@
+#include "hosts/activex/com/ComDispatch.h"
+
+#include "hosts/activex/com/ComError.h"
+#include "hosts/activex/com/ComVariant.h"
+
+#include <oleauto.h>
+
+#include <array>
+#include <cmath>
+
+namespace velmora {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+HRESULT ModulePath(std::array<wchar_t, 32768>& path) {
+    HMODULE module = nullptr;
+    if (!GetModuleHandleExW(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            reinterpret_cast<const wchar_t*>(&LoadOwnTypeInfo), &module)) {
+        return E_FAIL;
+    }
+    const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+    return length == 0 || length >= path.size() ? E_FAIL : S_OK;
+}
+
+/// Whether setting the member takes an unsigned 32-bit number, which is a colour here.
+bool PutsColor(ITypeInfo& type, DISPID member) {
+    TYPEATTR* attributes = nullptr;
+    if (FAILED(type.GetTypeAttr(&attributes))) return false;
+    const UINT count = attributes->cFuncs;
+    type.ReleaseTypeAttr(attributes);
+    bool found = false;
+    for (UINT i = 0; i < count && !found; ++i) {
+        FUNCDESC* function = nullptr;
+        if (FAILED(type.GetFuncDesc(i, &function))) continue;
+        if (function->memid == member && function->invkind == INVOKE_PROPERTYPUT &&
+            function->cParams == 1) {
+            const TYPEDESC& parameter = function->lprgelemdescParam[0].tdesc;
+            ComPtr<ITypeInfo> alias;
+            TYPEATTR* target = nullptr;
+            if (parameter.vt == VT_UI4) found = true;
+            if (parameter.vt == VT_USERDEFINED &&
+                SUCCEEDED(type.GetRefTypeInfo(parameter.hreftype, &alias)) &&
+                SUCCEEDED(alias->GetTypeAttr(&target))) {
+                found = target->typekind == TKIND_ALIAS && target->tdescAlias.vt == VT_UI4;
+                alias->ReleaseTypeAttr(target);
+            }
+        }
+        type.ReleaseFuncDesc(function);
+    }
+    return found;
+}
+
+/// A negative number, as scripts write system colours, with the same 32 bits as an unsigned one.
+bool ReadNegative(const VARIANT& argument, ULONG& bits) {
+    OwnedVariant plain;
+    if (FAILED(VariantCopyInd(&plain, const_cast<VARIANT*>(&argument)))) return false;
+    double number = 0;
+    switch (V_VT(&plain)) {
+        case VT_I2: number = V_I2(&plain); break;
+        case VT_I4: number = V_I4(&plain); break;
+        case VT_INT: number = V_INT(&plain); break;
+        case VT_I8: number = static_cast<double>(V_I8(&plain)); break;
+        case VT_R8: number = std::nearbyint(V_R8(&plain)); break;
+        default: return false;
+    }
+    if (!(number < 0) || number < -2147483648.0) return false;
+    bits = static_cast<ULONG>(static_cast<LONG>(number));
+    return true;
+}
+
+}  // namespace
+
+HRESULT LoadOwnTypeInfo(REFGUID guid, ComPtr<ITypeInfo>& type) noexcept {
+    std::array<wchar_t, 32768> path;
+    const HRESULT located = ModulePath(path);
+    if (FAILED(located)) return located;
+    ComPtr<ITypeLib> library;
+    const HRESULT loaded = LoadTypeLibEx(path.data(), REGKIND_NONE, &library);
+    return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(guid, &type);
+}
+
+ComPtr<ITypeInfo> OwnTypeInfo(REFGUID guid) {
+    ComPtr<ITypeInfo> type;
+    Require(LoadOwnTypeInfo(guid, type));
+    return type;
+}
+
+HRESULT InvokeDual(ITypeInfo& type, IDispatch& instance, DISPID member, WORD flags,
+                   DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                   UINT* badArgument) noexcept {
+    DISPPARAMS own = *arguments;
+    VARIANT color;
+    ULONG bits = 0;
+    if ((flags & DISPATCH_PROPERTYPUT) && own.cArgs == 1 && ReadNegative(own.rgvarg[0], bits) &&
+        PutsColor(type, member)) {
+        V_VT(&color) = VT_UI4;
+        V_UI4(&color) = bits;
+        own.rgvarg = &color;
+    }
+    SetErrorInfo(0, nullptr);
+    const HRESULT invoked =
+        type.Invoke(&instance, member, flags, &own, result, exception, badArgument);
+    if (SUCCEEDED(invoked) && result && V_VT(result) == VT_UI4) V_VT(result) = VT_I4;
+    return invoked;
+}
+
+}  // namespace velmora

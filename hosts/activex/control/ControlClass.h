@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+
+namespace velmora {
+
+/// What is fixed about a class of controls.
+struct ControlClass {
+    const CLSID& clsid;
+    const IID& dispatch;    // its default interface
+    const IID& events;      // its default source interface
+    const wchar_t* progId;  // of this version
+    const wchar_t* versionIndependentProgId;
+    const wchar_t* userType;
+    DWORD miscStatus;
+    SIZE defaultPixels;  // at 96 pixels an inch
+    int toolboxBitmap;   // number of the resource
+    std::span<const CLSID* const> pages;
+};
+
+extern const ControlClass kCalendarClass;
+extern const ControlClass kDropDownClass;
+
+/// The property pages, `GeneralPP`, `DayPP` and `DropDownPP`.
+extern const CLSID kGeneralPage;
+extern const CLSID kDayPage;
+extern const CLSID kDropDownPage;
+
+}  // namespace velmora

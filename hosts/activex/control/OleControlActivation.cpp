@@ -1,0 +1,216 @@
+#include "hosts/activex/control/OleControl.h"
+
+#include "hosts/activex/control/FlagScope.h"
+
+#include <olectl.h>
+
+#include <algorithm>
+
+namespace velmora {
+
+using Microsoft::WRL::ComPtr;
+
+namespace {
+
+constexpr DWORD kModifierShift = 1, kModifierControl = 2, kModifierAlt = 4;  // KEYMODIFIERS
+
+DWORD ModifiersNow() {
+    const auto down = [](int key) { return GetKeyState(key) < 0; };
+    return (down(VK_SHIFT) ? kModifierShift : 0) | (down(VK_CONTROL) ? kModifierControl : 0) |
+           (down(VK_MENU) ? kModifierAlt : 0);
+}
+
+}  // namespace
+
+HRESULT OleControl::Activate() {
+    if (!m_site) return Refuse(E_UNEXPECTED, "The control has no container.");
+    EnsureInitialized();
+    if (m_window.Window()) {
+        ShowWindow(m_window.Window(), SW_SHOWNA);
+        return S_OK;
+    }
+    if (m_activating) return OLEOBJ_S_CANNOT_DOVERB_NOW;
+    const FlagScope activating(m_activating);
+    InPlaceDeactivate();  // the window may have gone with the one around it
+    const auto site = m_site.As<IOleInPlaceSite>();
+    if (!site) return E_NOINTERFACE;
+    if (const HRESULT can = site->CanInPlaceActivate(); can != S_OK) {
+        return FAILED(can) ? can : E_FAIL;
+    }
+    if (m_site.As<IOleInPlaceSite>() != site) return E_UNEXPECTED;  // closed by the container
+    m_inPlaceSite = site;
+    HRESULT result = site->OnInPlaceActivate();
+    if (FAILED(result)) {
+        m_inPlaceSite.Reset();
+        return result;
+    }
+    result = MakeWindow();
+    if (FAILED(result)) {
+        InPlaceDeactivate();
+        return result;
+    }
+    if (const ComPtr<IOleClientSite> client = m_site.Get()) client->ShowObject();
+    return m_window.Window() ? S_OK : OLE_E_NOT_INPLACEACTIVE;
+}
+
+HRESULT OleControl::MakeWindow() {
+    const ComPtr<IOleInPlaceSite> site = m_inPlaceSite;
+    if (!site) return E_UNEXPECTED;  // the container has deactivated it in the meantime
+    HWND parent = nullptr;
+    RECT place{}, clip{};
+    OLEINPLACEFRAMEINFO info{};
+    info.cb = sizeof info;
+    if (const HRESULT got = site->GetWindow(&parent); FAILED(got)) return got;
+    ComPtr<IOleInPlaceFrame> frame;
+    ComPtr<IOleInPlaceUIWindow> document;
+    const HRESULT got = site->GetWindowContext(&frame, &document, &place, &clip, &info);
+    if (FAILED(got)) return got;
+    if (m_inPlaceSite.Get() != site.Get() || m_window.Window()) return E_UNEXPECTED;
+    m_frame = frame;
+    m_document = document;
+    if (const HRESULT created = CreateControlWindow(parent, place); FAILED(created)) return created;
+    SetObjectRects(&place, &clip);
+    ShowWindow(m_window.Window(), SW_SHOWNA);
+    return S_OK;
+}
+
+HRESULT OleControl::ActivateUi() {
+    if (const HRESULT activated = Activate(); FAILED(activated)) return activated;
+    const ComPtr<IOleInPlaceSite> site = m_inPlaceSite;
+    if (!site) return OLE_E_NOT_INPLACEACTIVE;
+    if (!m_uiActive) {
+        m_uiActive = true;
+        if (const HRESULT result = site->OnUIActivate(); FAILED(result)) {
+            m_uiActive = false;
+            return result;
+        }
+        TakeFocus();
+        if (m_uiActive) TellFrames(this);
+        const ComPtr<IOleInPlaceFrame> frame = m_frame;
+        if (m_uiActive && frame) frame->SetBorderSpace(nullptr);
+    } else {
+        TakeFocus();
+    }
+    return m_uiActive ? S_OK : OLE_E_NOT_INPLACEACTIVE;
+}
+
+void OleControl::TellFrames(IOleInPlaceActiveObject* active) {
+    const ComPtr<IOleInPlaceFrame> frame = m_frame;
+    const ComPtr<IOleInPlaceUIWindow> document = m_document;
+    const wchar_t* const name = active ? m_class.userType : nullptr;
+    if (frame) frame->SetActiveObject(active, name);
+    if (document) document->SetActiveObject(active, name);
+}
+
+STDMETHODIMP OleControl::UIDeactivate() {
+    const Hold hold(*this);
+    return Guard([&] {
+        if (!m_uiActive) return;
+        m_uiActive = false;
+        TellFrames(nullptr);
+        if (const ComPtr<IOleInPlaceSite> site = m_inPlaceSite) site->OnUIDeactivate(FALSE);
+    });
+}
+
+STDMETHODIMP OleControl::InPlaceDeactivate() {
+    const Hold hold(*this);
+    return Guard([&] {
+        if (!m_inPlaceSite) return;
+        UIDeactivate();
+        const ComPtr<IOleInPlaceSite> site = std::move(m_inPlaceSite);
+        m_inPlaceSite.Reset();
+        m_frame.Reset();
+        m_document.Reset();
+        if (m_window.Window()) DestroyWindow(m_window.Window());
+        if (site) site->OnInPlaceDeactivate();
+    });
+}
+
+void OleControl::Hide() {
+    UIDeactivate();
+    if (m_window.Window()) ShowWindow(m_window.Window(), SW_HIDE);
+}
+
+STDMETHODIMP OleControl::GetWindow(HWND* window) {
+    if (!window) return E_POINTER;
+    *window = m_window.Window();
+    return *window ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP OleControl::SetObjectRects(LPCRECT place, LPCRECT clip) {
+    if (!place || !clip) return E_POINTER;
+    const Hold hold(*this);
+    return Guard([&]() -> HRESULT {
+        const HWND window = m_window.Window();
+        if (!window) return OLE_E_NOT_INPLACEACTIVE;
+        RECT visible{};
+        IntersectRect(&visible, place, clip);
+        HRGN region = nullptr;
+        if (!EqualRect(&visible, place)) {
+            OffsetRect(&visible, -place->left, -place->top);
+            region = CreateRectRgnIndirect(&visible);
+        }
+        SetWindowRgn(window, region, TRUE);
+        SetWindowPos(window, nullptr, place->left, place->top, place->right - place->left,
+                     place->bottom - place->top, SWP_NOZORDER | SWP_NOACTIVATE);
+        return S_OK;
+    });
+}
+
+bool OleControl::HasFocus(bool& inChild) const {
+    const HWND window = m_window.Window();
+    const HWND focus = window ? GetFocus() : nullptr;
+    inChild = focus && IsChild(window, focus);
+    return focus && (focus == window || inChild);
+}
+
+void OleControl::TakeFocus() {
+    bool inChild = false;
+    if (m_window.Window() && !HasFocus(inChild)) SetFocus(m_window.Window());
+}
+
+/// Alt belongs to the container, but for Alt with the arrows up and down.
+STDMETHODIMP OleControl::TranslateAccelerator(MSG* message) {
+    if (!message) return E_POINTER;
+    const Hold hold(*this);
+    return Guard([&]() -> HRESULT {
+        bool inChild = false;
+        if (!HasFocus(inChild)) return S_FALSE;
+        const bool isKey = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
+        const auto key = static_cast<WORD>(message->wParam);
+        const bool isOwn = message->message == WM_KEYDOWN || key == VK_UP || key == VK_DOWN;
+        if (isKey && isOwn && IsInUse() && WantsKey(key, inChild)) {
+            TranslateMessage(message);
+            DispatchMessageW(message);
+            return S_OK;
+        }
+        const auto site = m_site.As<IOleControlSite>();
+        if (!site) return S_FALSE;
+        return site->TranslateAccelerator(message, ModifiersNow()) == S_OK ? S_OK : S_FALSE;
+    });
+}
+
+HWND OleControl::OwnerOfDialogs() const {
+    HWND window = nullptr;
+    const ComPtr<IOleInPlaceSite> active = m_inPlaceSite;
+    const auto site = active ? active : m_site.As<IOleInPlaceSite>();
+    if (!site || FAILED(site->GetWindow(&window)) || !window) return GetActiveWindow();
+    return GetAncestor(window, GA_ROOT);
+}
+
+HRESULT OleControl::ShowProperties(HWND parent) {
+    const auto site = m_site.As<IOleControlSite>();
+    if (site && SUCCEEDED(site->ShowPropertyFrame())) return S_OK;
+    std::wstring title = m_site.DisplayName();
+    if (title.empty()) title = m_class.userType;
+    CAUUID pages{};
+    if (const HRESULT got = GetPages(&pages); FAILED(got)) return got;
+    IUnknown* object = static_cast<IOleObject*>(this);
+    const HRESULT shown =
+        OleCreatePropertyFrame(parent ? parent : OwnerOfDialogs(), 0, 0, title.c_str(), 1, &object,
+                               pages.cElems, pages.pElems, m_locale, 0, nullptr);
+    CoTaskMemFree(pages.pElems);
+    return shown;
+}
+
+}  // namespace velmora

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "hosts/activex/pages/PageFields.h"
+#include "hosts/activex/pages/PageTemplate.h"
+#include "platform/Dates.h"
+#include "proppages/PropertyPages.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+/// A property page with the fields of its dialog, which is a child window while the page is open.
+class PageForm : public std::enable_shared_from_this<PageForm>, protected PageSite {
+public:
+    /// Names of the property that a field edits.
+    using Properties = std::initializer_list<std::string_view>;
+
+    explicit PageForm(const wchar_t* title) : m_title(title) {}
+    ~PageForm() override { Close(); }
+    PageForm(const PageForm&) = delete;
+    PageForm& operator=(const PageForm&) = delete;
+
+    virtual PropertyPage& Page() = 0;
+    const wchar_t* Title() const noexcept { return m_title; }
+
+    bool IsChanged() const noexcept { return m_changed; }
+    /// Called when `IsChanged` has got another value. May end the page.
+    void ChangeListener(std::function<void()> listener) { m_listener = std::move(listener); }
+    /// Writes the page. False: the page found fault with a text and has shown a message about it.
+    /// What the object refuses is raised. In both cases the page stays changed.
+    bool Apply();
+
+    /// In pixels, with the resolution and the dialog font of now.
+    SIZE Size() const;
+    /// Makes the dialog, not shown yet. False: the system could not.
+    bool Open(HWND parent, const RECT& place);
+    void Close() noexcept;
+    /// Null while the page is closed.
+    HWND Window() const noexcept { return m_window; }
+    /// Brings the focus to the field of a property whose name `isWanted`; when the page is closed,
+    /// the next time that it is shown. False: there is none.
+    bool FocusOn(const std::function<bool(std::string_view)>& isWanted);
+    void Show(int command);
+
+    /// Identifier of the first field's control, in the order of the rows.
+    static constexpr WORD kFirstId = 100;
+
+protected:
+    WinPageList& AddList(const wchar_t* label, Properties properties);
+    WinPageCheckBox& AddCheckBox(const wchar_t* label, Properties properties);
+    WinPageText& AddText(const wchar_t* label, Properties properties,
+                         std::function<void(PageText&)> edited);
+
+private:
+    struct Row {
+        std::vector<std::string_view> properties;
+        std::unique_ptr<PageField> field;
+        std::function<void()> edited;
+    };
+
+    static INT_PTR CALLBACK Serve(HWND window, UINT message, WPARAM w, LPARAM l);
+    static HWND Create(const DLGTEMPLATE& dialog, HWND parent, PageForm* form);
+
+    void Changed(bool changed) override;
+    void MessageBox(const std::string& text) override;
+
+    template <class Field>
+    Field& AddRow(PageFieldKind kind, const wchar_t* label, Properties properties);
+    INT_PTR OnMessage(UINT message, WPARAM w, LPARAM l);
+    void OnCommand(WORD id, WORD notification);
+    INT_PTR ColorOf(HDC context, HWND field) const;
+    void Detach() noexcept;
+
+    const wchar_t* m_title;
+    PageTemplate m_template;
+    std::vector<Row> m_rows;
+    std::function<void()> m_listener;
+    HWND m_window = nullptr;
+    const PageField* m_focusWhenShown = nullptr;
+    bool m_changed = false;
+    bool m_complained = false;  // a message has been shown
+};
+
+/// The pages; `dates` lives longer.
+std::shared_ptr<PageForm> MakeGeneralForm(const Dates& dates);
+std::shared_ptr<PageForm> MakeDropDownForm(const Dates& dates);
+std::shared_ptr<PageForm> MakeDayForm(const Dates& dates);
+
+}  // namespace velmora

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "platform/Drawing.h"
+
+#include <windows.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace velmora {
+
+/// Objects of GDI that are used again and again by the paints of one thread's controls. Objects in
+/// use are never deleted; of the others, the last few dozen are kept.
+class GdiCache {
+public:
+    GdiCache() = default;
+    GdiCache(const GdiCache&) = delete;
+    GdiCache& operator=(const GdiCache&) = delete;
+    ~GdiCache();
+
+    // Each to be released after use; null when it cannot be made.
+
+    HGDIOBJ Brush(COLORREF color);
+    HGDIOBJ Pen(COLORREF color);
+    HGDIOBJ Font(const LogFont& font, int dpi);
+    /// For composing off screen, in the format of the screen and at least of that size, both of
+    /// which are positive.
+    HGDIOBJ Bitmap(HDC screen, int width, int height);
+    /// Ends a use; an object of another origin is deleted.
+    void Release(HGDIOBJ object);
+
+    /// The bitmap or icon of a picture; valid as long as the picture. Null when it has nothing
+    /// that could be drawn.
+    HANDLE Picture(const StdPicture& picture);
+
+private:
+    template <class Key>
+    struct Entry {
+        Key key;
+        HGDIOBJ object;
+        int uses;
+    };
+    struct FontKey {
+        LogFont font;
+        int dpi;
+
+        friend bool operator==(const FontKey&, const FontKey&) = default;
+    };
+    /// Made of pixels that other objects hold.
+    struct PixelsEntry {
+        std::weak_ptr<const PixelImage> image;
+        bool asIcon;
+        bool isOpaque;
+        HANDLE handle;  // null until it is needed
+    };
+
+    /// One bitmap is kept, so that its memory need not be had from the system for every paint.
+    struct Composition {
+        HGDIOBJ object = nullptr;
+        int width = 0;
+        int height = 0;
+        bool used = false;
+
+        bool Suits(int wantedWidth, int wantedHeight) const noexcept;
+    };
+
+    template <class Key, class Make>
+    static HGDIOBJ Use(std::vector<Entry<Key>>& entries, std::size_t most, const Key& key,
+                       Make make);
+    template <class Key>
+    static bool Ends(std::vector<Entry<Key>>& entries, HGDIOBJ object);
+    template <class Key>
+    static void DeleteAll(std::vector<Entry<Key>>& entries);
+    PixelsEntry& EntryOf(const std::shared_ptr<const PixelImage>& image, bool asIcon);
+
+    std::vector<Entry<COLORREF>> m_brushes;
+    std::vector<Entry<COLORREF>> m_pens;
+    std::vector<Entry<FontKey>> m_fonts;
+    std::vector<PixelsEntry> m_pixels;
+    Composition m_composition;
+};
+
+}  // namespace velmora

@@ -1,0 +1,213 @@
+#include "hosts/activex/win32/WinDrawing.h"
+
+#include "hosts/activex/win32/GdiCache.h"
+#include "hosts/activex/win32/PixelBitmap.h"
+#include "hosts/activex/win32/ThreadShared.h"
+#include "hosts/activex/win32/WinText.h"
+
+#include <array>
+
+namespace velmora {
+namespace {
+
+HGDIOBJ Native(ObjectHandle object) noexcept { return reinterpret_cast<HGDIOBJ>(object); }
+
+ObjectHandle ObjectOf(HANDLE object) noexcept {
+    return static_cast<ObjectHandle>(reinterpret_cast<std::uintptr_t>(object));
+}
+
+RECT Native(const Rect& rect) noexcept { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+/// What has no pixels that could be composed off screen without loss.
+bool IsVectorDevice(HDC context) noexcept {
+    return GetObjectType(context) == OBJ_ENHMETADC ||
+           GetDeviceCaps(context, TECHNOLOGY) == DT_RASPRINTER;
+}
+
+bool HasAlpha(HDC source) noexcept {
+    return HasAlphaMark(static_cast<HBITMAP>(GetCurrentObject(source, OBJ_BITMAP)));
+}
+
+void Blend(HDC target, const Rect& area, HDC source, const Rect& from) {
+    constexpr BLENDFUNCTION kOver{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+    GdiAlphaBlend(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                  source, from.left, from.top, from.right - from.left, from.bottom - from.top,
+                  kOver);
+}
+
+}  // namespace
+
+WinDrawing::WinDrawing(int dpi) : m_cache(ThreadShared<GdiCache>()), m_dpi(dpi) {}
+
+WinDrawing::~WinDrawing() = default;
+
+SurfaceHandle WinDrawing::SurfaceOf(HDC context) noexcept {
+    return static_cast<SurfaceHandle>(reinterpret_cast<std::uintptr_t>(context));
+}
+
+HDC WinDrawing::ContextOf(SurfaceHandle surface) noexcept { return reinterpret_cast<HDC>(surface); }
+
+WindowHandle WinDrawing::HandleOf(HWND window) noexcept {
+    return static_cast<WindowHandle>(reinterpret_cast<std::uintptr_t>(window));
+}
+
+HWND WinDrawing::WindowOf(WindowHandle window) noexcept { return reinterpret_cast<HWND>(window); }
+
+Rgb WinDrawing::GetSysColor(int index) { return ::GetSysColor(index); }
+
+ObjectHandle WinDrawing::CreateBrushIndirect(const LogBrush& brush) {
+    return ObjectOf(m_cache->Brush(brush.color));
+}
+
+ObjectHandle WinDrawing::CreatePenIndirect(const LogPen& pen) {
+    return ObjectOf(m_cache->Pen(pen.color));
+}
+
+ObjectHandle WinDrawing::CreateFontIndirectA(const LogFont& font) {
+    return ObjectOf(m_cache->Font(font, m_dpi));
+}
+
+ObjectHandle WinDrawing::SelectObject(SurfaceHandle surface, ObjectHandle object) {
+    if (object == ObjectHandle::None) return ObjectHandle::None;
+    return ObjectOf(::SelectObject(ContextOf(surface), Native(object)));
+}
+
+void WinDrawing::DeleteObject(ObjectHandle object) {
+    if (object != ObjectHandle::None) m_cache->Release(Native(object));
+}
+
+void WinDrawing::FillRect(SurfaceHandle surface, const Rect& rect, ObjectHandle brush) {
+    if (brush == ObjectHandle::None) return;
+    const RECT area = Native(rect);
+    ::FillRect(ContextOf(surface), &area, static_cast<HBRUSH>(Native(brush)));
+}
+
+void WinDrawing::MoveToEx(SurfaceHandle surface, int x, int y) {
+    ::MoveToEx(ContextOf(surface), x, y, nullptr);
+}
+
+void WinDrawing::LineTo(SurfaceHandle surface, int x, int y) { ::LineTo(ContextOf(surface), x, y); }
+
+void WinDrawing::SetBkMode(SurfaceHandle surface, BackgroundMode mode) {
+    ::SetBkMode(ContextOf(surface), static_cast<int>(mode));
+}
+
+void WinDrawing::SetTextColor(SurfaceHandle surface, Rgb color) {
+    ::SetTextColor(ContextOf(surface), color);
+}
+
+int WinDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rect,
+                          std::uint32_t flags) {
+    const std::wstring wide = ToWide(text);
+    RECT area = Native(rect);
+    const int height =
+        DrawTextW(ContextOf(surface), wide.data(), static_cast<int>(wide.size()), &area, flags);
+    if (flags & kTextCalcRect) {
+        rect.right = area.right;
+        rect.bottom = area.bottom;
+    }
+    return height;
+}
+
+void WinDrawing::DrawFrameControl(SurfaceHandle surface, const Rect& rect, FrameControl type,
+                                  std::uint32_t state) {
+    RECT area = Native(rect);
+    ::DrawFrameControl(ContextOf(surface), &area, static_cast<UINT>(type), state);
+}
+
+void WinDrawing::DrawEdge(SurfaceHandle surface, const Rect& rect, std::uint32_t edge,
+                          std::uint32_t sides) {
+    RECT area = Native(rect);
+    ::DrawEdge(ContextOf(surface), &area, edge, sides);
+}
+
+void WinDrawing::DrawFocusRect(SurfaceHandle surface, const Rect& rect) {
+    const RECT area = Native(rect);
+    ::DrawFocusRect(ContextOf(surface), &area);
+}
+
+SurfaceHandle WinDrawing::CreateCompatibleDC(SurfaceHandle like) {
+    HDC context = ContextOf(like);
+    if (context && GetDeviceCaps(context, TECHNOLOGY) != DT_RASDISPLAY) context = nullptr;
+    return SurfaceOf(::CreateCompatibleDC(context));
+}
+
+void WinDrawing::DeleteDC(SurfaceHandle surface) {
+    if (surface != SurfaceHandle::None) ::DeleteDC(ContextOf(surface));
+}
+
+ObjectHandle WinDrawing::CreateCompatibleBitmap(SurfaceHandle like, int width, int height) {
+    const HDC context = ContextOf(like);
+    if (width <= 0 || height <= 0 || (context && IsVectorDevice(context))) {
+        return ObjectHandle::None;
+    }
+    const DWORD type = context ? GetObjectType(context) : 0;
+    if (type == OBJ_DC) return ObjectOf(m_cache->Bitmap(context, width, height));
+    if (type == OBJ_MEMDC) return ObjectOf(::CreateCompatibleBitmap(context, width, height));
+    const HDC screen = GetDC(nullptr);
+    const HBITMAP bitmap = ::CreateCompatibleBitmap(screen, width, height);
+    ReleaseDC(nullptr, screen);
+    return ObjectOf(bitmap);
+}
+
+void WinDrawing::BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, Point from,
+                        RasterOp operation) {
+    const HDC pixels = ContextOf(source);
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    if (HasAlpha(pixels)) {
+        Blend(ContextOf(target), area, pixels, {from.x, from.y, from.x + width, from.y + height});
+    } else {
+        ::BitBlt(ContextOf(target), area.left, area.top, width, height, pixels, from.x, from.y,
+                 static_cast<DWORD>(operation));
+    }
+}
+
+void WinDrawing::StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source,
+                            const Rect& from, RasterOp operation) {
+    const HDC context = ContextOf(target);
+    const HDC pixels = ContextOf(source);
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    const int fromWidth = from.right - from.left;
+    const int fromHeight = from.bottom - from.top;
+    const bool shrinks = width < fromWidth || height < fromHeight;
+    const int modeBefore = SetStretchBltMode(context, shrinks ? HALFTONE : COLORONCOLOR);
+    if (HasAlpha(pixels)) {
+        Blend(context, area, pixels, from);
+    } else {
+        ::StretchBlt(context, area.left, area.top, width, height, pixels, from.left, from.top,
+                     fromWidth, fromHeight, static_cast<DWORD>(operation));
+    }
+    SetStretchBltMode(context, modeBefore);
+}
+
+ObjectHandle WinDrawing::PictureHandle(const StdPicture& picture) {
+    return ObjectOf(m_cache->Picture(picture));
+}
+
+void WinDrawing::DrawIconEx(SurfaceHandle surface, int x, int y, ObjectHandle icon, int width,
+                            int height, std::uint32_t flags) {
+    if (icon == ObjectHandle::None) return;
+    ::DrawIconEx(ContextOf(surface), x, y, static_cast<HICON>(Native(icon)), width, height, 0,
+                 nullptr, flags);
+}
+
+void WinDrawing::SaveDC(SurfaceHandle surface) { ::SaveDC(ContextOf(surface)); }
+
+void WinDrawing::IntersectClipRect(SurfaceHandle surface, const Rect& rect) {
+    ::IntersectClipRect(ContextOf(surface), rect.left, rect.top, rect.right, rect.bottom);
+}
+
+void WinDrawing::RestoreDC(SurfaceHandle surface) { ::RestoreDC(ContextOf(surface), -1); }
+
+void WinDrawing::InvalidateRect(WindowHandle window, const Rect* rect) {
+    if (window == WindowHandle::None) {
+        if (m_whenInvalidated) m_whenInvalidated(rect);
+        return;
+    }
+    const RECT area = rect ? Native(*rect) : RECT{};
+    ::InvalidateRect(WindowOf(window), rect ? &area : nullptr, FALSE);
+}
+
+}  // namespace velmora

@@ -1,0 +1,232 @@
+#include "hosts/activex/win32/WinFormWindow.h"
+
+#include "hosts/activex/win32/AboutDialog.h"
+#include "hosts/activex/win32/ThreadShared.h"
+#include "hosts/activex/win32/WinInput.h"
+#include "hosts/activex/win32/WinLocale.h"
+#include "hosts/activex/win32/WindowPaint.h"
+#include "platform/ScaleMode.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr wchar_t kClassName[] = L"VelmoraDropDownForm";
+constexpr UINT_PTR kTimer = 1;
+constexpr UINT kTick = 30;  // milliseconds
+
+HINSTANCE ThisModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        kClassName, &module);
+    return module;
+}
+
+bool IsAnyButtonHeld() {
+    return GetAsyncKeyState(VK_LBUTTON) < 0 || GetAsyncKeyState(VK_RBUTTON) < 0 ||
+           GetAsyncKeyState(VK_MBUTTON) < 0;
+}
+
+bool IsOurs(HWND window) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId();
+}
+
+/// Between the class's registration and the window's creation no other thread may end the class.
+SRWLOCK& ClassLock() {
+    static SRWLOCK lock = SRWLOCK_INIT;
+    return lock;
+}
+
+HWND MakeFormWindow(WNDPROC procedure) {
+    const ExclusiveLock locked(ClassLock());
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.style = CS_SAVEBITS | CS_DBLCLKS;
+    description.lpfnWndProc = procedure;
+    description.hInstance = ThisModule();
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.lpszClassName = kClassName;
+    RegisterClassExW(&description);  // fails where another thread has done so
+    return CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClassName, L"",
+                           WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, description.hInstance, nullptr);
+}
+
+/// The class goes with the last form of the process, as its procedure goes with the module.
+void EndFormWindow(HWND window) {
+    const ExclusiveLock locked(ClassLock());
+    DestroyWindow(window);
+    UnregisterClassW(kClassName, ThisModule());
+}
+
+/// Nothing of a window larger than the screens together can be seen.
+SIZE Limited(const Rect& rect) {
+    const LONG width = std::max(GetSystemMetrics(SM_CXVIRTUALSCREEN), 1);
+    const LONG height = std::max(GetSystemMetrics(SM_CYVIRTUALSCREEN), 1);
+    return {std::clamp<LONG>(rect.right - rect.left, 1, width),
+            std::clamp<LONG>(rect.bottom - rect.top, 1, height)};
+}
+
+/// Where a window of that size goes: as wanted, but above the box if only there is room.
+POINT PlaceInWorkArea(const Rect& wanted, SIZE size, const RECT& box) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    POINT corner{wanted.left, wanted.top};
+    if (!GetMonitorInfoW(MonitorFromRect(&box, MONITOR_DEFAULTTONEAREST), &monitor)) return corner;
+    const RECT& work = monitor.rcWork;
+    if (corner.y + size.cy > work.bottom) {
+        const LONG above = box.top - size.cy;
+        corner.y = above >= work.top ? above : work.bottom - size.cy;
+    }
+    corner.x = std::max(std::min(corner.x, work.right - size.cx), work.left);
+    corner.y = std::max(corner.y, work.top);
+    return corner;
+}
+
+}  // namespace
+
+void FormWindowing::SetCapture() {
+    m_wanted = true;
+    TakeCapture();
+}
+
+void FormWindowing::ReleaseCapture() {
+    m_wanted = false;
+    WinWindowing::ReleaseCapture();
+}
+
+void FormWindowing::TakeCapture() {
+    if (!m_wanted || !Window() || GetCapture()) return;
+    if (IsWindowVisible(Window()) && !IsAnyButtonHeld()) WinWindowing::SetCapture();
+}
+
+std::optional<std::int16_t> FormHosting::ContainerScaleMode() const { return kScalePixels; }
+
+void FormHosting::ShowAboutBox(const AboutText& text) {
+    const HWND active = GetActiveWindow();
+    ShowAboutDialog(active ? active : m_window.Window(), text);
+}
+
+WinFormWindow::WinFormWindow()
+    : m_hosting(m_windowing),
+      m_dates(SharedDateLocale(), LocalNow),
+      m_form({m_drawing, m_windowing, m_dates, m_hosting}, *this) {}
+
+WinFormWindow::~WinFormWindow() {
+    const HWND window = m_windowing.Window();
+    if (!window) return;
+    m_windowing.Detach();
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    EndFormWindow(window);
+}
+
+void WinFormWindow::Follow(FontRef ambientFont, std::shared_ptr<const DateLocale> locale) {
+    if (ambientFont) m_hosting.Font(std::move(ambientFont));
+    if (!locale || locale.get() == &m_dates.Locale()) return;
+    m_dates.Locale(std::move(locale));
+    m_form.Calendar().OnLocaleChanged();
+}
+
+bool WinFormWindow::Make() {
+    if (m_windowing.Window()) return true;
+    const HWND window = MakeFormWindow(&Procedure);
+    if (!window) return false;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    m_windowing.Attach(window);
+    return true;
+}
+
+/// Owned by the window of its box, above which it stays, while it is open.
+void WinFormWindow::Show(const Rect& screen) {
+    if (!Make()) return;
+    const HWND window = m_windowing.Window();
+    m_box = WinDrawing::WindowOf(m_form.GetOwner()->hWnd());
+    m_boxPlace = {};
+    GetWindowRect(m_box, &m_boxPlace);
+    m_wasInFront = false;
+    m_drawing.Dpi(m_windowing.Dpi());
+    SetWindowLongPtrW(window, GWLP_HWNDPARENT,
+                      reinterpret_cast<LONG_PTR>(GetAncestor(m_box, GA_ROOT)));
+    const SIZE size = Limited(screen);
+    const POINT corner = PlaceInWorkArea(screen, size, m_boxPlace);
+    SetWindowPos(window, HWND_TOPMOST, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE);
+    m_form.Calendar().OnWindowChanged();
+    ShowWindow(window, SW_SHOWNOACTIVATE);
+}
+
+void WinFormWindow::Hide() {
+    m_box = nullptr;
+    const HWND window = m_windowing.Window();
+    if (!window) return;
+    ShowWindow(window, SW_HIDE);
+    SetWindowLongPtrW(window, GWLP_HWNDPARENT, 0);
+}
+
+void WinFormWindow::Timer(bool on) {
+    const HWND window = m_windowing.Window();
+    if (!window) return;
+    if (on) {
+        SetTimer(window, kTimer, kTick, nullptr);
+    } else {
+        KillTimer(window, kTimer);
+    }
+}
+
+bool WinFormWindow::IsOwnerInPlace() const {
+    RECT place{};
+    return IsWindowVisible(m_box) && GetWindowRect(m_box, &place) && EqualRect(&place, &m_boxPlace);
+}
+
+void WinFormWindow::Tick() {
+    VmCalDropDown* const owner = m_form.GetOwner();
+    if (!owner) return;
+    if (!IsOwnerInPlace()) return owner->OnWindowChanged();
+    const HWND front = GetForegroundWindow();
+    if (front && IsOurs(front)) {
+        m_wasInFront = true;
+    } else if (front && m_wasInFront) {
+        return owner->OnLostFocus();
+    }
+    m_windowing.TakeCapture();
+    m_form.OnTimer();
+}
+
+LRESULT CALLBACK WinFormWindow::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    auto* const form = reinterpret_cast<WinFormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!form) return DefWindowProcW(window, message, w, l);
+    return form->OnMessage(window, message, w, l);
+}
+
+LRESULT WinFormWindow::OnMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
+    const auto hold = weak_from_this().lock();  // a handler may end the last box
+    switch (message) {
+        case WM_MOUSEACTIVATE: return MA_NOACTIVATE;
+        case WM_ERASEBKGND: return 1;
+        case WM_PAINT: OnPaint(window); return 0;
+        case WM_TIMER: Tick(); return 0;
+        case WM_SETCURSOR:
+            if (LOWORD(l) == HTCLIENT && m_windowing.OnSetCursor()) return TRUE;
+            break;
+        case WM_NCDESTROY:
+            SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+            m_windowing.Detach();
+            break;
+        default: break;
+    }
+    LRESULT result = 0;
+    if (DispatchInput(m_form.Calendar(), window, message, w, l, result)) return result;
+    return DefWindowProcW(window, message, w, l);
+}
+
+void WinFormWindow::OnPaint(HWND window) {
+    const WindowPaint paint(window);
+    m_form.OnPaint(WinDrawing::SurfaceOf(paint.Context()), paint.Exposed());
+}
+
+std::shared_ptr<WinFormWindow> ThreadDropDownForm() { return ThreadShared<WinFormWindow>(); }
+
+}  // namespace velmora

@@ -1,0 +1,332 @@
+#include "ObjectsTest.h"
+#include "hosts/activex/com/ComDataObject.h"
+#include "hosts/activex/control/EventRelay.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+VARIANT Short(SHORT value) {
+    VARIANT variant;
+    V_VT(&variant) = VT_I2;
+    V_I2(&variant) = value;
+    return variant;
+}
+
+TEST(Controls, TakeColoursInEveryFormThatAScriptHas) {
+    const auto calendar = NewCalendar();
+    const VARIANT unsignedColor = [] {
+        VARIANT variant;
+        V_VT(&variant) = VT_UI4;
+        V_UI4(&variant) = 0x80000005;
+        return variant;
+    }();
+    const struct {
+        VARIANT given;
+        int refused;
+        LONG color;
+    } cases[] = {{Number(-2147483633), 0, LONG(0x8000000F)},
+                 {Real(2147483663.0), 0, LONG(0x8000000F)},
+                 {Real(-2147483633.0), 0, LONG(0x8000000F)},
+                 {unsignedColor, 0, LONG(0x80000005)},
+                 {Short(255), 0, 255},
+                 {Number(0x01000000), 380, 255},
+                 {Short(-1), 380, 255},  // &HFFFF
+                 {Real(5e9), 6, 255}};
+    for (const auto& test : cases) {
+        EXPECT_EQ(Put(calendar.Get(), L"MonthBackColor", test.given), test.refused);
+        OwnedVariant color;
+        EXPECT_EQ(Get(calendar.Get(), L"MonthBackColor", color), S_OK);
+        EXPECT_EQ(V_VT(&color), VT_I4);
+        EXPECT_EQ(V_I4(&color), test.color);
+    }
+}
+
+TEST(Controls, RefusalsHaveNumberSourceAndDescription) {
+    const auto calendar = NewCalendar();
+    EXPECT_EQ(calendar->put_MonthBackColor(0x01000000),
+              HresultOf(ErrorNumber::InvalidPropertyValue));
+    ComPtr<IErrorInfo> info;
+    ASSERT_EQ(GetErrorInfo(0, &info), S_OK);
+    BSTR source = nullptr;
+    BSTR description = nullptr;
+    info->GetSource(&source);
+    info->GetDescription(&description);
+    EXPECT_EQ(FromBstr(source), "VelmoraCalendar");
+    EXPECT_EQ(FromBstr(description), "Invalid property value");
+    SysFreeString(source);
+    SysFreeString(description);
+
+    EXPECT_EQ(Put(calendar.Get(), L"DateMin", Real(-700000, VT_DATE)), 380);
+    EXPECT_EQ(Put(calendar.Get(), L"Days", Number(1)), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(calendar->SetProps(nullptr), HresultOf(ErrorNumber::TypeMismatch));
+}
+
+TEST(Controls, AnswerInAnyOrderOfInterfaces) {
+    const auto calendar = NewCalendar();
+    const auto dispatch = Query<IDispatch>(Query<IViewObjectEx>(calendar.Get()).Get());
+    EXPECT_EQ(Query<IUnknown>(dispatch.Get()).Get(), Query<IUnknown>(calendar.Get()).Get());
+    const auto days = [&] {
+        ComPtr<::_VmDays> collection;
+        EXPECT_EQ(calendar->get_Days(&collection), S_OK);
+        return collection;
+    }();
+    EXPECT_EQ(days.Get(),
+              Query<::_VmDays>(Query<IConnectionPointContainer>(days.Get()).Get()).Get());
+}
+
+/// A property sink that allows nothing to change.
+class Guardian final : public ComObject<IPropertyNotifySink> {
+public:
+    STDMETHODIMP OnChanged(DISPID) override { return S_OK; }
+    STDMETHODIMP OnRequestEdit(DISPID id) override { return id == refused ? S_FALSE : S_OK; }
+
+    DISPID refused = 22;  // MonthYearSelStyle
+};
+
+TEST(Controls, ARefusedEditChangesNothing) {
+    const auto calendar = NewCalendar();
+    ComPtr<IConnectionPoint> point;
+    Query<IConnectionPointContainer>(calendar.Get())
+        ->FindConnectionPoint(__uuidof(IPropertyNotifySink), &point);
+    const ComPtr<Guardian> guardian = Adopt(new Guardian);
+    DWORD cookie = 0;
+    ASSERT_EQ(point->Advise(guardian.Get(), &cookie), S_OK);
+    EXPECT_EQ(Put(calendar.Get(), L"MonthYearSelStyle", Number(2)), 387);
+    ::VmMonthYearSelStyleConstants style{};
+    calendar->get_MonthYearSelStyle(&style);
+    EXPECT_EQ(style, 0);
+    EXPECT_EQ(Put(calendar.Get(), L"MonthDisplay", Number(1)), 0);
+    point->Unadvise(cookie);
+}
+
+// Events.
+
+TEST(Controls, AHandlerChangesWhatComesByReference) {
+    const auto box = NewBox();
+    short button = 1;
+    short shift = 2;
+    float x = 3;
+    float y = 4;
+    std::vector<double> seen;
+    Listen(box.Get(), __uuidof(::__VmCalDropDown), [&](DISPID id, std::vector<VARIANT>& values) {
+        if (id != 9) return;
+        seen = {double(*V_I2REF(&values[0])), double(*V_I2REF(&values[1])), *V_R4REF(&values[2]),
+                *V_R4REF(&values[3])};
+    });
+    EXPECT_EQ(box->MouseDown(&button, &shift, &x, &y), S_OK);
+    EXPECT_EQ(seen, (std::vector<double>{1, 2, 3, 4}));
+    EXPECT_EQ(box->MouseDown(nullptr, &shift, &x, &y), E_POINTER);
+
+    const auto objects = std::make_shared<ControlObjects>();
+    const auto held = MakeDataObject();
+    Event<Date&, std::int32_t&, bool&, DataRef&> event;
+    RelayEvent(event, *objects, [&](std::span<VARIANT> values) {
+        EXPECT_EQ(*V_DATEREF(&values[0]), 40000.0);
+        *V_DATEREF(&values[0]) += 1;
+        *V_I4REF(&values[1]) = 7;
+        *V_BOOLREF(&values[2]) = VARIANT_TRUE;
+        EXPECT_EQ(objects->FromClient(*V_DISPATCHREF(&values[3])), held);
+        (*V_DISPATCHREF(&values[3]))->Release();
+        *V_DISPATCHREF(&values[3]) = nullptr;
+    });
+    Date date(40000);
+    std::int32_t effect = 1;
+    bool flag = false;
+    DataRef data = held;
+    event.Raise(date, effect, flag, data);
+    EXPECT_EQ(date, Date(40001));
+    EXPECT_EQ(effect, 7);
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(data, nullptr);
+}
+
+TEST(Controls, AHandlerMayDropTheLastReference) {
+    const long before = ModuleLock::Count();
+    for (const DISPID last : {2, 3, 8, 18}) {
+        auto* calendar = NewCalendar().Detach();
+        calendar->put_DateValue(Real(40000, VT_DATE));
+        bool dropped = false;
+        Listen(calendar, __uuidof(::__VmCalendar), [&](DISPID id, std::vector<VARIANT>&) {
+            if (id != last || std::exchange(dropped, true)) return;
+            calendar->Release();
+        });
+        EXPECT_EQ(calendar->put_DateValue(Real(44444, VT_DATE)), S_OK);
+        EXPECT_TRUE(dropped) << last;
+    }
+    EXPECT_EQ(ModuleLock::Count(), before) << "something is left behind";
+}
+
+// Days.
+
+TEST(Days, OneDayHasOneIdentityWhileAClientHoldsIt) {
+    const auto calendar = NewCalendar();
+    calendar->put_DateValue(Real(45000, VT_DATE));  // 15 March 2023
+    ComPtr<::_VmDays> days;
+    ComPtr<::_VmDay> first;
+    ComPtr<::_VmDay> selected;
+    ASSERT_EQ(calendar->get_Days(&days), S_OK);
+    ASSERT_EQ(days->get_Item(15, &first), S_OK);
+    ASSERT_EQ(calendar->get_SelectedDay(&selected), S_OK);
+    EXPECT_EQ(first.Get(), selected.Get());
+    EXPECT_EQ(days->get_Item(32, &first), HresultOf(ErrorNumber::SubscriptOutOfRange));
+    EXPECT_EQ(first.Get(), nullptr);
+}
+
+TEST(Days, AreEnumeratedAsTheyWereWhenTheMonthIsLeft) {
+    const auto calendar = NewCalendar();
+    calendar->put_DateValue(Real(45000, VT_DATE));
+    ComPtr<::_VmDays> days;
+    ASSERT_EQ(calendar->get_Days(&days), S_OK);
+    DISPPARAMS none{};
+    OwnedVariant result;
+    ASSERT_EQ(days->Invoke(DISPID_NEWENUM, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                           &none, &result, nullptr, nullptr),
+              S_OK);
+    const auto items = Query<IEnumVARIANT>(V_UNKNOWN(&result));
+    calendar->put_DateValue(Real(44985, VT_DATE));  // February
+    std::vector<DATE> dates;
+    for (OwnedVariant item; items->Next(1, &item, nullptr) == S_OK; VariantClear(&item)) {
+        DATE date = 0;
+        Query<::_VmDay>(V_DISPATCH(&item))->get_DayDate(&date);
+        dates.push_back(date);
+    }
+    ASSERT_EQ(dates.size(), 31u);
+    EXPECT_EQ(dates.front(), 44986.0);
+    EXPECT_EQ(dates.back(), 45016.0);
+}
+
+TEST(Days, ReportTheirChangesAlsoBeyondTheirControl) {
+    const long before = ModuleLock::Count();
+    {
+        ComPtr<::_VmDays> days;
+        ComPtr<::_VmDay> day;
+        std::vector<std::string> changes;
+        {
+            const auto calendar = NewCalendar();
+            calendar->put_DateValue(Real(45000, VT_DATE));
+            calendar->get_Days(&days);
+            days->get_Item(3, &day);
+        }
+        Listen(days.Get(), __uuidof(::__VmDays), [&](DISPID id, std::vector<VARIANT>& values) {
+            changes.push_back(std::to_string(id) + " " +
+                              std::to_string(int(*V_DATEREF(&values[0]))) + " " +
+                              FromBstr(*V_BSTRREF(&values[1])));
+        });
+        EXPECT_EQ(Put(day.Get(), L"BackColor", Number(255)), 0);
+        EXPECT_EQ(Put(day.Get(), L"ForeColor", Short(255)), 380);
+        EXPECT_EQ(day->put_Picture(nullptr), S_OK);
+        EXPECT_EQ(changes, (std::vector<std::string>{"1 44988 BackColor", "1 44988 Picture"}));
+        VARIANT_BOOL dirty = VARIANT_FALSE;
+        day->get_Dirty(&dirty);
+        EXPECT_EQ(dirty, VARIANT_TRUE);
+    }
+    EXPECT_EQ(ModuleLock::Count(), before);
+}
+
+// Fonts and pictures.
+
+TEST(Fonts, AMemberThatAClientSetsChangesTheControl) {
+    const auto calendar = NewCalendar();
+    ComPtr<IFontDisp> given;
+    ASSERT_EQ(calendar->get_DayFont(&given), S_OK);
+    ComPtr<IFontDisp> again;
+    calendar->get_DayFont(&again);
+    EXPECT_EQ(given.Get(), again.Get());
+    ComPtr<IFontDisp> other;
+    calendar->get_MonthFont(&other);
+    EXPECT_NE(given.Get(), other.Get()) << "each property begins with a font of its own";
+
+    const auto font = Query<IFont>(given.Get());
+    EXPECT_EQ(font->put_Bold(TRUE), S_OK);
+    EXPECT_EQ(calendar->put_MonthFont(given.Get()), S_OK);
+    ASSERT_EQ(calendar->putref_WeekDayFont(nullptr), S_OK);
+    const ComPtr<TestBag> bag = Adopt(new TestBag);
+    EXPECT_EQ(Query<IPersistPropertyBag>(calendar.Get())->Save(bag.Get(), FALSE, TRUE), S_OK);
+    BOOL bold = FALSE;
+    Query<IFont>(V_UNKNOWN(&bag->values[L"MonthFont"]))->get_Bold(&bold);
+    EXPECT_TRUE(bold);
+}
+
+TEST(Fonts, TheCoresCopyFollowsTheClients) {
+    const auto objects = std::make_shared<ControlObjects>();
+    std::vector<FontRef> changed;
+    objects->Fonts().WhenFontChanges([&](const FontRef& font) { changed.push_back(font); });
+    const auto core = std::make_shared<StdFont>();
+    core->name = "A face that is not there";
+    const auto client = objects->Fonts().ToClient(core);
+    CY size;
+    size.int64 = 240000;
+    ASSERT_EQ(client->put_Size(size), S_OK);
+    ASSERT_EQ(client->put_Italic(TRUE), S_OK);
+    EXPECT_EQ(changed, (std::vector<FontRef>{core, core}));
+    EXPECT_TRUE(core->italic);
+    EXPECT_NEAR(core->size, 24, 1) << "whole pixels";
+    EXPECT_EQ(core->name, "A face that is not there");
+    EXPECT_EQ(objects->FromClient(client.Get()), core);
+}
+
+TEST(Pictures, KeepTheirIdentityAndTheirPixels) {
+    const auto objects = std::make_shared<ControlObjects>();
+    const auto image = std::make_shared<PixelImage>(PixelImage{2, 1, {0xFF102030, 0xFFFFEEDD}});
+    for (const PictureType type : {PictureType::Bitmap, PictureType::Icon}) {
+        const auto core = std::make_shared<StdPicture>(type, Size{53, 26}, image);
+        const auto client = objects->ToClient(core);
+        ASSERT_NE(client.Get(), nullptr);
+        EXPECT_EQ(objects->ToClient(core).Get(), client.Get());
+        EXPECT_EQ(objects->FromClient(client.Get()), core);
+
+        const auto others = std::make_shared<ControlObjects>();
+        const auto taken = ToObject<StdPicture>(others->FromClient(client.Get()));
+        EXPECT_EQ(taken->Type(), type);
+        EXPECT_EQ(others->ToClient(taken).Get(), client.Get());
+        const auto kept = WithPixels(taken);
+        ASSERT_NE(kept->Image(), nullptr);
+        if (type == PictureType::Bitmap) {
+            EXPECT_EQ(kept->Image()->pixels, image->pixels);
+        }
+    }
+    const auto calendar = NewCalendar();
+    ComPtr<IPictureDisp> bitmap;
+    objects->ToClient(std::make_shared<StdPicture>(PictureType::Bitmap, Size{53, 26}, image))
+        .As(&bitmap);
+    EXPECT_EQ(calendar->put_MouseIcon(bitmap.Get()), HresultOf(ErrorNumber::InvalidPropertyValue));
+}
+
+// Data objects.
+
+TEST(Data, ComeBackFromAnotherProgramAsTheyWere) {
+    const auto image = std::make_shared<PixelImage>(PixelImage{1, 1, {0xFF010203}});
+    const auto data = MakeDataObject();
+    data->SetData(kTextFormat, "a\xe2\x82\xac");
+    data->SetData(kFilesFormat, "C:\\a.txt\nC:\\b c.txt");
+    data->SetData(kBitmapFormat, Variant());
+    const auto registered = static_cast<std::int16_t>(RegisterClipboardFormatW(L"Velmora Test"));
+    data->SetData(registered, "raw");
+    std::vector<std::int16_t> fetched;
+    const auto offered = OfferData(data, [&](DataRef wanted, std::int16_t format) {
+        fetched.push_back(format);
+        wanted->SetData(format, Variant(ObjectRef(std::make_shared<StdPicture>(
+                                    PictureType::Bitmap, Size{26, 26}, image))));
+    });
+    const DataRef seen = WrapData(*offered.Get());
+    EXPECT_EQ(seen->GetData(kTextFormat), data->GetData(kTextFormat));
+    EXPECT_EQ(seen->GetData(kFilesFormat), data->GetData(kFilesFormat));
+    EXPECT_EQ(seen->GetData(registered), Variant("raw"));
+    const auto picture = ToObject<StdPicture>(seen->GetData(kBitmapFormat));
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->Image()->pixels, image->pixels);
+    EXPECT_EQ(fetched, std::vector<std::int16_t>{kBitmapFormat});
+    EXPECT_FALSE(seen->HasFormat(14));
+
+    ComPtr<IEnumFORMATETC> formats;
+    ASSERT_EQ(offered->EnumFormatEtc(DATADIR_GET, &formats), S_OK);
+    ULONG count = 0;
+    FORMATETC all[8];
+    formats->Next(8, all, &count);
+    EXPECT_EQ(count, 5u) << "text stands there twice";
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "hosts/activex/com/ComObject.h"
+
+#include <ocidl.h>
+#include <olectl.h>
+#include <windows.h>
+#include <wrl/client.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// A container that notes what a control asks of it, and can refuse or interfere with every call.
+class ScriptedContainer final
+    : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, IDispatch,
+                       IOleInPlaceFrame, IPropertyNotifySink, IAdviseSink> {
+public:
+    ScriptedContainer();
+
+    /// The calls since the last time, separated by spaces.
+    std::string TakeLog();
+
+    HWND window = nullptr;  // what controls are placed in
+    RECT place{10, 20, 260, 220};
+    RECT clip{0, 0, 400, 300};
+    std::string refused;  // the call of this name fails
+    bool refusesEdits = false;
+    std::string interferesWith;  // when it is called, once:
+    std::function<void()> interference;
+    std::map<DISPID, std::function<void(VARIANT&)>> ambients;
+
+    STDMETHODIMP SaveObject() override { return Note("SaveObject"); }
+    STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetContainer(IOleContainer**) override { return E_NOINTERFACE; }
+    STDMETHODIMP ShowObject() override { return Note("ShowObject"); }
+    STDMETHODIMP OnShowWindow(BOOL) override { return S_OK; }
+    STDMETHODIMP RequestNewObjectLayout() override { return E_NOTIMPL; }
+
+    STDMETHODIMP GetWindow(HWND* its) override {
+        *its = window;
+        return Note("GetWindow");
+    }
+    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP CanInPlaceActivate() override { return Note("CanInPlaceActivate"); }
+    STDMETHODIMP OnInPlaceActivate() override { return Note("OnInPlaceActivate"); }
+    STDMETHODIMP OnUIActivate() override { return Note("OnUIActivate"); }
+    STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+                                  RECT* its, RECT* visible, OLEINPLACEFRAMEINFO*) override;
+    STDMETHODIMP Scroll(SIZE) override { return E_NOTIMPL; }
+    STDMETHODIMP OnUIDeactivate(BOOL) override { return Note("OnUIDeactivate"); }
+    STDMETHODIMP OnInPlaceDeactivate() override { return Note("OnInPlaceDeactivate"); }
+    STDMETHODIMP DiscardUndoState() override { return S_OK; }
+    STDMETHODIMP DeactivateAndUndo() override { return S_OK; }
+    STDMETHODIMP OnPosRectChange(LPCRECT) override { return Note("OnPosRectChange"); }
+
+    STDMETHODIMP OnControlInfoChanged() override { return S_OK; }
+    STDMETHODIMP LockInPlaceActive(BOOL) override { return S_OK; }
+    STDMETHODIMP GetExtendedControl(IDispatch**) override { return E_NOTIMPL; }
+    STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
+    STDMETHODIMP TranslateAccelerator(MSG*, DWORD) override { return Note("TranslateAccelerator"); }
+    STDMETHODIMP OnFocus(BOOL has) override { return Note(has ? "OnFocus(1)" : "OnFocus(0)"); }
+    STDMETHODIMP ShowPropertyFrame() override { return Note("ShowPropertyFrame"); }
+
+    STDMETHODIMP GetBorder(RECT*) override { return E_NOTIMPL; }
+    STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) override { return E_NOTIMPL; }
+    STDMETHODIMP SetBorderSpace(LPCBORDERWIDTHS) override { return S_OK; }
+    STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) override {
+        return Note(object ? "SetActiveObject" : "SetActiveObject(0)");
+    }
+    STDMETHODIMP InsertMenus(HMENU, OLEMENUGROUPWIDTHS*) override { return E_NOTIMPL; }
+    STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return E_NOTIMPL; }
+    STDMETHODIMP RemoveMenus(HMENU) override { return E_NOTIMPL; }
+    STDMETHODIMP SetStatusText(LPCOLESTR) override { return S_OK; }
+    STDMETHODIMP EnableModeless(BOOL) override { return S_OK; }
+    STDMETHODIMP TranslateAccelerator(MSG*, WORD) override { return S_FALSE; }
+
+    STDMETHODIMP OnChanged(DISPID id) override {
+        return Note("OnChanged(" + std::to_string(id) + ")");
+    }
+    STDMETHODIMP OnRequestEdit(DISPID id) override {
+        Note("OnRequestEdit(" + std::to_string(id) + ")");
+        return refusesEdits ? S_FALSE : S_OK;
+    }
+
+    STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override { Note("OnDataChange"); }
+    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { Note("OnViewChange"); }
+    STDMETHODIMP_(void) OnRename(IMoniker*) override {}
+    STDMETHODIMP_(void) OnSave() override { Note("OnSave"); }
+    STDMETHODIMP_(void) OnClose() override { Note("OnClose"); }
+
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return DISP_E_UNKNOWNNAME;
+    }
+    /// Ambient properties, and the events of a control that it is connected to.
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                        EXCEPINFO*, UINT*) override;
+
+protected:
+    ~ScriptedContainer() override;
+    void* Find(REFIID iid) override;
+
+private:
+    HRESULT Note(const std::string& call);
+
+    std::string m_log;
+};
+
+}  // namespace velmora

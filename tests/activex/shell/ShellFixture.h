@@ -1,0 +1,65 @@
+#pragma once
+
+#include "hosts/activex/com/ComObject.h"
+#include "hosts/activex/control/CalendarControl.h"
+#include "tests/activex/shell/ScriptedContainer.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+
+/// A calendar and a container for it. Whatever a test does, nothing may be left of the control.
+class ShellFixture : public testing::Test {
+protected:
+    template <class Interface>
+    using ComPtr = Microsoft::WRL::ComPtr<Interface>;
+
+    ShellFixture() {
+        OleInitialize(nullptr);
+        container = Adopt(new ScriptedContainer);
+        m_before = ModuleLock::Count();
+        object = Adopt<IOleObject>(new CalendarControl);
+    }
+    ~ShellFixture() override {
+        if (object) {
+            object->Close(OLECLOSE_NOSAVE);
+            object->SetClientSite(nullptr);
+        }
+        object.Reset();
+        EXPECT_EQ(ModuleLock::Count(), m_before) << "a reference to the control was left";
+        EXPECT_FALSE(container->window && ::GetWindow(container->window, GW_CHILD));
+        container.Reset();
+        OleUninitialize();
+    }
+
+    template <class Interface>
+    ComPtr<Interface> As() const {
+        ComPtr<Interface> other;
+        object.As(&other);
+        return other;
+    }
+    HRESULT Do(LONG verb) { return object->DoVerb(verb, nullptr, nullptr, 0, nullptr, nullptr); }
+    /// Site given, so that it can be activated.
+    void Place() { object->SetClientSite(container.Get()); }
+    HWND Window() const {
+        HWND window = nullptr;
+        As<IOleInPlaceObject>()->GetWindow(&window);
+        return window;
+    }
+    DWORD Connect(REFIID events) {
+        ComPtr<IConnectionPoint> point;
+        DWORD cookie = 0;
+        As<IConnectionPointContainer>()->FindConnectionPoint(events, &point);
+        IUnknown* const sink = static_cast<IOleClientSite*>(container.Get());
+        EXPECT_EQ(point->Advise(sink, &cookie), S_OK);
+        return cookie;
+    }
+
+    ComPtr<ScriptedContainer> container;
+    ComPtr<IOleObject> object;
+
+private:
+    long m_before = 0;
+};
+
+}  // namespace velmora

@@ -1,0 +1,52 @@
+#include "tests/activex/support/ClientTest.h"
+
+#include "tests/activex/support/Census.h"
+
+namespace velmora::vmhost {
+
+ClientTest::ClientTest() {
+    OleInitialize(nullptr);
+    form = Form::Open(nullptr, {0, 0, 500, 300}, "Client");
+}
+
+ClientTest::~ClientTest() {
+    form->Close();
+    form.Reset();
+    EXPECT_EQ(VisibleWindows(), 0);
+    OleUninitialize();
+}
+
+ControlSite& ClientTest::Add(const char* classText, const std::string& name, const RECT& place,
+                             const Saved& saved) {
+    ControlSite& site = form->Add(classText, name, place, saved);
+    site.onEvent = [this, name](Event& event) {
+        if (event.Name() != "MouseMove") events.push_back(name + '.' + event.Text());
+        if (const EventSink::Handler handler = onEvent) handler(event);
+    };
+    return site;
+}
+
+ControlSite& ClientTest::AddCalendar(const std::string& name) {
+    return Add(kCalendarClass, name, kCalendarPlace);
+}
+
+ControlSite& ClientTest::AddBox(const std::string& name) { return Add(kBoxClass, name, kBoxPlace); }
+
+std::vector<std::string> ClientTest::TakeEvents() { return std::exchange(events, {}); }
+
+double DayNumber(int year, int month, int day) {
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(year);
+    time.wMonth = static_cast<WORD>(month);
+    time.wDay = static_cast<WORD>(day);
+    double number = 0;
+    SystemTimeToVariantTime(&time, &number);
+    return number;
+}
+
+std::string Got(IUnknown* object, std::string_view property, std::vector<Value> arguments) {
+    const Outcome outcome = GetProperty(object, property, std::move(arguments));
+    return outcome.Succeeded() ? Readable(outcome.result.Get()) : "error " + outcome.Text();
+}
+
+}  // namespace velmora::vmhost
