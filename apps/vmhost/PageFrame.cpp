@@ -144,6 +144,8 @@ void PageFrame::ShowPage(std::size_t index) {
     const RECT area = PageArea();
     Check(m_pages[index].page->Activate(m_window, &area, FALSE), "opening a page");
     m_pages[index].page->Show(SW_SHOW);
+    // The page is a younger sibling of the tabs and would lie below them.
+    SetWindowPos(m_tabs, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void PageFrame::StatusChanged() {

@@ -1,7 +1,7 @@
 #include "apps/vmhost/PageFrame.h"
 #include "tests/activex/support/ClientTest.h"
 
-#include <algorithm>
+#include <commctrl.h>
 
 namespace velmora::vmhost {
 namespace {
@@ -28,6 +28,17 @@ HWND FindChild(HWND parent, const wchar_t* windowClass) {
     return search.found;
 }
 
+/// The window class of what lies in the middle of the frame.
+std::wstring ClassInTheMiddle(HWND frame) {
+    RECT area{};
+    GetClientRect(frame, &area);
+    wchar_t name[64] = L"";
+    GetClassNameW(
+        ChildWindowFromPointEx(frame, {area.right / 2, area.bottom / 2}, CWP_SKIPINVISIBLE), name,
+        64);
+    return name;
+}
+
 TEST_F(Pages, EveryPageOpensAndCloses) {
     for (const auto& [classText, least] :
          {std::pair(kCalendarClass, 2U), std::pair(kBoxClass, 3U)}) {
@@ -37,6 +48,7 @@ TEST_F(Pages, EveryPageOpensAndCloses) {
         for (std::size_t index = 0; index < frame.PageCount(); ++index) {
             frame.ShowPage(index);
             ServeWaiting(form.Get());
+            EXPECT_NE(ClassInTheMiddle(frame.Window()), WC_TABCONTROLW) << classText;
             EXPECT_FALSE(frame.CanApply()) << classText << " page " << index;
         }
         frame.Press(IDCANCEL);
