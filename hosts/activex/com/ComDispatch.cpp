@@ -24,6 +24,26 @@ HRESULT ModulePath(std::array<wchar_t, 32768>& path) {
     return length == 0 || length >= path.size() ? E_FAIL : S_OK;
 }
 
+/// The module's type library, which is parsed once: each parse takes longer than making a control.
+/// A plain pointer, because nothing may be released when the process ends.
+struct {
+    SRWLOCK lock = SRWLOCK_INIT;
+    ITypeLib* loaded = nullptr;
+} g_library;
+
+HRESULT OwnLibrary(ComPtr<ITypeLib>& library) {
+    HRESULT result = S_OK;
+    AcquireSRWLockExclusive(&g_library.lock);
+    if (!g_library.loaded) {
+        std::array<wchar_t, 32768> path;
+        result = ModulePath(path);
+        if (SUCCEEDED(result)) result = LoadTypeLibEx(path.data(), REGKIND_NONE, &g_library.loaded);
+    }
+    library = g_library.loaded;
+    ReleaseSRWLockExclusive(&g_library.lock);
+    return result;
+}
+
 /// Whether setting the member takes an unsigned 32-bit number, which is a colour here.
 bool PutsColor(ITypeInfo& type, DISPID member) {
     TYPEATTR* attributes = nullptr;
@@ -73,12 +93,16 @@ bool ReadNegative(const VARIANT& argument, ULONG& bits) {
 }  // namespace
 
 HRESULT LoadOwnTypeInfo(REFGUID guid, ComPtr<ITypeInfo>& type) noexcept {
-    std::array<wchar_t, 32768> path;
-    const HRESULT located = ModulePath(path);
-    if (FAILED(located)) return located;
     ComPtr<ITypeLib> library;
-    const HRESULT loaded = LoadTypeLibEx(path.data(), REGKIND_NONE, &library);
+    const HRESULT loaded = OwnLibrary(library);
     return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(guid, &type);
+}
+
+void ReleaseOwnLibrary() noexcept {
+    AcquireSRWLockExclusive(&g_library.lock);
+    if (g_library.loaded) g_library.loaded->Release();
+    g_library.loaded = nullptr;
+    ReleaseSRWLockExclusive(&g_library.lock);
 }
 
 ComPtr<ITypeInfo> OwnTypeInfo(REFGUID guid) {

@@ -1,3 +1,4 @@
+#include "hosts/activex/com/ComDispatch.h"
 #include "hosts/activex/com/ComError.h"
 #include "hosts/activex/com/ComObject.h"
 #include "hosts/activex/server/ClassFactory.h"
@@ -35,7 +36,11 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
     return velmora::GetClassObject(clsid, iid, object);
 }
 
-STDAPI DllCanUnloadNow() { return velmora::ModuleLock::Count() == 0 ? S_OK : S_FALSE; }
+STDAPI DllCanUnloadNow() {
+    if (velmora::ModuleLock::Count() != 0) return S_FALSE;
+    velmora::ReleaseOwnLibrary();
+    return S_OK;
+}
 
 STDAPI DllRegisterServer() {
     const HRESULT result = Install(TRUE, velmora::RegistrationScope::Machine);
