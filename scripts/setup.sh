@@ -73,12 +73,20 @@ build_preset() {
         fail "the build of $folder failed; the first compiler message above says why"
 }
 
-# Ends what Wine keeps running for the tests' prefix, if anything: the next program starts it anew,
-# on the display of that moment.
+# Ends what Wine keeps running for the tests' prefix, if anything.
 end_wine() {
     [[ -d build/wine ]] || return 0
     WINEPREFIX=$PWD/build/wine wineserver -k 2>/dev/null || true
     WINEPREFIX=$PWD/build/wine wineserver -w 2>/dev/null || true
+}
+
+# Starts Wine on the present display, until the script ends. A program in a Wine that already runs
+# starts at once, and leaves no system process behind that keeps its output open.
+start_wine() {
+    scripts/make-wine-prefix build/wine
+    end_wine
+    tail --pid=$$ -f /dev/null | scripts/run-in-wine cmd >"$kLogs/wine.log" 2>&1 &
+    scripts/run-in-wine cmd /c exit >"$kLogs/wine.log" 2>&1  # when it has ended, Wine is up
 }
 
 # check_component BITS: the built component of that bitness, from the outside.
