@@ -43,6 +43,7 @@ GdiCache::~GdiCache() {
     DeleteAll(m_brushes);
     DeleteAll(m_pens);
     DeleteAll(m_fonts);
+    if (m_composition.context) DeleteDC(m_composition.context);
     if (m_composition.object) ::DeleteObject(m_composition.object);
     for (const PixelsEntry& entry : m_pixels) DeletePixels(entry.handle, entry.asIcon);
 }
@@ -107,9 +108,35 @@ HGDIOBJ GdiCache::Bitmap(HDC screen, int width, int height) {
     }
     const HGDIOBJ bitmap = CreateCompatibleBitmap(screen, width, height);
     if (!bitmap || m_composition.used || width > kLargestKept / height) return bitmap;
+    if (m_composition.context) SelectObject(m_composition.context, bitmap);
     if (m_composition.object) ::DeleteObject(m_composition.object);
-    m_composition = {bitmap, width, height, true};
+    m_composition.object = bitmap;
+    m_composition.width = width;
+    m_composition.height = height;
+    m_composition.used = true;
     return bitmap;
+}
+
+HDC GdiCache::Context(HDC screen) {
+    if (m_composition.contextUsed) return CreateCompatibleDC(screen);
+    if (!m_composition.context) {
+        m_composition.context = CreateCompatibleDC(screen);
+        if (m_composition.object) SelectObject(m_composition.context, m_composition.object);
+    }
+    m_composition.contextUsed = m_composition.context != nullptr;
+    return m_composition.context;
+}
+
+void GdiCache::Release(HDC context) {
+    if (context == m_composition.context) {
+        m_composition.contextUsed = false;
+    } else {
+        DeleteDC(context);
+    }
+}
+
+bool GdiCache::IsPair(HDC context, HGDIOBJ bitmap) const noexcept {
+    return context && context == m_composition.context && bitmap == m_composition.object;
 }
 
 void GdiCache::Release(HGDIOBJ object) {

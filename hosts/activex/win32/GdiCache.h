@@ -27,6 +27,11 @@ public:
     /// For composing off screen, in the format of the screen and at least of that size, both of
     /// which are positive.
     HGDIOBJ Bitmap(HDC screen, int width, int height);
+    /// What such a bitmap is selected into; null when it cannot be made.
+    HDC Context(HDC screen);
+    void Release(HDC context);
+    /// Whether both are what is kept: they stay together, so nothing has to be selected.
+    bool IsPair(HDC context, HGDIOBJ bitmap) const noexcept;
     /// Ends a use; an object of another origin is deleted.
     void Release(HGDIOBJ object);
 
@@ -55,11 +60,14 @@ private:
         HANDLE handle;  // null until it is needed
     };
 
-    /// One bitmap is kept, so that its memory need not be had from the system for every paint.
+    /// One bitmap is kept in a context: to make both and bring them together for every paint takes
+    /// as long as the half of a month.
     struct Composition {
+        HDC context = nullptr;
         HGDIOBJ object = nullptr;
         int width = 0;
         int height = 0;
+        bool contextUsed = false;
         bool used = false;
 
         bool Suits(int wantedWidth, int wantedHeight) const noexcept;

@@ -69,6 +69,7 @@ ObjectHandle WinDrawing::CreateFontIndirectA(const LogFont& font) {
 
 ObjectHandle WinDrawing::SelectObject(SurfaceHandle surface, ObjectHandle object) {
     if (object == ObjectHandle::None) return ObjectHandle::None;
+    if (m_cache->IsPair(ContextOf(surface), Native(object))) return ObjectHandle::None;
     return ObjectOf(::SelectObject(ContextOf(surface), Native(object)));
 }
 
@@ -129,11 +130,12 @@ void WinDrawing::DrawFocusRect(SurfaceHandle surface, const Rect& rect) {
 SurfaceHandle WinDrawing::CreateCompatibleDC(SurfaceHandle like) {
     HDC context = ContextOf(like);
     if (context && GetDeviceCaps(context, TECHNOLOGY) != DT_RASDISPLAY) context = nullptr;
-    return SurfaceOf(::CreateCompatibleDC(context));
+    const bool isScreen = context && GetObjectType(context) == OBJ_DC;
+    return SurfaceOf(isScreen ? m_cache->Context(context) : ::CreateCompatibleDC(context));
 }
 
 void WinDrawing::DeleteDC(SurfaceHandle surface) {
-    if (surface != SurfaceHandle::None) ::DeleteDC(ContextOf(surface));
+    if (surface != SurfaceHandle::None) m_cache->Release(ContextOf(surface));
 }
 
 ObjectHandle WinDrawing::CreateCompatibleBitmap(SurfaceHandle like, int width, int height) {
