@@ -145,7 +145,6 @@ void CalendarControl::OnFontChanged(const FontRef& font) {
 
 void CalendarControl::Paint(HDC context, std::span<const Rect> exposed) {
     m_calendar.OnPaint(WinDrawing::SurfaceOf(context), exposed);
-    Window().PaintStandIns(context);
 }
 
 bool CalendarControl::OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {

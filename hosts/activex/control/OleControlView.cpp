@@ -125,6 +125,7 @@ void OleControl::PaintInto(HDC context, const RECT& bounds, const RECTL* windowB
     }
     IntersectClipRect(context, 0, 0, client.width, client.height);
     PaintAll(context);
+    m_window.PaintChildren(context);
 }
 
 void OleControl::PaintAll(HDC context) {

@@ -92,14 +92,17 @@ void WinWindowing::Enabled(bool enabled) {
     if (m_window) EnableWindow(m_window, enabled);
 }
 
+/// A frame that is disabled while its dialog is open does not count: no child is told when it is
+/// enabled again, and none looks any different meanwhile.
 bool WinWindowing::TakesInput() const {
     if (!m_window) return m_enabled;
-    const HWND desktop = GetDesktopWindow();
-    for (HWND window = m_window; window && window != desktop;
-         window = GetAncestor(window, GA_PARENT)) {
-        if (!IsWindowEnabled(window)) return false;
+    if (!IsWindowEnabled(m_window)) return false;
+    const HWND frame = GetAncestor(m_window, GA_ROOT);
+    HWND around = m_window;
+    while (around && around != frame && IsWindowEnabled(around)) {
+        around = GetAncestor(around, GA_PARENT);
     }
-    return true;
+    return !around || around == frame;
 }
 
 void WinWindowing::MousePointer(std::int16_t pointer) { m_pointer = pointer; }
@@ -203,9 +206,9 @@ bool WinWindowing::OnChildMessage(VmCalendar& calendar, UINT message, WPARAM w, 
     return !m_input.Deliver(calendar) || !m_window;
 }
 
-void WinWindowing::PaintStandIns(HDC context) {
+void WinWindowing::PaintChildren(HDC context) {
     for (const NativeChild* const child : m_children) {
-        if (!child->Window() && child->IsVisible()) child->Paint(context);
+        if (child->IsVisible()) child->Paint(context);
     }
 }
 

@@ -73,8 +73,8 @@ public:
     /// handler may destroy the window and the calendar. True when the message needs nothing more;
     /// then this object and the calendar may be gone.
     bool OnChildMessage(VmCalendar& calendar, UINT message, WPARAM w, LPARAM l, LRESULT& result);
-    /// Draws the visible stand-ins to look like the real ones.
-    void PaintStandIns(HDC context);
+    /// Draws the visible selectors, windows or stand-ins, on something other than the window.
+    void PaintChildren(HDC context);
 
 protected:
     /// `OLEDropMode` has been set, or a window has come for it.

@@ -93,6 +93,21 @@ TEST_F(View, DrawsAtAnyPlaceAndScaleWithoutAWindow) {
     }
 }
 
+TEST_F(View, AnActiveCalendarHasItsSelectorsInThePictureToo) {
+    Place();
+    calendar->put_MonthYearSelStyle(::VmMonthSelCombo);
+    const Canvas inactive(250, 200), active(250, 200);
+    EXPECT_EQ(Draw(inactive.Context(), {0, 0, 250, 200}), S_OK);
+    EXPECT_EQ(Do(OLEIVERB_INPLACEACTIVATE), S_OK);
+    EXPECT_EQ(Draw(active.Context(), {0, 0, 250, 200}), S_OK);
+    int different = 0;
+    for (int i = 0; i < 250 * 200; ++i) {
+        different += active.At(i % 250, i / 250) != inactive.At(i % 250, i / 250);
+    }
+    EXPECT_EQ(different, 0);
+    EXPECT_LT(active.Share({5, 2, 245, 22}, kBand), 0.7) << "the selectors cover the band";
+}
+
 TEST_F(View, DrawsInTheUnitsOfTheContext) {
     const Canvas canvas(600, 450);
     SetMapMode(canvas.Context(), MM_ANISOTROPIC);

@@ -34,10 +34,9 @@ TEST(CalendarWindow, KeysAndMouseReachTheCalendar) {
     window.Release(other.x, other.y);
     EXPECT_EQ(window.TakeLog(), "down 1, up 1") << "the capture was lost";
 
-    EnableWindow(window.Frame(), FALSE);
+    EnableWindow(window.Window(), FALSE);
     window.Key(VK_LEFT);
     EXPECT_EQ(window.TakeLog(), "");
-    EXPECT_TRUE(window.calendar->Enabled());
 }
 
 TEST(CalendarWindow, PaintsWhatIsExposed) {
@@ -192,7 +191,7 @@ TEST(CalendarWindow, SelectorsOutliveTheirWindowAsPictures) {
     const Rect all{0, 0, 300, 202};
     window.calendar->OnPaint(WinDrawing::SurfaceOf(memory), {&all, 1});
     const COLORREF band = GetPixel(memory, list.left + 6, list.top + 4);
-    window.windowing.PaintStandIns(memory);
+    window.windowing.PaintChildren(memory);
     const COLORREF inside = GetPixel(memory, list.left + 3, list.top + 3);
     EXPECT_NE(band, inside);
     EXPECT_EQ(inside, GetSysColor(COLOR_WINDOW));
