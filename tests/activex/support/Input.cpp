@@ -45,11 +45,26 @@ void Click(POINT screen) {
     MouseButton(MOUSEEVENTF_LEFTUP);
 }
 
+void PressKey(WORD virtualKey) { SendKey(virtualKey, 0); }
+void ReleaseKey(WORD virtualKey) { SendKey(virtualKey, KEYEVENTF_KEYUP); }
+
 void TypeKey(WORD virtualKey, WORD modifier) {
-    if (modifier) SendKey(modifier, 0);
-    SendKey(virtualKey, 0);
-    SendKey(virtualKey, KEYEVENTF_KEYUP);
-    if (modifier) SendKey(modifier, KEYEVENTF_KEYUP);
+    if (modifier) PressKey(modifier);
+    PressKey(virtualKey);
+    ReleaseKey(virtualKey);
+    if (modifier) ReleaseKey(modifier);
+}
+
+void TypeText(std::wstring_view text) {
+    for (const wchar_t letter : text) {
+        for (const DWORD flags : {KEYEVENTF_UNICODE, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP}) {
+            INPUT input{};
+            input.type = INPUT_KEYBOARD;
+            input.ki.wScan = letter;
+            input.ki.dwFlags = flags;
+            Send(input);
+        }
+    }
 }
 
 POINT OnScreen(HWND window, int x, int y) {
