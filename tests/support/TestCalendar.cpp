@@ -74,16 +74,18 @@ void TestCalendar::ConnectLog() {
     CalendarEvents& events = calendar->Events();
     const auto note = [this](const std::string& text) { Note(text); };
     const auto number = [note](const char* name) {
-        return [note, name](std::int16_t& value) { note(name + (" " + std::to_string(value))); };
+        return [note, name](std::int16_t& value) {
+            note(std::string(name) + ' ' + std::to_string(value));
+        };
     };
     const auto key = [note](const char* name) {
         return [note, name](std::int16_t& code, std::int16_t& shift) {
-            note(name + (" " + std::to_string(code) + " " + std::to_string(shift)));
+            note(std::string(name) + ' ' + std::to_string(code) + ' ' + std::to_string(shift));
         };
     };
     const auto mouse = [note](const char* name) {
         return [note, name](std::int16_t& button, std::int16_t&, float&, float&) {
-            note(name + (" " + std::to_string(button)));
+            note(std::string(name) + ' ' + std::to_string(button));
         };
     };
     events.DateChanged.Connect([note](Date& date) { note("DateChanged " + IsoDate(DayOf(date))); });
