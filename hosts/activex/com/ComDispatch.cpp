@@ -2,27 +2,18 @@
 
 #include "hosts/activex/com/ComError.h"
 #include "hosts/activex/com/ComVariant.h"
+#include "hosts/activex/win32/ThisModule.h"
+#include "hosts/activex/win32/ThreadShared.h"
 
 #include <oleauto.h>
 
-#include <array>
 #include <cmath>
+#include <utility>
 
 namespace velmora {
 namespace {
 
 using Microsoft::WRL::ComPtr;
-
-HRESULT ModulePath(std::array<wchar_t, 32768>& path) {
-    HMODULE module = nullptr;
-    if (!GetModuleHandleExW(
-            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-            reinterpret_cast<const wchar_t*>(&LoadOwnTypeInfo), &module)) {
-        return E_FAIL;
-    }
-    const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-    return length == 0 || length >= path.size() ? E_FAIL : S_OK;
-}
 
 /// The module's type library, which is parsed once: each parse takes longer than making a control.
 /// A plain pointer, because nothing may be released when the process ends.
@@ -32,15 +23,12 @@ struct {
 } g_library;
 
 HRESULT OwnLibrary(ComPtr<ITypeLib>& library) {
+    const ExclusiveLock locked(g_library.lock);
     HRESULT result = S_OK;
-    AcquireSRWLockExclusive(&g_library.lock);
     if (!g_library.loaded) {
-        std::array<wchar_t, 32768> path;
-        result = ModulePath(path);
-        if (SUCCEEDED(result)) result = LoadTypeLibEx(path.data(), REGKIND_NONE, &g_library.loaded);
+        result = LoadTypeLibEx(ThisFile().c_str(), REGKIND_NONE, &g_library.loaded);
     }
     library = g_library.loaded;
-    ReleaseSRWLockExclusive(&g_library.lock);
     return result;
 }
 
@@ -93,16 +81,16 @@ bool ReadNegative(const VARIANT& argument, ULONG& bits) {
 }  // namespace
 
 HRESULT LoadOwnTypeInfo(REFGUID guid, ComPtr<ITypeInfo>& type) noexcept {
-    ComPtr<ITypeLib> library;
-    const HRESULT loaded = OwnLibrary(library);
-    return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(guid, &type);
+    return Guard([&] {
+        ComPtr<ITypeLib> library;
+        const HRESULT loaded = OwnLibrary(library);
+        return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(guid, &type);
+    });
 }
 
 void ReleaseOwnLibrary() noexcept {
-    AcquireSRWLockExclusive(&g_library.lock);
-    if (g_library.loaded) g_library.loaded->Release();
-    g_library.loaded = nullptr;
-    ReleaseSRWLockExclusive(&g_library.lock);
+    const ExclusiveLock locked(g_library.lock);
+    if (ITypeLib* const library = std::exchange(g_library.loaded, nullptr)) library->Release();
 }
 
 ComPtr<ITypeInfo> OwnTypeInfo(REFGUID guid) {

@@ -17,16 +17,20 @@ using Microsoft::WRL::ComPtr;
 
 constexpr DISPID kFontName = 0;  // the identifiers of the system's font class
 constexpr DISPID kFontSize = 2;
+// Wine's font class gives 429496 points and no name when another thread makes a font meanwhile.
+constexpr double kTooLarge = 100000;
 
 void ReadName(IFont& font, StdFont& out) {
     BSTR name = nullptr;
-    if (SUCCEEDED(font.get_Name(&name)) && name) out.name = FromBstr(name);
+    if (SUCCEEDED(font.get_Name(&name)) && name && *name) out.name = FromBstr(name);
     SysFreeString(name);
 }
 
 void ReadSize(IFont& font, StdFont& out) {
     CY size{};
-    if (SUCCEEDED(font.get_Size(&size))) out.size = static_cast<double>(size.int64) / 10000;
+    if (FAILED(font.get_Size(&size))) return;
+    const double points = static_cast<double>(size.int64) / 10000;
+    if (points < kTooLarge) out.size = points;
 }
 
 void ReadStyle(IFont& font, StdFont& out) {

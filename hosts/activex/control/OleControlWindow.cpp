@@ -1,5 +1,6 @@
 #include "hosts/activex/control/OleControl.h"
 
+#include "hosts/activex/win32/ThisModule.h"
 #include "hosts/activex/win32/WindowPaint.h"
 
 #include <olectl.h>
@@ -14,14 +15,6 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"VelmoraCalendar.Control";
 constexpr UINT kFocusMoved = WM_USER + 0x6FF;  // where the focus went is known only afterwards
-
-HINSTANCE ThisModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        kClassName, &module);
-    return module;
-}
 
 /// Registered from first use until the module ends.
 class WindowClass {

@@ -1,13 +1,11 @@
 #include "hosts/activex/pages/PageForm.h"
 
+#include "hosts/activex/win32/ThisModule.h"
 #include "hosts/activex/win32/WinText.h"
 
 #include <algorithm>
 #include <exception>
 #include <utility>
-
-// The linker's name for the start of this module.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace velmora {
 
@@ -92,8 +90,8 @@ void PageForm::Show(int command) {
 }
 
 HWND PageForm::Create(const DLGTEMPLATE& dialog, HWND parent, PageForm* form) {
-    return CreateDialogIndirectParamW(reinterpret_cast<HINSTANCE>(&__ImageBase), &dialog, parent,
-                                      Serve, reinterpret_cast<LPARAM>(form));
+    return CreateDialogIndirectParamW(ThisModule(), &dialog, parent, Serve,
+                                      reinterpret_cast<LPARAM>(form));
 }
 
 /// A dialog that is measured only, or about to end, has no form.

@@ -3,6 +3,7 @@
 #include "hosts/activex/com/ComObject.h"
 #include "hosts/activex/server/ClassFactory.h"
 #include "hosts/activex/server/Registration.h"
+#include "hosts/activex/win32/ThisModule.h"
 
 #include <olectl.h>
 #include <windows.h>
@@ -13,20 +14,10 @@
 
 namespace {
 
-std::wstring ThisFile() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        reinterpret_cast<LPCWSTR>(&ThisFile), &module);
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size())));
-    return path;
-}
-
 HRESULT Install(BOOL install, velmora::RegistrationScope scope) {
     return velmora::Guard([=] {
-        return install ? velmora::Register(scope, ThisFile())
-                       : velmora::Unregister(scope, ThisFile());
+        return install ? velmora::Register(scope, velmora::ThisFile())
+                       : velmora::Unregister(scope, velmora::ThisFile());
     });
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/activex/win32/AboutDialog.h"
 
 #include "hosts/activex/win32/DialogTemplate.h"
+#include "hosts/activex/win32/ThisModule.h"
 #include "hosts/activex/win32/WinText.h"
 
 #include <shellapi.h>
@@ -88,7 +89,7 @@ void ShowAboutDialog(HWND owner, const AboutText& text) {
     dialog.Button(kOk, L"OK", {84, 60, 50, 14}, BS_DEFPUSHBUTTON);
     dialog.Button(kSystem, L"&System Info...", {140, 60, 54, 14}, BS_PUSHBUTTON);
     const HWND top = owner ? GetAncestor(owner, GA_ROOT) : nullptr;
-    DialogBoxIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), top, &Procedure,
+    DialogBoxIndirectParamW(ThisModule(), dialog.Get(), top, &Procedure,
                             reinterpret_cast<LPARAM>(&about));
     DeleteObject(about.linkFont);
 }

@@ -1,6 +1,7 @@
 #include "hosts/activex/win32/WinFormWindow.h"
 
 #include "hosts/activex/win32/AboutDialog.h"
+#include "hosts/activex/win32/ThisModule.h"
 #include "hosts/activex/win32/ThreadShared.h"
 #include "hosts/activex/win32/WinInput.h"
 #include "hosts/activex/win32/WinLocale.h"
@@ -16,14 +17,6 @@ namespace {
 constexpr wchar_t kClassName[] = L"VelmoraDropDownForm";
 constexpr UINT_PTR kTimer = 1;
 constexpr UINT kTick = 30;  // milliseconds
-
-HINSTANCE ThisModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        kClassName, &module);
-    return module;
-}
 
 bool IsAnyButtonHeld() {
     return GetAsyncKeyState(VK_LBUTTON) < 0 || GetAsyncKeyState(VK_RBUTTON) < 0 ||
