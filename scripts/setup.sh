@@ -9,7 +9,9 @@ readonly kWindowPackages=(xvfb xdotool)
 readonly kBenchPackages=(libbenchmark-dev)
 readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
     mingw-w64-tools libwine-dev googletest zip)
-readonly kWinePackages=(wine wine64 fonts-wine)
+# With what Wine loads of the X client libraries when they are there.
+readonly kWinePackages=(wine wine64 fonts-wine libxcomposite1 libxcursor1 libxfixes3 libxi6
+    libxinerama1 libxrandr2 libxrender1)
 readonly kLogs=build/logs
 
 jobs_count() {

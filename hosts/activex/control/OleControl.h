@@ -198,8 +198,8 @@ protected:
     virtual void ReadProperties(PropertyBag& bag) = 0;
     virtual void WriteProperties(PropertyBag& bag) = 0;
     virtual ObjectBridge& Objects() = 0;
-    /// Paints the client area of `Window()`'s size at the origin of the context, with stand-ins for
-    /// its child windows where it has none.
+    /// Paints the client area of `Window()`'s size at the origin of the context, without its child
+    /// controls.
     virtual void Paint(HDC context, std::span<const Rect> exposed) = 0;
     /// The window's messages except those that the shell uses up: painting, `WM_SETCURSOR` over the
     /// client area, `WM_GETDLGCODE`. While a form is designed, or the container has the user kept
