@@ -20,19 +20,27 @@ bool IsTab(const MSG& message) {
            GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0;
 }
 
+/// Once for all threads.
+void RegisterFormClass(HINSTANCE instance, WNDPROC procedure) {
+    static const ATOM registered = [&] {
+        WNDCLASSW windowClass{};
+        windowClass.style = CS_DBLCLKS;
+        windowClass.lpfnWndProc = procedure;
+        windowClass.hInstance = instance;
+        windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+        windowClass.lpszClassName = kWindowClass;
+        return RegisterClassW(&windowClass);
+    }();
+    (void)registered;
+}
+
 }  // namespace
 
 ComPtr<Form> Form::Open(HWND parent, const RECT& place, const std::string& title) {
     ComPtr<Form> form;
     form = Adopt(new Form);
     const HINSTANCE instance = GetModuleHandleW(nullptr);
-    WNDCLASSW windowClass{};
-    windowClass.style = CS_DBLCLKS;
-    windowClass.lpfnWndProc = WindowProcedure;
-    windowClass.hInstance = instance;
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = kWindowClass;
-    RegisterClassW(&windowClass);  // fails harmlessly for the second form
+    RegisterFormClass(instance, WindowProcedure);
     const DWORD style = parent ? WS_CHILD | WS_BORDER : WS_OVERLAPPEDWINDOW;
     const HWND window = CreateWindowExW(WS_EX_CONTROLPARENT, kWindowClass, ToWide(title).c_str(),
                                         style | WS_VISIBLE | WS_CLIPCHILDREN, place.left, place.top,

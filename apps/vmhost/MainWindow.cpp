@@ -10,6 +10,9 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
+#include <cstdlib>
+#include <utility>
+
 namespace velmora::vmhost {
 namespace {
 
@@ -23,6 +26,10 @@ constexpr RECT kCalendarPlace{16, 16, 266, 216};  // 250 x 200
 constexpr RECT kBoxPlace{290, 16, 411, 37};       // 121 x 21
 
 enum Command { kPages = 100, kDesign, kSave, kLoad, kAbout };
+
+POINT PointerOf(DWORD position) {
+    return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+}
 
 std::wstring AskPath(HWND owner, bool save) {
     wchar_t path[MAX_PATH] = L"";
@@ -107,7 +114,9 @@ void MainWindow::FollowAll() {
 void MainWindow::Follow(ControlSite& site) {
     site.onEvent = [this, &site](Event& event) {
         Log(site.Name() + '.' + event.Text());
-        if (m_shown.Get() != &site) ShowSite(&site);
+        const bool isPassing = event.Name() == "MouseMove" || event.Name().starts_with("OLE");
+        if (m_shown.Get() != &site && !isPassing) ShowSite(&site);
+        ServeDrag(site.Control(), event);
     };
     site.onChanged = [this, &site](const std::string&) {
         if (m_shown.Get() != &site || m_refreshPending) return;
@@ -116,7 +125,31 @@ void MainWindow::Follow(ControlSite& site) {
     };
 }
 
+/// The user drags a control's date out with the left button, and another's into it where its
+/// `OLEDropMode` is manual.
+void MainWindow::ServeDrag(IUnknown* control, Event& event) {
+    constexpr int kText = 1;
+    const POINT pointer = PointerOf(GetMessagePos());
+    if (event.Name() == "MouseDown") {
+        m_press = pointer;
+    } else if (event.Name() == "MouseMove" && event.Argument(0).Number() == MK_LBUTTON && m_press) {
+        const bool dragged = std::abs(pointer.x - m_press->x) > GetSystemMetrics(SM_CXDRAG) ||
+                             std::abs(pointer.y - m_press->y) > GetSystemMetrics(SM_CYDRAG);
+        if (!dragged) return;
+        m_press.reset();
+        CallMethod(control, "OleDrag");
+    } else if (event.Name() == "OLEStartDrag") {
+        const Value date = GetProperty(control, "DateValue").result;
+        CallMethod(event.Argument(0).Object(), "SetData", {date.As(VT_BSTR), Value(kText)});
+        event.Change(1, Value(static_cast<long>(DROPEFFECT_COPY)));
+    } else if (event.Name() == "OLEDragDrop") {
+        const Outcome got = CallMethod(event.Argument(0).Object(), "GetData", {Value(kText)});
+        if (got.Succeeded()) PutProperty(control, "DateValue", got.result);
+    }
+}
+
 void MainWindow::Log(const std::string& line) {
+    if (std::exchange(m_lastLine, line) == line) return;  // a drag tells the same all the time
     if (SendMessageW(m_events, LB_GETCOUNT, 0, 0) >= kMostLines) {
         SendMessageW(m_events, LB_DELETESTRING, 0, 0);
     }

@@ -34,6 +34,7 @@ private:
     void BuildButtons();
     void Follow(ControlSite& site);
     void FollowAll();
+    void ServeDrag(IUnknown* control, Event& event);
     void Log(const std::string& line);
     void ShowSite(ControlSite* site);
     void ShowPages();
@@ -44,7 +45,9 @@ private:
     HWND m_events = nullptr;
     ComPtr<Form> m_form;
     std::unique_ptr<PropertyPanel> m_properties;
-    ComPtr<ControlSite> m_shown;  // whose properties are listed
+    ComPtr<ControlSite> m_shown;   // whose properties are listed
+    std::optional<POINT> m_press;  // on the screen, until a drag has begun
+    std::string m_lastLine;
     bool m_refreshPending = false;
 };
 

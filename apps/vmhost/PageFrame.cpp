@@ -135,15 +135,15 @@ RECT PageFrame::PageArea() const {
 
 void PageFrame::ShowPage(std::size_t index) {
     if (index >= m_pages.size() || index == m_shown) return;
-    if (m_shown < m_pages.size()) {
-        m_pages[m_shown].page->Show(SW_HIDE);
-        m_pages[m_shown].page->Deactivate();
-    }
+    // A page that is left stays active, so that it keeps what has been edited in it.
+    if (m_shown < m_pages.size()) m_pages[m_shown].page->Show(SW_HIDE);
     m_shown = index;
     SendMessageW(m_tabs, TCM_SETCURSEL, index, 0);
+    Loaded& loaded = m_pages[index];
     const RECT area = PageArea();
-    Check(m_pages[index].page->Activate(m_window, &area, FALSE), "opening a page");
-    m_pages[index].page->Show(SW_SHOW);
+    if (!loaded.active) Check(loaded.page->Activate(m_window, &area, FALSE), "opening a page");
+    loaded.active = true;
+    loaded.page->Show(SW_SHOW);
     // The page is a younger sibling of the tabs and would lie below them.
     SetWindowPos(m_tabs, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
@@ -170,14 +170,26 @@ HRESULT PageFrame::Apply() {
 void PageFrame::Press(int button) {
     if (button == IDCANCEL) return Close();
     if (button != IDOK && button != kApply) return;
-    if (SUCCEEDED(Apply()) && button == IDOK) Close();
+    const HRESULT code = Apply();
+    if (SUCCEEDED(code) && button == IDOK) Close();
+    if (FAILED(code) && code != E_ABORT) ShowError(code);
+}
+
+/// E_ABORT is not for here: the page has spoken for itself.
+void PageFrame::ShowError(HRESULT code) const {
+    ComPtr<IErrorInfo> error;
+    BSTR text = nullptr;
+    if (GetErrorInfo(0, error.GetAddressOf()) == S_OK) error->GetDescription(&text);
+    const std::wstring shown = text ? text : ToWide(HostError("applying", code).what());
+    SysFreeString(text);
+    MessageBoxW(m_window, shown.c_str(), L"Velmora form host", MB_OK | MB_ICONWARNING);
 }
 
 void PageFrame::Close() {
     if (!m_window) return;
     for (Loaded& loaded : m_pages) {
         loaded.site->Leave();
-        if (&loaded == m_pages.data() + m_shown) loaded.page->Deactivate();
+        if (loaded.active) loaded.page->Deactivate();
         loaded.page->SetObjects(0, nullptr);
         loaded.page->SetPageSite(nullptr);
     }

@@ -27,7 +27,7 @@ public:
     void ShowPage(std::size_t index);
     /// Applies what has changed. The first page that refuses stops it and its error comes back.
     HRESULT Apply();
-    /// IDOK, IDCANCEL or `kApply`, as if pressed.
+    /// IDOK, IDCANCEL or `kApply`, as if pressed; a refused value is told to the user.
     void Press(int button);
 
     static constexpr int kApply = 0x3021;
@@ -48,10 +48,12 @@ private:
         ComPtr<PageSite> site;
         std::wstring title;
         SIZE size = {};
+        bool active = false;
     };
 
     void Load(const CLSID& classId, IUnknown* control);
     void BuildWindow(HWND owner, const std::string& title);
+    void ShowError(HRESULT code) const;
     void Close();
     RECT PageArea() const;
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM w, LPARAM l);

@@ -6,6 +6,8 @@
 namespace velmora::vmhost {
 namespace {
 
+using Events = std::vector<std::string>;
+
 /// A control in the host window of the system's ATL library, on the form.
 class AtlHost : public ClientTest {
 protected:
@@ -36,6 +38,16 @@ protected:
         SetForegroundWindow(form->Window());
         UpdateWindow(form->Window());
     }
+    HWND Window() const {
+        return reinterpret_cast<HWND>(
+            static_cast<LONG_PTR>(GetProperty(control.Get(), "hWnd").result.Number()));
+    }
+    Events TakeOutcome() {
+        ServeWaiting(form.Get());
+        Events seen = TakeEvents();
+        std::erase_if(seen, [](const std::string& event) { return event.starts_with("Mouse"); });
+        return seen;
+    }
     bool Has(const std::string& event) const {
         return std::find(events.begin(), events.end(), event) != events.end();
     }
@@ -56,30 +68,63 @@ private:
 TEST_F(AtlHost, ACalendarTakesMouseAndKeys) {
     Put(L"VelmoraCalendar.VmCalendar", kCalendarPlace);
     PutProperty(control.Get(), "DateValue", Value::Date(DayNumber(2024, 3, 5)));
-    TakeEvents();
-    Click(OnScreen(host, 125, 120));
+    PutProperty(control.Get(), "MonthYearSelStyle", Value(2));
+    UpdateWindow(host);
+    TakeOutcome();
+    const auto clickThirdRow = [&] { Click(OnScreen(host, 87, 114)); };
+    clickThirdRow();
     EXPECT_TRUE(Serve([&] { return Has("Click()"); }));
-    const double clicked =
-        GetProperty(GetProperty(control.Get(), "SelectedDay").result.Object(), "DayDate")
-            .result.Real();
-    TakeEvents();
-    TypeKey(VK_RIGHT);
-    EXPECT_TRUE(Serve([&] { return Has("KeyUp(39, 0)"); }));
-    EXPECT_EQ(GetProperty(GetProperty(control.Get(), "SelectedDay").result.Object(), "DayDate")
-                  .result.Real(),
-              clicked + 1);
+    EXPECT_EQ(TakeOutcome(), (Events{"DateChanged(2024-03-12)", "DayChanged(12)", "Click()"}));
+    TypeKey(VK_DOWN);
+    EXPECT_TRUE(Serve([&] { return Has("KeyUp(40, 0)"); }));
+    EXPECT_EQ(TakeOutcome(), (Events{"KeyDown(40, 0)", "DateChanged(2024-03-19)", "DayChanged(19)",
+                                     "KeyUp(40, 0)"}));
+
+    COMBOBOXINFO months{};
+    months.cbSize = sizeof months;
+    const long combo = GetProperty(control.Get(), "cboMonthhwnd").result.Number();
+    ASSERT_TRUE(GetComboBoxInfo(reinterpret_cast<HWND>(static_cast<LONG_PTR>(combo)), &months));
+    Click(OnScreen(months.hwndCombo, months.rcButton.left + 3, months.rcButton.top + 3));
+    EXPECT_TRUE(Serve([&] { return IsWindowVisible(months.hwndList); }));
+    RECT april{};
+    SendMessageW(months.hwndList, LB_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&april));
+    Click(OnScreen(months.hwndList, april.left + 5, april.top + 5));
+    EXPECT_TRUE(Serve([&] { return Has("MonthChanged(4)"); }));
+    EXPECT_FALSE(IsWindowVisible(months.hwndList));
+    EXPECT_EQ(TakeOutcome(), (Events{"DateChanged(2024-04-12)", "MonthChanged(4)"}));
+    clickThirdRow();
+    EXPECT_TRUE(Serve([&] { return Has("Click()"); }));
+    EXPECT_EQ(TakeOutcome(),
+              (Events{"DateChanged(2024-04-09)", "DayChanged(9)", "MonthChanged(4)", "Click()"}));
+    EXPECT_EQ(GetFocus(), Window());
 }
 
-TEST_F(AtlHost, ABoxOpensByClickAndClosesOutside) {
+TEST_F(AtlHost, ABoxOpensByMouseAndKeys) {
     Put(L"VelmoraCalendar.VmCalDropDown", kBoxPlace);
+    PutProperty(control.Get(), "DateValue", Value::Date(DayNumber(2024, 3, 5)));
+    const auto isOpen = [&](bool open) {
+        return Serve(
+            [&] { return Got(control.Get(), "DropDownState") == (open ? "True" : "False"); });
+    };
+    UpdateWindow(host);
+    TakeOutcome();
     Click(OnScreen(host, 113, 10));  // the button
-    EXPECT_TRUE(Serve([&] { return Got(control.Get(), "DropDownState") == "True"; }));
-    EXPECT_TRUE(Has("DropDown(False)"));
-    MoveMouse(OnScreen(form->Window(), 20, 250));
-    EXPECT_TRUE(Serve([] { return GetCapture() != nullptr; }));  // a moment after the pointer left
-    Click(OnScreen(form->Window(), 20, 250));
-    EXPECT_TRUE(Serve([&] { return Has("CloseUp()"); }));
-    EXPECT_EQ(Got(control.Get(), "DropDownState"), "False");
+    EXPECT_TRUE(isOpen(true));
+    Click(OnScreen(host, 87, 21 + 114));  // into the calendar below
+    EXPECT_TRUE(isOpen(false));
+    EXPECT_EQ(TakeOutcome(), (Events{"DropDown(False)", "DateChanged(2024-03-12)", "DayChanged(12)",
+                                     "CloseUp()"}));
+    TypeKey(VK_F4);
+    EXPECT_TRUE(isOpen(true));
+    TypeKey(VK_UP);
+    TypeKey(VK_RETURN);
+    EXPECT_TRUE(isOpen(false));
+    EXPECT_TRUE(Serve([&] { return Has("KeyUp(13, 0)"); }));
+    EXPECT_EQ(GetFocus(), Window());
+    Events seen = TakeOutcome();
+    std::erase_if(seen, [](const std::string& event) { return event.starts_with("Key"); });
+    EXPECT_EQ(seen,
+              (Events{"DropDown(False)", "DateChanged(2024-03-05)", "DayChanged(5)", "CloseUp()"}));
 }
 
 }  // namespace

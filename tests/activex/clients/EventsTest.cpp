@@ -8,25 +8,7 @@ namespace {
 
 using Events = std::vector<std::string>;
 
-class ContainerEvents : public ClientTest {
-protected:
-    void SetDate(ControlSite& site, int year, int month, int day) {
-        const Outcome put =
-            PutProperty(site.Control(), "DateValue", Value::Date(DayNumber(year, month, day)));
-        EXPECT_TRUE(put.Succeeded()) << put.Text();
-    }
-    std::string DateOf(ControlSite& site) {
-        return Got(GetProperty(site.Control(), "SelectedDay").result.Object(), "DayDate");
-    }
-    void FocusOn(ControlSite& site) {
-        SetForegroundWindow(form->Window());
-        site.Activate(OLEIVERB_UIACTIVATE);
-        EXPECT_TRUE(Serve([&] { return site.IsUIActive(); }));
-        UpdateWindow(site.ControlWindow());  // the first paint has an event of its own
-        ServeWaiting(form.Get());
-        TakeEvents();
-    }
-};
+using ContainerEvents = ClientTest;
 
 TEST_F(ContainerEvents, TellEachPartOfADateThatChanged) {
     ControlSite& site = AddCalendar("C");
@@ -124,35 +106,6 @@ TEST_F(ContainerEvents, ARefusedEditChangesNothing) {
     site.onRequestEdit = nullptr;
     EXPECT_EQ(GetProperty(site.Control(), "MonthBackColor").result.Number(), -2147483633);
     EXPECT_EQ(DateOf(site), "2024-03-05");
-}
-
-TEST_F(ContainerEvents, TheBoxTellsOfItsCalendar) {
-    ControlSite& site = AddBox("B");
-    SetDate(site, 2024, 3, 5);
-    FocusOn(site);
-    TypeKey(VK_F4);
-    EXPECT_TRUE(Serve([&] { return Got(site.Control(), "DropDownState") == "True"; }));
-    TypeKey(VK_DOWN);
-    EXPECT_TRUE(Serve([&] { return DateOf(site) == "2024-03-12"; }));
-    TypeKey(VK_RETURN);
-    EXPECT_TRUE(Serve([&] { return Got(site.Control(), "DropDownState") == "False"; }));
-    Events seen = TakeEvents();
-    std::erase_if(seen, [](const std::string& event) { return event.starts_with("B.Key"); });
-    EXPECT_EQ(seen, (Events{"B.DropDown(False)", "B.DateChanged(2024-03-12)", "B.DayChanged(12)",
-                            "B.CloseUp()"}));
-}
-
-TEST_F(ContainerEvents, AClickOutsideClosesTheCalendar) {
-    ControlSite& site = AddBox("B");
-    FocusOn(site);
-    Click(OnScreen(site.ControlWindow(), 113, 10));  // the button
-    EXPECT_TRUE(Serve([&] { return Got(site.Control(), "DropDownState") == "True"; }));
-    MoveMouse(OnScreen(form->Window(), 20, 250));
-    EXPECT_TRUE(Serve([] { return GetCapture() != nullptr; }));  // a moment after the pointer left
-    EXPECT_EQ(std::count(events.begin(), events.end(), "B.CloseUp()"), 0);
-    Click(OnScreen(form->Window(), 20, 250));
-    EXPECT_TRUE(Serve([&] { return Got(site.Control(), "DropDownState") == "False"; }));
-    EXPECT_EQ(std::count(events.begin(), events.end(), "B.CloseUp()"), 1);
 }
 
 }  // namespace

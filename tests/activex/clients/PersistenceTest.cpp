@@ -48,9 +48,14 @@ std::vector<std::string> StateOf(const ControlSite& site) {
             FAILED(value.Object()->QueryInterface(IID_PPV_ARGS(font.GetAddressOf())))) {
             continue;
         }
-        for (const char* part : {"Name", "Size", "Bold", "Italic"}) {
-            state.push_back(property.name + '.' + part + " = " + Got(value.Object(), part));
-        }
+        Value name;  // by its own interface: by name, each part would load a type library
+        CY size{};
+        BOOL bold = FALSE;
+        V_VT(&name) = VT_BSTR;
+        font->get_Name(&V_BSTR(&name));
+        font->get_Size(&size);
+        font->get_Bold(&bold);
+        state.push_back(name.Text() + ' ' + std::to_string(size.Lo) + (bold ? " bold" : ""));
     }
     return state;
 }

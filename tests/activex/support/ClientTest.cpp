@@ -32,6 +32,25 @@ ControlSite& ClientTest::AddCalendar(const std::string& name) {
 
 ControlSite& ClientTest::AddBox(const std::string& name) { return Add(kBoxClass, name, kBoxPlace); }
 
+void ClientTest::SetDate(ControlSite& site, int year, int month, int day) {
+    const Outcome put =
+        PutProperty(site.Control(), "DateValue", Value::Date(DayNumber(year, month, day)));
+    EXPECT_TRUE(put.Succeeded()) << put.Text();
+}
+
+std::string ClientTest::DateOf(ControlSite& site) {
+    return Got(GetProperty(site.Control(), "SelectedDay").result.Object(), "DayDate");
+}
+
+void ClientTest::FocusOn(ControlSite& site) {
+    SetForegroundWindow(form->Window());
+    site.Activate(OLEIVERB_UIACTIVATE);
+    EXPECT_TRUE(Serve([&] { return site.IsUIActive(); }));
+    UpdateWindow(site.ControlWindow());  // the first paint has an event of its own
+    ServeWaiting(form.Get());
+    TakeEvents();
+}
+
 std::vector<std::string> ClientTest::TakeEvents() { return std::exchange(events, {}); }
 
 double DayNumber(int year, int month, int day) {

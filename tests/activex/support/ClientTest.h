@@ -26,6 +26,10 @@ protected:
                      const Saved& saved = {});
     ControlSite& AddCalendar(const std::string& name = "Calendar");
     ControlSite& AddBox(const std::string& name = "Box");
+    void SetDate(ControlSite& site, int year, int month, int day);
+    static std::string DateOf(ControlSite& site);  // the selected day's
+    /// Brings the form in front, the focus into the control, and lets it paint.
+    void FocusOn(ControlSite& site);
     /// The events since the last call, without those of mouse moves.
     std::vector<std::string> TakeEvents();
     bool Serve(const std::function<bool()>& condition, DWORD milliseconds = 3000) {

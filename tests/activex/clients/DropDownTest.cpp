@@ -1,0 +1,208 @@
+#include "tests/activex/support/Census.h"
+#include "tests/activex/support/ClientTest.h"
+#include "tests/activex/support/Input.h"
+
+#include <atomic>
+#include <thread>
+
+namespace velmora::vmhost {
+namespace {
+
+using Events = std::vector<std::string>;
+
+constexpr POINT kButton{113, 10};   // of the box
+constexpr POINT kTwelfth{87, 114};  // of the calendar that shows March 2024: column 3, row 3
+constexpr POINT kOnForm{20, 200};   // neither box nor calendar
+
+/// This thread's open calendar.
+HWND OpenCalendar() {
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM result) -> BOOL {
+            wchar_t name[32];
+            GetClassNameW(window, name, 32);
+            if (!IsWindowVisible(window) || wcscmp(name, L"VelmoraDropDownForm") != 0) return TRUE;
+            *reinterpret_cast<HWND*>(result) = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+bool IsOpen(ControlSite& box) { return Got(box.Control(), "DropDownState") == "True"; }
+
+/// A box with the focus that shows 5 March 2024, and a second window beside its form.
+class DropDowns : public ClientTest {
+protected:
+    DropDowns() : box(AddBox("B")), other(Form::Open(nullptr, {600, 0, 750, 300}, "Other")) {
+        SetDate(box, 2024, 3, 5);
+    }
+    ~DropDowns() override { other->Close(); }
+
+    void ClickOn(HWND window, POINT point) { Click(OnScreen(window, point.x, point.y)); }
+    /// The calendar has the mouse from a moment after the pointer has left it.
+    void ClickOutside(HWND window, POINT point) {
+        MoveMouse(OnScreen(window, point.x, point.y));
+        EXPECT_TRUE(Serve([] { return GetCapture() != nullptr; }));
+        ClickOn(window, point);
+    }
+    /// Only what happened, not by which key or button.
+    Events TakeOutcome() {
+        Events seen = TakeEvents();
+        std::erase_if(seen, [](const std::string& event) {
+            return event.starts_with("B.Key") || event.starts_with("B.Mouse");
+        });
+        return seen;
+    }
+    void OpenBy(const std::function<void()>& hand) {
+        SetDate(box, 2024, 3, 5);
+        FocusOn(box);
+        hand();
+        EXPECT_TRUE(Serve([&] { return IsOpen(box); }));
+        EXPECT_TRUE(Serve([] { return OpenCalendar() != nullptr; }));
+        EXPECT_EQ(GetFocus(), box.ControlWindow());
+    }
+    void ExpectClosed(HWND focus) {
+        EXPECT_TRUE(Serve([&] { return !IsOpen(box); }));
+        ServeWaiting(form.Get());
+        EXPECT_EQ(OpenCalendar(), nullptr);
+        EXPECT_EQ(VisibleWindows(), 2) << "the form and the other window";
+        EXPECT_TRUE(IsWindowVisible(box.ControlWindow()));
+        EXPECT_EQ(GetCapture(), nullptr);
+        EXPECT_EQ(GetFocus(), focus);
+    }
+
+    ControlSite& box;
+    ComPtr<Form> other;
+};
+
+TEST_F(DropDowns, OpenByMouseAndKeysAndEscapeLeavesTheDate) {
+    const HWND window = box.ControlWindow();
+    const struct {
+        const char* how;
+        std::function<void()> hand;
+    } cases[] = {{"button", [&] { ClickOn(window, kButton); }},
+                 {"text",
+                  [&] {
+                      ClickOn(window, {30, 10});
+                  }},
+                 {"F4", [] { TypeKey(VK_F4); }},
+                 {"Alt+Down", [] { TypeKey(VK_DOWN, VK_MENU); }},
+                 {"Alt+Up", [] { TypeKey(VK_UP, VK_MENU); }}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.how);
+        OpenBy(c.hand);
+        TypeKey(VK_ESCAPE);
+        ExpectClosed(window);
+        EXPECT_EQ(TakeOutcome(), (Events{"B.DropDown(False)", "B.CloseUp()"}));
+        EXPECT_EQ(DateOf(box), "2024-03-05");
+    }
+}
+
+TEST_F(DropDowns, CloseWithTheDateThatWasChosen) {
+    const HWND window = box.ControlWindow();
+    const Events none;
+    const Events twelfth{"B.DateChanged(2024-03-12)", "B.DayChanged(12)"};
+    const struct {
+        const char* how;
+        std::function<void()> hand;
+        Events events;
+        HWND focus;
+    } cases[] = {
+        {"day", [&] { ClickOn(OpenCalendar(), kTwelfth); }, twelfth, window},
+        {"Down and Enter", [] { TypeKey(VK_DOWN), TypeKey(VK_RETURN); }, twelfth, window},
+        {"Enter", [] { TypeKey(VK_RETURN); }, none, window},
+        {"F4", [] { TypeKey(VK_F4); }, none, window},
+        {"button", [&] { ClickOutside(window, kButton); }, none, window},
+        {"form", [&] { ClickOutside(form->Window(), kOnForm); }, none, window},
+        {"other window", [&] { ClickOutside(other->Window(), kOnForm); }, none, window},
+        {"activation", [&] { SetForegroundWindow(other->Window()); }, none, other->Window()},
+        {"Tab", [] { TypeKey(VK_TAB); }, none, window}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.how);
+        OpenBy([&] { ClickOn(window, kButton); });
+        c.hand();
+        ExpectClosed(c.focus);
+        Events expected{"B.DropDown(False)"};
+        expected.insert(expected.end(), c.events.begin(), c.events.end());
+        expected.push_back("B.CloseUp()");
+        EXPECT_EQ(TakeOutcome(), expected);
+        EXPECT_EQ(DateOf(box), c.events.empty() ? "2024-03-05" : "2024-03-12");
+    }
+}
+
+/// Forms with a calendar and a box in an apartment each; the box of the first is closed while those
+/// of the others stay open.
+class Apartments : public testing::Test {
+protected:
+    static constexpr int kThreads = 3;
+
+    void Live(int number) {
+        OleInitialize(nullptr);
+        const RECT place{number * 40, number * 250, number * 40 + 500, number * 250 + 250};
+        const ComPtr<Form> form = Form::Open(nullptr, place, "Apartment");
+        ControlSite& calendar = form->Add(kCalendarClass, "C", kCalendarPlace);
+        ControlSite& box = form->Add(kBoxClass, "B", kBoxPlace);
+        std::string last;
+        calendar.onEvent = [&](Event& event) { last = event.Text(); };
+        for (int day = 1; day <= 7; ++day) {
+            PutProperty(calendar.Control(), "DateValue",
+                        Value::Date(DayNumber(2000 + number, number + 1, day)));
+            UpdateWindow(calendar.ControlWindow());
+            ServeWaiting(form.Get());
+        }
+        EXPECT_EQ(last, "DayChanged(7)");
+        ++m_ready;
+        EXPECT_TRUE(Reached(form.Get(), m_ready, kThreads));
+        ServeUntil(
+            form.Get(), [] { return false; }, 100);  // until the last form is the active one
+        OpenTogether(form.Get(), box, number == 0);
+        form->Close();
+        EXPECT_EQ(VisibleWindows(), 0);
+        OleUninitialize();
+    }
+
+private:
+    static bool Reached(Form* form, std::atomic<int>& count, int wanted) {
+        const auto reached = [&] { return count >= wanted; };
+        return ServeUntil(form, reached, 20000);
+    }
+    void OpenTogether(Form* form, ControlSite& box, bool isFirst) {
+        // A key that comes without the focus: no thread is to take the focus from another.
+        SendMessageW(box.ControlWindow(), WM_KEYDOWN, VK_F4, 0);
+        EXPECT_TRUE(ServeUntil(
+            form, [] { return OpenCalendar() != nullptr; }, 5000));
+        ++m_open;
+        EXPECT_TRUE(Reached(form, m_open, kThreads));
+        EXPECT_TRUE(IsOpen(box));
+        if (isFirst) {
+            PutProperty(box.Control(), "DropDownState", Value(false));
+            EXPECT_EQ(OpenCalendar(), nullptr);
+            ++m_closed;
+        }
+        EXPECT_TRUE(Reached(form, m_closed, 1));
+        ServeUntil(
+            form, [] { return false; }, 100);  // some of the open calendar's ticks
+        EXPECT_EQ(IsOpen(box), !isFirst);
+        EXPECT_EQ(OpenCalendar() != nullptr, !isFirst);
+        ++m_done;
+        EXPECT_TRUE(Reached(form, m_done, kThreads));
+    }
+
+    std::atomic<int> m_ready = 0;
+    std::atomic<int> m_open = 0;
+    std::atomic<int> m_closed = 0;
+    std::atomic<int> m_done = 0;
+};
+
+TEST_F(Apartments, HaveTheirOwnControlsAndOpenCalendars) {
+    std::vector<std::thread> threads;
+    for (int number = 0; number < kThreads; ++number) {
+        threads.emplace_back([this, number] { Live(number); });
+    }
+    for (std::thread& thread : threads) thread.join();
+}
+
+}  // namespace
+}  // namespace velmora::vmhost
