@@ -135,10 +135,6 @@ void GdiCache::Release(HDC context) {
     }
 }
 
-bool GdiCache::IsPair(HDC context, HGDIOBJ bitmap) const noexcept {
-    return context && context == m_composition.context && bitmap == m_composition.object;
-}
-
 void GdiCache::Release(HGDIOBJ object) {
     if (object == m_composition.object) {
         m_composition.used = false;

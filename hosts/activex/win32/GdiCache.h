@@ -30,8 +30,6 @@ public:
     /// What such a bitmap is selected into; null when it cannot be made.
     HDC Context(HDC screen);
     void Release(HDC context);
-    /// Whether both are what is kept: they stay together, so nothing has to be selected.
-    bool IsPair(HDC context, HGDIOBJ bitmap) const noexcept;
     /// Ends a use; an object of another origin is deleted.
     void Release(HGDIOBJ object);
 

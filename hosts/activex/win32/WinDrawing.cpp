@@ -69,8 +69,11 @@ ObjectHandle WinDrawing::CreateFontIndirectA(const LogFont& font) {
 
 ObjectHandle WinDrawing::SelectObject(SurfaceHandle surface, ObjectHandle object) {
     if (object == ObjectHandle::None) return ObjectHandle::None;
-    if (m_cache->IsPair(ContextOf(surface), Native(object))) return ObjectHandle::None;
-    return ObjectOf(::SelectObject(ContextOf(surface), Native(object)));
+    const HDC context = ContextOf(surface);
+    const HGDIOBJ native = Native(object);
+    // Selecting a font or a bitmap takes as long as several cells, also when it is there already.
+    if (GetCurrentObject(context, GetObjectType(native)) == native) return object;
+    return ObjectOf(::SelectObject(context, native));
 }
 
 void WinDrawing::DeleteObject(ObjectHandle object) {

@@ -2,9 +2,13 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace velmora {
 
 std::wstring ToWide(std::string_view text) {
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (std::ranges::all_of(text, isAscii)) return {text.begin(), text.end()};
     const int length = static_cast<int>(text.size());
     const int wideLength = MultiByteToWideChar(CP_UTF8, 0, text.data(), length, nullptr, 0);
     std::wstring wide(static_cast<std::size_t>(wideLength), L'\0');
