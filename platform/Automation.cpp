@@ -1,9 +1,9 @@
 #include "platform/Automation.h"
 
 #include "platform/AutomationError.h"
+#include "platform/NumberText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -13,9 +13,7 @@ namespace {
 
 double TextToDouble(const std::string& text) {
     double number = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end || text.empty()) RaiseTypeMismatch();
+    if (ParseNumber(text, number) != std::errc()) RaiseTypeMismatch();
     return number;
 }
 

@@ -1,10 +1,9 @@
 #include "platform/AutomationError.h"
 
 namespace velmora {
-namespace {
 
-const char* TextOf(ErrorNumber number) {
-    switch (number) {
+const char* AutomationError::what() const noexcept {
+    switch (m_number) {
         case ErrorNumber::InvalidProcedureCall: return "Invalid procedure call or argument";
         case ErrorNumber::Overflow: return "Overflow";
         case ErrorNumber::TypeMismatch: return "Type mismatch";
@@ -14,10 +13,5 @@ const char* TextOf(ErrorNumber number) {
     }
     return "Automation error";
 }
-
-}  // namespace
-
-AutomationError::AutomationError(ErrorNumber number)
-    : std::runtime_error(TextOf(number)), m_number(number) {}
 
 }  // namespace velmora

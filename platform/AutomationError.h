@@ -1,6 +1,6 @@
 #pragma once
 
-#include <stdexcept>
+#include <exception>
 
 namespace velmora {
 
@@ -16,10 +16,11 @@ enum class ErrorNumber : int {
 
 /// A refusal. Thrown before anything has been stored, so the object is as it was.
 /// `what()` is the standard text of the number.
-class AutomationError : public std::runtime_error {
+class AutomationError : public std::exception {
 public:
-    explicit AutomationError(ErrorNumber number);
+    explicit AutomationError(ErrorNumber number) noexcept : m_number(number) {}
 
+    const char* what() const noexcept override;
     ErrorNumber Number() const noexcept { return m_number; }
 
 private:

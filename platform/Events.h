@@ -4,69 +4,67 @@
 #include <functional>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace velmora {
+
+/// The handlers of an event of any kind. Without any it costs two pointers.
+class HandlerList {
+    struct List;
+
+public:
+    using Id = std::size_t;
+
+    /// One raising of the event: the handlers that it has now, as far as they are still connected
+    /// when it is their turn.
+    class Round {
+    public:
+        explicit Round(const HandlerList& handlers);
+
+        /// Null behind the last one; otherwise it lives until the next call at least.
+        const void* Next();
+
+    private:
+        std::shared_ptr<const List> m_list;
+        Id m_called = 0;
+        Id m_last = 0;
+        std::shared_ptr<const void> m_handler;
+    };
+
+    HandlerList() = default;
+    HandlerList(const HandlerList&) = delete;
+    HandlerList& operator=(const HandlerList&) = delete;
+    ~HandlerList();
+
+    Id Add(std::shared_ptr<const void> handler);
+    void Remove(Id id);
+
+private:
+    std::shared_ptr<List> m_list;
+};
 
 /// One event of a control: handlers are called in the order in which they were connected, from
 /// inside the operation that causes the event. A handler may connect, disconnect, raise the event
 /// again or destroy the event's owner; after that the handlers behind it are not called.
-/// An event without handlers costs one pointer.
 template <class... Args>
 class Event {
 public:
     using Handler = std::function<void(Args...)>;
-    using Id = std::size_t;
-
-    Event() = default;
-    Event(const Event&) = delete;
-    Event& operator=(const Event&) = delete;
-    ~Event() {
-        if (m_list) m_list->entries.clear();
-    }
+    using Id = HandlerList::Id;
 
     /// Returns what `Disconnect` takes; a connection otherwise lasts as long as the event.
     Id Connect(Handler handler) {
-        if (!m_list) m_list = std::make_shared<List>();
-        m_list->entries.push_back(
-            {++m_list->lastId, std::make_shared<const Handler>(std::move(handler))});
-        return m_list->lastId;
+        return m_handlers.Add(std::make_shared<const Handler>(std::move(handler)));
     }
-
-    void Disconnect(Id id) {
-        if (m_list) std::erase_if(m_list->entries, [id](const Entry& e) { return e.id == id; });
-    }
+    void Disconnect(Id id) { m_handlers.Remove(id); }
 
     /// For the owner alone. A handler connected meanwhile is called from the next time on.
     void Raise(Args... args) const {
-        const std::shared_ptr<List> list = m_list;
-        if (!list) return;
-        const Id last = list->lastId;
-        Id called = 0;
-        while (const auto handler = NextAfter(*list, called, last)) (*handler)(args...);
+        HandlerList::Round round(m_handlers);
+        while (const void* handler = round.Next()) (*static_cast<const Handler*>(handler))(args...);
     }
 
 private:
-    struct Entry {
-        Id id;
-        std::shared_ptr<const Handler> handler;
-    };
-    struct List {
-        std::vector<Entry> entries;  // ids ascend
-        Id lastId = 0;
-    };
-
-    static std::shared_ptr<const Handler> NextAfter(const List& list, Id& called, Id last) {
-        for (const Entry& entry : list.entries) {
-            if (entry.id <= called) continue;
-            if (entry.id > last) break;
-            called = entry.id;
-            return entry.handler;
-        }
-        return nullptr;
-    }
-
-    std::shared_ptr<List> m_list;
+    HandlerList m_handlers;
 };
 
 /// Tells code that raises events whether its object still exists when the handlers have returned.

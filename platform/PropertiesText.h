@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/MemoryBag.h"
+#include "platform/TextError.h"
 
 #include <cstddef>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -17,10 +17,10 @@ enum class FileProblem { Missing, NotReadable, Damaged, NotSaved };
 
 /// A file of saved properties that could not be loaded or saved. `what()` names file, line and
 /// reason for a user to read.
-class PropertyFileError : public std::runtime_error {
+class PropertyFileError : public TextError {
 public:
     PropertyFileError(FileProblem problem, const std::string& text, std::size_t line = 0)
-        : std::runtime_error(text), m_problem(problem), m_line(line) {}
+        : TextError(text), m_problem(problem), m_line(line) {}
 
     FileProblem Problem() const noexcept { return m_problem; }
     /// Of the damage, from 1; 0 when no line is to blame.

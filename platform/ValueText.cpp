@@ -2,13 +2,12 @@
 
 #include "platform/Automation.h"
 #include "platform/Base64.h"
+#include "platform/NumberText.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <clocale>
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -38,20 +37,7 @@ std::string Cited(std::string_view text) {
 }
 
 std::string NumberText(std::int32_t number) { return std::to_string(number); }
-
-/// The shortest of the forms that give the same number again. `std::to_chars` knows an even shorter
-/// one now and then, at the price of 150 KiB of tables in every program.
-std::string NumberText(double number) {
-    char text[32];
-    double again = 0;
-    for (int digits = 15; digits <= 17; ++digits) {
-        const int length = std::snprintf(text, sizeof text, "%.*g", digits, number);
-        std::replace(text, text + length, *std::localeconv()->decimal_point, '.');
-        std::from_chars(text, text + length, again);
-        if (again == number) break;
-    }
-    return text;
-}
+using velmora::NumberText;
 
 // Writing
 
@@ -144,12 +130,11 @@ public:
     T Number(const char* what) {
         const std::string_view word = Word(what);
         T number{};
-        const char* const end = word.data() + word.size();
-        const auto [stop, error] = std::from_chars(word.data(), end, number);
+        const std::errc error = Parse(word, number);
         if (error == std::errc::result_out_of_range) {
             throw ValueTextError(std::string(what) + ' ' + Cited(word) + " is out of range");
         }
-        if (error != std::errc() || stop != end) {
+        if (error != std::errc()) {
             throw ValueTextError(std::string(what) + ' ' + Cited(word) + " is no number");
         }
         return number;
@@ -162,6 +147,15 @@ public:
     }
 
 private:
+    template <class T>
+    static std::errc Parse(std::string_view word, T& number) {
+        const char* const end = word.data() + word.size();
+        const auto [stop, error] = std::from_chars(word.data(), end, number);
+        return error == std::errc() && stop != end ? std::errc::invalid_argument : error;
+    }
+    static std::errc Parse(std::string_view word, double& number) {
+        return ParseNumber(word, number);
+    }
     void SkipSpaces() {
         m_rest.remove_prefix(std::min(m_rest.find_first_not_of(" \t"), m_rest.size()));
     }

@@ -1,18 +1,18 @@
 #pragma once
 
 #include "platform/FontAndPicture.h"
+#include "platform/TextError.h"
 #include "platform/Variant.h"
 
 #include <cstddef>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace velmora {
 
 /// Text that is no value, or a value too large for text. `what()` gives the reason.
-class ValueTextError : public std::runtime_error {
-    using std::runtime_error::runtime_error;
+class ValueTextError : public TextError {
+    using TextError::TextError;
 };
 
 inline constexpr std::size_t kMostStoredPixels = 16u << 20;  // of a picture: 64 MiB

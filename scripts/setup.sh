@@ -7,7 +7,7 @@ readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev qt6-too
 readonly kSanitizePackages=(clang libclang-rt-dev)
 readonly kWindowPackages=(xvfb xdotool)
 readonly kBenchPackages=(libbenchmark-dev)
-readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
+readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32
     mingw-w64-tools libwine-dev googletest zip)
 # With what Wine loads of the X client libraries when they are there.
 readonly kWinePackages=(wine wine64 fonts-wine libxcomposite1 libxcursor1 libxfixes3 libxi6

@@ -12,6 +12,9 @@ namespace velmora {
 
 using Microsoft::WRL::ComPtr;
 
+ComFailure::ComFailure(HRESULT failure, const char* description)
+    : TextError(description), m_failure(failure) {}
+
 HRESULT Refuse(HRESULT failure, std::string_view description) {
     ComPtr<ICreateErrorInfo> creator;
     ComPtr<IErrorInfo> info;

@@ -1,20 +1,19 @@
 #pragma once
 
 #include "platform/AutomationError.h"
+#include "platform/TextError.h"
 
 #include <windows.h>
 
-#include <stdexcept>
 #include <string_view>
 #include <type_traits>
 
 namespace velmora {
 
 /// A failure without a published number, on its way to a client or from one of its objects.
-class ComFailure : public std::runtime_error {
+class ComFailure : public TextError {
 public:
-    explicit ComFailure(HRESULT failure, const char* description = "Automation error")
-        : std::runtime_error(description), m_failure(failure) {}
+    explicit ComFailure(HRESULT failure, const char* description = "Automation error");
 
     HRESULT Failure() const noexcept { return m_failure; }
 

@@ -1,7 +1,6 @@
 #include "hosts/activex/control/CalendarControl.h"
 
 #include "hosts/activex/com/ComBag.h"
-#include "hosts/activex/control/EventRelay.h"
 #include "hosts/activex/win32/WinInput.h"
 
 #include <span>
@@ -26,35 +25,29 @@ CalendarControl::CalendarControl()
 CalendarControl::~CalendarControl() { Objects().Fonts().WhenFontChanges(nullptr); }
 
 void CalendarControl::ConnectEvents() {
-    const auto relay = [this](auto& event, DISPID id) {
-        RelayEvent(event, Objects(), [this, id](std::span<VARIANT> values) { Raise(id, values); });
-    };
     CalendarEvents& events = m_calendar.Events();
-    relay(events.Click, 1);
-    relay(events.DateChanged, 2);
-    relay(events.DayChanged, 3);
-    relay(events.DblClick, 4);
-    relay(events.KeyUp, 5);
-    relay(events.KeyPress, 6);
-    relay(events.KeyDown, 7);
-    relay(events.MonthChanged, 8);
-    relay(events.MouseDown, 9);
-    relay(events.MouseMove, 10);
-    relay(events.MouseUp, 11);
-    relay(events.YearChanged, 18);
+    Relay(events.Click, 1);
+    Relay(events.DateChanged, 2);
+    Relay(events.DayChanged, 3);
+    Relay(events.DblClick, 4);
+    Relay(events.KeyUp, 5);
+    Relay(events.KeyPress, 6);
+    Relay(events.KeyDown, 7);
+    Relay(events.MonthChanged, 8);
+    Relay(events.MouseDown, 9);
+    Relay(events.MouseMove, 10);
+    Relay(events.MouseUp, 11);
+    Relay(events.YearChanged, 18);
 }
 
 void CalendarControl::ConnectDragEvents() {
-    const auto relay = [this](auto& event, DISPID id) {
-        RelayEvent(event, Objects(), [this, id](std::span<VARIANT> values) { Raise(id, values); });
-    };
     CalendarEvents& events = m_calendar.Events();
-    relay(events.OLECompleteDrag, 12);
-    relay(events.OLEDragDrop, 13);
-    relay(events.OLEDragOver, 14);
-    relay(events.OLEGiveFeedback, 15);
-    relay(events.OLESetData, 16);
-    relay(events.OLEStartDrag, 17);
+    Relay(events.OLECompleteDrag, 12);
+    Relay(events.OLEDragDrop, 13);
+    Relay(events.OLEDragOver, 14);
+    Relay(events.OLEGiveFeedback, 15);
+    Relay(events.OLESetData, 16);
+    Relay(events.OLEStartDrag, 17);
 }
 
 // Published members.

@@ -1,6 +1,5 @@
 #include "hosts/activex/control/DropDownControl.h"
 
-#include "hosts/activex/control/EventRelay.h"
 #include "hosts/activex/win32/WinInput.h"
 
 #include <span>
@@ -44,38 +43,32 @@ DropDownControl::DropDownControl()
 DropDownControl::~DropDownControl() { Objects().Fonts().WhenFontChanges(nullptr); }
 
 void DropDownControl::ConnectEvents() {
-    const auto relay = [this](auto& event, DISPID id) {
-        RelayEvent(event, Objects(), [this, id](std::span<VARIANT> values) { Raise(id, values); });
-    };
     DropDownEvents& events = m_box.Events();
     events.DropDown.Connect([this](bool&) {
         m_form->Follow(AmbientFont(), std::make_shared<DateLocale>(DateServices().Locale()));
     });
-    relay(events.CloseUp, 1);
-    relay(events.DateChanged, 2);
-    relay(events.DayChanged, 3);
-    relay(events.DropDown, 4);
-    relay(events.KeyUp, 5);
-    relay(events.KeyPress, 6);
-    relay(events.KeyDown, 7);
-    relay(events.MonthChanged, 8);
-    relay(events.MouseDown, 9);
-    relay(events.MouseMove, 10);
-    relay(events.MouseUp, 11);
-    relay(events.YearChanged, 18);
+    Relay(events.CloseUp, 1);
+    Relay(events.DateChanged, 2);
+    Relay(events.DayChanged, 3);
+    Relay(events.DropDown, 4);
+    Relay(events.KeyUp, 5);
+    Relay(events.KeyPress, 6);
+    Relay(events.KeyDown, 7);
+    Relay(events.MonthChanged, 8);
+    Relay(events.MouseDown, 9);
+    Relay(events.MouseMove, 10);
+    Relay(events.MouseUp, 11);
+    Relay(events.YearChanged, 18);
 }
 
 void DropDownControl::ConnectDragEvents() {
-    const auto relay = [this](auto& event, DISPID id) {
-        RelayEvent(event, Objects(), [this, id](std::span<VARIANT> values) { Raise(id, values); });
-    };
     DropDownEvents& events = m_box.Events();
-    relay(events.OLECompleteDrag, 12);
-    relay(events.OLEDragDrop, 13);
-    relay(events.OLEDragOver, 14);
-    relay(events.OLEGiveFeedback, 15);
-    relay(events.OLESetData, 16);
-    relay(events.OLEStartDrag, 17);
+    Relay(events.OLECompleteDrag, 12);
+    Relay(events.OLEDragDrop, 13);
+    Relay(events.OLEDragOver, 14);
+    Relay(events.OLEGiveFeedback, 15);
+    Relay(events.OLESetData, 16);
+    Relay(events.OLEStartDrag, 17);
 }
 
 // Published members.

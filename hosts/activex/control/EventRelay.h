@@ -14,7 +14,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <tuple>
 #include <utility>
 
 namespace velmora {
@@ -86,19 +85,32 @@ private:
     IDispatch* m_object = nullptr;
 };
 
-/// Passes an event of the core on: `raise` gets its arguments in the order of the declaration.
+/// A handler of the core's events, whatever arguments they have: `Raise` gets these in the order of
+/// the declaration.
+template <class Raise>
+struct EventRelay {
+    ObjectBridge& objects;
+    Raise raise;
+
+    template <class... Args>
+    void operator()(Args&... args) const {
+        Pass(std::index_sequence_for<Args...>(), args...);
+    }
+
+private:
+    template <std::size_t... kIndex, class... Args>
+    void Pass(std::index_sequence<kIndex...>, Args&... args) const {
+        [[maybe_unused]] std::array<EventArgument, sizeof...(Args)> arguments;
+        std::array<VARIANT, sizeof...(Args)> variants{arguments[kIndex].Refer(args, objects)...};
+        raise(std::span<VARIANT>(variants));
+        (arguments[kIndex].Return(args, objects), ...);
+    }
+};
+
+/// Passes an event of the core on.
 template <class Raise, class... Args>
 void RelayEvent(Event<Args...>& event, ObjectBridge& objects, Raise raise) {
-    event.Connect([&objects, raise](Args... args) {
-        [&]<std::size_t... kIndex>(std::index_sequence<kIndex...>, auto&... values) {
-            [[maybe_unused]] std::array<EventArgument, sizeof...(Args)> arguments;
-            std::array<VARIANT, sizeof...(Args)> variants{
-                arguments[kIndex].Refer(values, objects)...};
-            raise(std::span<VARIANT>(variants));
-            (arguments[kIndex].Return(values, objects), ...);
-        }
-        (std::index_sequence_for<Args...>(), args...);
-    });
+    event.Connect(EventRelay<Raise>{objects, std::move(raise)});
 }
 
 }  // namespace velmora

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "hosts/activex/com/ComDispatch.h"
-#include "hosts/activex/com/ComError.h"
 #include "hosts/activex/com/ComObject.h"
-#include "hosts/activex/com/ComVariant.h"
 #include "hosts/activex/control/DayObjects.h"
+#include "hosts/activex/control/EventRelay.h"
 #include "hosts/activex/control/OleControl.h"
 #include "platform/Automation.h"
 
@@ -12,153 +10,97 @@
 
 #include <atomic>
 #include <memory>
-#include <string_view>
+#include <span>
 #include <type_traits>
 
 namespace velmora {
 
-/// `OleDrag` is published, and the core asks its container for it by the same name: each way of it
-/// has a class of its own.
-template <class Interface>
-class DragMethod : public Dual<Interface> {
+/// What a control with a default interface is besides that: its references, its objects, and the
+/// way of a property between the interface and the core's property of the same name.
+class PublishedControl : public OleControl {
 public:
-    STDMETHODIMP OleDrag() override { return OnOleDrag(); }
-
-protected:
-    virtual HRESULT OnOleDrag() = 0;
-};
-
-class DragHosting : public OleControl {
-public:
-    void OleDrag() override { Drag(); }
+    /// Published under the same name, which the default interface takes.
+    void OleDrag() final { Drag(); }
 
 protected:
     using OleControl::OleControl;
-    virtual void Drag() = 0;
-};
-
-/// A control as a COM object: its references, its default interface, and the way of a property
-/// between that and the core's property of the same name.
-template <class Interface>
-class PublishedControl : public DragMethod<Interface>, public DragHosting {
-public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) return E_POINTER;
-        *object = Find(iid);
-        if (!*object) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++m_references); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const long left = --m_references;
-        if (left == 0) {
-            m_references = 1;  // what the destructor calls may count
-            delete this;
-        }
-        return static_cast<ULONG>(left);
-    }
-
-protected:
-    using DragHosting::DragHosting;
 
     /// The core's control, which has every published property by name.
     virtual AutomationObject& Core() = 0;
+    virtual void Drag() = 0;
     ObjectBridge& Objects() override { return *m_objects; }
+
+    ULONG Count() noexcept { return static_cast<ULONG>(++m_references); }
+    /// 0: the object has to go; what its destructor calls may count.
+    ULONG Uncount() noexcept;
 
     /// Runs a published member. Whatever it calls may drop the last reference.
     template <class Body>
-    HRESULT Do(Body body) {
-        const Hold hold(*this);
-        return Guard([&] {
-            EnsureInitialized();
-            body();
-        });
-    }
-    template <class Out>
-    HRESULT Get(std::string_view name, Out* value) {
-        return Give(value, [&](Out& out) { Convert(Core().GetMember(name), out); });
+    HRESULT Do(Body body) noexcept {
+        return Run([](void* object) { (*static_cast<Body*>(object))(); }, &body);
     }
     template <class Out, class Body>
-    HRESULT Give(Out* value, Body body) {
+    HRESULT Give(Out* value, Body body) noexcept {
         if (!value) return E_POINTER;
         *value = {};
         return Do([&] { body(*value); });
     }
-    /// Error 387: somebody who is notified of the property refuses the change.
-    template <class In>
-    HRESULT Let(std::string_view name, In value) {
-        return Do([&] {
-            if (!RequestEdit(name)) throw ComFailure(HresultOf(kSetNotPermitted), kRefusedEdit);
-            Core().LetMember(name, ToCore(value));
-        });
-    }
-    HRESULT LetFlag(std::string_view name, VARIANT_BOOL value) {
-        return Do([&] {
-            if (!RequestEdit(name)) throw ComFailure(HresultOf(kSetNotPermitted), kRefusedEdit);
-            Core().LetMember(name, value != VARIANT_FALSE);
-        });
-    }
-
-private:
-    static constexpr auto kSetNotPermitted = static_cast<ErrorNumber>(387);
-    static constexpr const char* kRefusedEdit = "Set not permitted";
-
-    void* Find(REFIID iid) {
-        auto* const dual = static_cast<Interface*>(this);
-        if (iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) || iid == __uuidof(Interface)) {
-            return dual;
-        }
-        return FindOle(iid);
-    }
 
     // Out of the core.
 
-    void Convert(const Variant& value, DATE& out) { out = FromVariant<Date>(value).value; }
+    HRESULT Get(const char* name, DATE* value) noexcept;
     /// 16-bit numbers and Booleans have the same type here.
-    void Convert(const Variant& value, short& out) {
-        const auto* flag = value.As<bool>();
-        out = flag ? (*flag ? VARIANT_TRUE : VARIANT_FALSE) : FromVariant<std::int16_t>(value);
+    HRESULT Get(const char* name, short* value) noexcept;
+    HRESULT Get(const char* name, BSTR* value) noexcept;
+    HRESULT Get(const char* name, VARIANT* value) noexcept;
+    HRESULT Get(const char* name, long* value) noexcept { return GetBits(name, value); }
+    HRESULT Get(const char* name, ::OLE_COLOR* value) noexcept { return GetBits(name, value); }
+    template <class Enumeration>
+    HRESULT Get(const char* name, Enumeration* value) noexcept {
+        static_assert(std::is_enum_v<Enumeration> && sizeof(Enumeration) == sizeof(long));
+        return GetBits(name, value);
     }
-    void Convert(const Variant& value, long& out) { out = ToInt32(value); }
-    void Convert(const Variant& value, ::OLE_COLOR& out) {
-        out = static_cast<::OLE_COLOR>(ToInt32(value));
-    }
-    void Convert(const Variant& value, BSTR& out) {
-        const auto* text = value.As<std::string>();
-        if (!text) RaiseTypeMismatch();
-        out = ToBstr(*text);
-    }
-    void Convert(const Variant& value, VARIANT& out) { ToComVariant(value, *m_objects, out); }
-    template <class Out>
-    void Convert(const Variant& value, Out& out) {
-        if constexpr (std::is_enum_v<Out>) {
-            out = static_cast<Out>(ToInt32(value));
-        } else {
-            const auto object = m_objects->ToClient(ToObject<Object>(value));
-            if (object) Require(object->QueryInterface(IID_PPV_ARGS(&out)));
-        }
+    template <class Interface>
+    HRESULT Get(const char* name, Interface** value) noexcept {
+        return GetInterface(name, __uuidof(Interface), reinterpret_cast<void**>(value));
     }
 
-    // Into the core.
+    // Into the core. Error 387: somebody who is notified of the property refuses the change.
 
-    template <class In>
-    Variant ToCore(const In& value) {
-        if constexpr (std::is_enum_v<In> || std::is_same_v<In, long> ||
-                      std::is_same_v<In, ::OLE_COLOR>) {
-            return static_cast<std::int32_t>(value);
-        } else if constexpr (std::is_same_v<In, DATE>) {
-            return Date(value);
-        } else if constexpr (std::is_same_v<In, BSTR>) {
-            return FromBstr(value);
-        } else if constexpr (std::is_same_v<In, VARIANT>) {
-            return FromComVariant(value, *m_objects);
-        } else if constexpr (std::is_pointer_v<In>) {
-            return m_objects->FromClient(value);
-        } else {
-            return std::int16_t{value};
-        }
+    HRESULT Let(const char* name, const VARIANT& value) noexcept;
+    HRESULT Let(const char* name, DATE value) noexcept;
+    HRESULT Let(const char* name, short value) noexcept;
+    HRESULT Let(const char* name, long value) noexcept;
+    HRESULT Let(const char* name, BSTR value) noexcept;
+    HRESULT Let(const char* name, IDispatch* value) noexcept;
+    HRESULT LetFlag(const char* name, VARIANT_BOOL value) noexcept;
+    HRESULT Let(const char* name, ::OLE_COLOR value) noexcept {
+        return Let(name, static_cast<long>(value));
     }
+    template <class Enumeration>
+    std::enable_if_t<std::is_enum_v<Enumeration>, HRESULT> Let(const char* name,
+                                                               Enumeration value) noexcept {
+        return Let(name, static_cast<long>(value));
+    }
+
+    /// Passes an event of the core on, under its published number.
+    template <class... Args>
+    void Relay(Event<Args...>& event, DISPID id) {
+        RelayEvent(event, Objects(), Raiser{*this, id});
+    }
+
+private:
+    struct Raiser {
+        PublishedControl& control;
+        DISPID id;
+
+        void operator()(std::span<VARIANT> values) const { control.Raise(id, values); }
+    };
+
+    HRESULT Run(void (*body)(void*), void* object) noexcept;
+    /// A 32-bit number; `value` is null or has room for it.
+    HRESULT GetBits(const char* name, void* value) noexcept;
+    HRESULT GetInterface(const char* name, REFIID iid, void** value) noexcept;
 
     std::shared_ptr<ControlObjects> m_objects = std::make_shared<ControlObjects>();
     std::atomic<long> m_references = 1;

@@ -2,8 +2,8 @@
 
 #include "hosts/activex/com/ComError.h"
 #include "hosts/activex/win32/WinText.h"
+#include "platform/NumberText.h"
 
-#include <charconv>
 #include <optional>
 #include <string>
 
@@ -12,9 +12,7 @@ namespace {
 
 std::optional<double> NumberOf(const std::string& text) {
     double number = 0;
-    const char* const end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, number);
-    if (result.ec != std::errc() || result.ptr != end) return {};
+    if (ParseNumber(text, number) != std::errc()) return {};
     return number;
 }
 
