@@ -2,8 +2,8 @@
 # configures and builds a preset. Whatever fails ends the script with one line on what to do.
 # shellcheck shell=bash disable=SC2034
 
-readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev qt6-tools-dev libgl-dev
-    fonts-dejavu-core)
+readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libqt6opengl6-dev
+    qt6-tools-dev libgl-dev fonts-dejavu-core)
 readonly kSanitizePackages=(clang libclang-rt-dev)
 readonly kWindowPackages=(xvfb xdotool)
 readonly kBenchPackages=(libbenchmark-dev)
