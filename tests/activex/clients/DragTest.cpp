@@ -17,7 +17,7 @@ struct Drag {
     How how;  // Promised: made when the target asks for it; Cancelled: by Escape over the target
     short format;
     const char* value;
-    long effects[3];  // allowed, then what the target's handlers make of a move and of the drop
+    long allowed, over, dropped;  // effects: the last two by the target's handlers
     const char* order;
 };
 
@@ -59,7 +59,7 @@ protected:
             Note("start");
             const Value value = drag.how == How::Promised ? Value() : Value(drag.value);
             CallMethod(event.Argument(0).Object(), "SetData", {value, Value(drag.format)});
-            EXPECT_TRUE(event.Change(1, Value(drag.effects[0])));
+            EXPECT_TRUE(event.Change(1, Value(drag.allowed)));
         } else if (event.Name() == "OLESetData") {
             Note("promise " + event.Argument(1).Text());
             CallMethod(event.Argument(0).Object(), "SetData",
@@ -68,12 +68,12 @@ protected:
             Note("feedback " + event.Argument(0).Text());
         } else if (event.Name() == "OLEDragOver") {
             Note("over " + event.Argument(1).Text() + " at " + event.Argument(6).Text());
-            EXPECT_TRUE(event.Change(1, Value(drag.effects[1])));
+            EXPECT_TRUE(event.Change(1, Value(drag.over)));
         } else if (event.Name() == "OLEDragDrop") {
             const Outcome got =
                 CallMethod(event.Argument(0).Object(), "GetData", {Value(drag.format)});
             Note("drop " + event.Argument(1).Text() + " " + got.result.Text());
-            EXPECT_TRUE(event.Change(1, Value(drag.effects[2])));
+            EXPECT_TRUE(event.Change(1, Value(drag.dropped)));
         } else if (event.Name() == "OLECompleteDrag") {
             Note("complete " + event.Argument(0).Text());
         }
@@ -87,32 +87,17 @@ protected:
 
 TEST_F(Drags, GoFromOneCalendarToAnother) {
     const Drag drags[] = {
-        {How::Given,
-         kText,
-         "2024-03-02",
-         {kCopy | kMove, kCopy, kCopy},
+        {How::Given, kText, "2024-03-02", kCopy | kMove, kCopy, kCopy,
          "start, feedback 0, over 3 at 0, feedback 1, over 3 at 2, drop 3 2024-03-02, complete 1"},
-        {How::Given,
-         kFiles,
-         "C:\\1.txt\nC:\\2.txt",
-         {kMove, kMove, kMove},
+        {How::Given, kFiles, "C:\\1.txt\nC:\\2.txt", kMove, kMove, kMove,
          "start, feedback 0, over 2 at 0, feedback 2, over 2 at 2, drop 2 C:\\1.txt\nC:\\2.txt, "
          "complete 2"},
-        {How::Promised,
-         kText,
-         "later",
-         {kCopy | kMove, kCopy, kMove},
+        {How::Promised, kText, "later", kCopy | kMove, kCopy, kMove,
          "start, feedback 0, over 3 at 0, feedback 1, over 3 at 2, promise 1, drop 3 later, "
          "complete 2"},
-        {How::Given,
-         kText,
-         "refused",
-         {kCopy, 0, 0},
+        {How::Given, kText, "refused", kCopy, 0, 0,
          "start, feedback 0, over 1 at 0, over 1 at 2, over 0 at 1, complete 0"},
-        {How::Cancelled,
-         kText,
-         "cancelled",
-         {kCopy, kCopy, kCopy},
+        {How::Cancelled, kText, "cancelled", kCopy, kCopy, kCopy,
          "start, feedback 0, over 1 at 0, feedback 1, over 1 at 2, over 0 at 1, complete 0"}};
     for (const Drag& drag : drags) {
         SCOPED_TRACE(drag.value);

@@ -63,6 +63,9 @@ protected:
         EXPECT_TRUE(Serve([] { return OpenCalendar() != nullptr; }));
         EXPECT_EQ(GetFocus(), box.ControlWindow());
     }
+    void MoveForm(int x, int y) {
+        SetWindowPos(form->Window(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    }
     void ExpectClosed(HWND focus) {
         EXPECT_TRUE(Serve([&] { return !IsOpen(box); }));
         ServeWaiting(form.Get());
@@ -77,59 +80,69 @@ protected:
     ComPtr<Form> other;
 };
 
-TEST_F(DropDowns, OpenByMouseAndKeysAndEscapeLeavesTheDate) {
+TEST_F(DropDowns, OpenAndCloseByMouseAndKeys) {
     const HWND window = box.ControlWindow();
+    using Hand = std::function<void()>;
+    const Hand button = [&] { ClickOn(window, kButton); };
+    const Hand escape = [] { TypeKey(VK_ESCAPE); };
+    const Events none, twelfth{"B.DateChanged(2024-03-12)", "B.DayChanged(12)"};
     const struct {
         const char* how;
-        std::function<void()> hand;
-    } cases[] = {{"button", [&] { ClickOn(window, kButton); }},
-                 {"text",
-                  [&] {
-                      ClickOn(window, {30, 10});
-                  }},
-                 {"F4", [] { TypeKey(VK_F4); }},
-                 {"Alt+Down", [] { TypeKey(VK_DOWN, VK_MENU); }},
-                 {"Alt+Up", [] { TypeKey(VK_UP, VK_MENU); }}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.how);
-        OpenBy(c.hand);
-        TypeKey(VK_ESCAPE);
-        ExpectClosed(window);
-        EXPECT_EQ(TakeOutcome(), (Events{"B.DropDown(False)", "B.CloseUp()"}));
-        EXPECT_EQ(DateOf(box), "2024-03-05");
-    }
-}
-
-TEST_F(DropDowns, CloseWithTheDateThatWasChosen) {
-    const HWND window = box.ControlWindow();
-    const Events none;
-    const Events twelfth{"B.DateChanged(2024-03-12)", "B.DayChanged(12)"};
-    const struct {
-        const char* how;
-        std::function<void()> hand;
-        Events events;
-        HWND focus;
+        Hand open, close;
+        Events events = {};
+        HWND focus = nullptr;  // null: the box's
     } cases[] = {
-        {"day", [&] { ClickOn(OpenCalendar(), kTwelfth); }, twelfth, window},
-        {"Down and Enter", [] { TypeKey(VK_DOWN), TypeKey(VK_RETURN); }, twelfth, window},
-        {"Enter", [] { TypeKey(VK_RETURN); }, none, window},
-        {"F4", [] { TypeKey(VK_F4); }, none, window},
-        {"button", [&] { ClickOutside(window, kButton); }, none, window},
-        {"form", [&] { ClickOutside(form->Window(), kOnForm); }, none, window},
-        {"other window", [&] { ClickOutside(other->Window(), kOnForm); }, none, window},
-        {"activation", [&] { SetForegroundWindow(other->Window()); }, none, other->Window()},
-        {"Tab", [] { TypeKey(VK_TAB); }, none, window}};
+        {"text and Escape",
+         [&] {
+             ClickOn(window, POINT{30, 10});
+         },
+         escape},
+        {"Alt+Down", [] { TypeKey(VK_DOWN, VK_MENU); }, escape},
+        {"Alt+Up", [] { TypeKey(VK_UP, VK_MENU); }, escape},
+        {"F4 and day", [] { TypeKey(VK_F4); }, [&] { ClickOn(OpenCalendar(), kTwelfth); }, twelfth},
+        {"Down and Enter", button, [] { TypeKey(VK_DOWN), TypeKey(VK_RETURN); }, twelfth},
+        {"Enter", button, [] { TypeKey(VK_RETURN); }},
+        {"F4", button, [] { TypeKey(VK_F4); }},
+        {"button", button, [&] { ClickOutside(window, kButton); }},
+        {"form", button, [&] { ClickOutside(form->Window(), kOnForm); }},
+        {"other window", button, [&] { ClickOutside(other->Window(), kOnForm); }},
+        {"activation", button, [&] { SetForegroundWindow(other->Window()); }, none,
+         other->Window()},
+        {"Tab", button, [] { TypeKey(VK_TAB); }},
+        {"move", button, [&] { MoveForm(40, 40); }}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.how);
-        OpenBy([&] { ClickOn(window, kButton); });
-        c.hand();
-        ExpectClosed(c.focus);
+        OpenBy(c.open);
+        c.close();
+        ExpectClosed(c.focus ? c.focus : window);
         Events expected{"B.DropDown(False)"};
         expected.insert(expected.end(), c.events.begin(), c.events.end());
         expected.push_back("B.CloseUp()");
         EXPECT_EQ(TakeOutcome(), expected);
         EXPECT_EQ(DateOf(box), c.events.empty() ? "2024-03-05" : "2024-03-12");
     }
+}
+
+TEST_F(DropDowns, LieBelowTheirBoxOrAboveItAndHideWithIt) {
+    const auto open = [&](RECT& calendar, RECT& place) {
+        OpenBy([] { TypeKey(VK_F4); });
+        GetWindowRect(OpenCalendar(), &calendar);
+        GetWindowRect(box.ControlWindow(), &place);
+    };
+    RECT calendar{}, place{};
+    open(calendar, place);
+    EXPECT_EQ(calendar.left, place.left);
+    EXPECT_EQ(calendar.top, place.bottom);
+    EXPECT_EQ(calendar.right - calendar.left, 250);
+    ShowWindow(form->Window(), SW_HIDE);
+    EXPECT_TRUE(Serve([&] { return !IsOpen(box) && !OpenCalendar(); }));
+    ShowWindow(form->Window(), SW_SHOW);
+
+    const int right = GetSystemMetrics(SM_CXSCREEN);
+    MoveForm(right - 340, GetSystemMetrics(SM_CYSCREEN) - 80);
+    open(calendar, place);
+    EXPECT_EQ(calendar.bottom, place.top) << "above the box";
+    EXPECT_LE(calendar.right, right);
 }
 
 /// Forms with a calendar and a box in an apartment each; the box of the first is closed while those

@@ -23,75 +23,77 @@ private:
     bool m_done = false;
 };
 
-/// What makes a calendar raise the event.
-const std::map<std::string, std::function<void(ControlSite&)>>& Causes() {
-    const auto setDate = [](ControlSite& site) {
-        const ComPtr<IOleObject> control(site.Control());
-        PutProperty(control.Get(), "DateValue", Value::Date(DayNumber(2021, 7, 9)));
-    };
-    const auto click = [](ControlSite& site) {
-        MoveMouse(OnScreen(site.ControlWindow(), 30, 60));
-        Click(OnScreen(site.ControlWindow(), 60, 90));
-    };
-    const auto key = [](ControlSite& site) {
+/// Makes a calendar raise the event.
+void Cause(const std::string& event, ControlSite& site) {
+    if (event.starts_with("Key")) {
         site.Activate(OLEIVERB_UIACTIVATE);
         TypeKey(VK_RIGHT);
-    };
-    static const std::map<std::string, std::function<void(ControlSite&)>> causes{
-        {"DateChanged", setDate},  {"DayChanged", setDate},
-        {"MonthChanged", setDate}, {"YearChanged", setDate},
-        {"MouseDown", click},      {"MouseUp", click},
-        {"MouseMove", click},      {"Click", click},
-        {"KeyDown", key},          {"KeyUp", key}};
-    return causes;
-}
-
-TEST_F(Lifetime, AHandlerRemovesTheControl) {
-    for (const auto& [event, cause] : Causes()) {
-        ControlSite& site = AddCalendar();
-        ServeWaiting(form.Get());
-        SetForegroundWindow(form->Window());
-        OnFirst(event, [&] { form->Remove(site); });
-        cause(site);
-        EXPECT_TRUE(Serve([&] { return Done(); })) << event;
-        ServeWaiting(form.Get());
-        EXPECT_TRUE(form->Sites().empty());
+    } else if (event.ends_with("Changed")) {
+        const ComPtr<IOleObject> control(site.Control());
+        PutProperty(control.Get(), "DateValue", Value::Date(DayNumber(2021, 7, 9)));
+    } else {
+        MoveMouse(OnScreen(site.ControlWindow(), 30, 60));
+        Click(OnScreen(site.ControlWindow(), 60, 90));
     }
 }
 
-TEST_F(Lifetime, AHandlerClosesTheForm) {
-    for (const auto& [event, cause] : Causes()) {
-        ControlSite& site = AddCalendar();
-        AddBox();
-        ServeWaiting(form.Get());
-        SetForegroundWindow(form->Window());
-        OnFirst(event, [&] { form->Close(); });
-        cause(site);
-        EXPECT_TRUE(Serve([&] { return Done(); })) << event;
-        ServeWaiting(nullptr);
-        EXPECT_FALSE(form->IsOpen());
-        form = Form::Open(nullptr, {0, 0, 500, 300}, "Next");
+TEST_F(Lifetime, AHandlerRemovesTheControlOrClosesTheForm) {
+    for (const char* event : {"DateChanged", "DayChanged", "MonthChanged", "YearChanged", "Click",
+                              "MouseDown", "MouseUp", "MouseMove", "KeyDown", "KeyUp"}) {
+        for (const bool closes : {false, true}) {
+            ControlSite& site = AddCalendar();
+            ServeWaiting(form.Get());
+            SetForegroundWindow(form->Window());
+            OnFirst(event, [&] { closes ? form->Close() : form->Remove(site); });
+            Cause(event, site);
+            EXPECT_TRUE(Serve([&] { return Done(); })) << event;
+            ServeWaiting(nullptr);
+            EXPECT_TRUE(form->Sites().empty());
+            if (closes) form = Form::Open(nullptr, {0, 0, 500, 300}, "Next");
+        }
     }
 }
 
 TEST_F(Lifetime, AHandlerClosesTheFormOfAnOpenBox) {
-    for (const std::string event : {"DropDown", "CloseUp", "DateChanged"}) {
+    const struct {
+        const char* event;
+        std::function<void()> act;  // once it is open
+    } cases[] = {
+        {"DropDown", nullptr},
+        {"CloseUp", [] { TypeKey(VK_RETURN); }},
+        {"DateChanged", [] { TypeKey(VK_DOWN); }},
+        {"CloseUp",
+         [&] { SetWindowPos(form->Window(), nullptr, 90, 90, 0, 0, SWP_NOSIZE | SWP_NOZORDER); }},
+        {"CloseUp", [] {
+             SendMessageW(FindWindowW(L"VelmoraDropDownForm", nullptr), WM_LBUTTONDOWN, MK_LBUTTON,
+                          MAKELPARAM(-50, -50));
+         }}};
+    for (const auto& c : cases) {
         ControlSite& site = AddBox();
         SetForegroundWindow(form->Window());
         site.Activate(OLEIVERB_UIACTIVATE);
         ServeWaiting(form.Get());
-        OnFirst(event, [&] { form->Close(); });
+        OnFirst(c.event, [&] { form->Close(); });
         TypeKey(VK_F4);
-        if (event != "DropDown") {
+        if (c.act) {
             EXPECT_TRUE(Serve([&] { return Got(site.Control(), "DropDownState") == "True"; }));
-            TypeKey(VK_DOWN);
-            TypeKey(VK_RETURN);
+            c.act();
         }
-        EXPECT_TRUE(Serve([&] { return Done(); })) << event;
+        EXPECT_TRUE(Serve([&] { return Done(); })) << c.event;
         ServeWaiting(nullptr);
-        EXPECT_EQ(VisibleWindows(), 0) << event;
+        EXPECT_EQ(VisibleWindows(), 0) << c.event;
         form = Form::Open(nullptr, {0, 0, 500, 300}, "Next");
     }
+}
+
+TEST_F(Lifetime, AHandlerSetsAnotherDate) {
+    ControlSite& site = AddCalendar("C");
+    OnFirst("DateChanged", [&] { SetDate(site, 2024, 3, 9); });
+    SetDate(site, 2024, 3, 2);
+    std::erase_if(events, [](const std::string& event) { return !event.starts_with("C.DateC"); });
+    EXPECT_EQ(events,
+              (std::vector<std::string>{"C.DateChanged(2024-03-02)", "C.DateChanged(2024-03-09)"}));
+    EXPECT_EQ(DateOf(site), "2024-03-09");
 }
 
 TEST_F(Lifetime, CallsAfterTheEndGiveAnError) {
@@ -149,6 +151,33 @@ TEST_F(Leaks, AThousandControlsLeaveNothing) {
     EXPECT_EQ(after.windows, before.windows) << after.Text();
     // A block for each life would be five hundred, for each tenth fifty.
     EXPECT_LT(after.heapBlocks, before.heapBlocks + 40) << before.Text() << "; " << after.Text();
+}
+
+/// More colours and fonts than are kept, in one calendar.
+TEST_F(Leaks, PaintsLeaveNoDrawingObjects) {
+    const auto countAfterLife = [&] {
+        ControlSite& site = AddCalendar();
+        for (int i = 0; i < 90; ++i) {
+            PutProperty(site.Control(), "DayAppearance", Value(i % 2));
+            PutProperty(site.Control(), "MonthYearSelStyle", Value(i % 4));
+            PutProperty(site.Control(), "DayDefaultBackColor", Value(i * 7919));
+            PutProperty(site.Control(), "DayFont", Value(MakeFont("Tahoma", 6 + i % 20).Get()));
+            const Value days = GetProperty(site.Control(), "Days").result;
+            const Value day = GetProperty(days.Object(), "Item", {Value(i % 28 + 1)}).result;
+            const UINT type = i % 3 == 0 ? PICTYPE_ICON : PICTYPE_BITMAP;
+            EXPECT_TRUE(PutProperty(day.Object(), "Picture", MakePicture(type).Get()).Succeeded());
+            UpdateWindow(site.ControlWindow());
+        }
+        form->RemoveAll();
+        ServeWaiting(form.Get());
+        return Census::Take().drawingObjects;
+    };
+    countAfterLife();  // what the system itself keeps
+    const int before = countAfterLife();
+    EXPECT_EQ(countAfterLife(), before);
+    const HGDIOBJ brush = CreateSolidBrush(0x123456);
+    EXPECT_EQ(Census::Take().drawingObjects, before + 1) << "the count counts";
+    DeleteObject(brush);
 }
 
 TEST_F(Leaks, TheComponentUnloads) {

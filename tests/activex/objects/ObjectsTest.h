@@ -41,14 +41,13 @@ inline DISPID IdOf(IDispatch* object, const wchar_t* name) {
 }
 
 /// What a script sees of a refusal: its number, 0 for success.
-inline int Put(IDispatch* object, const wchar_t* name, const VARIANT& value,
-               WORD how = DISPATCH_PROPERTYPUT) {
+inline int Put(IDispatch* object, const wchar_t* name, const VARIANT& value) {
     VARIANT argument = value;
     DISPID put = DISPID_PROPERTYPUT;
     DISPPARAMS arguments{&argument, &put, 1, 1};
     EXCEPINFO exception{};
-    const HRESULT result = object->Invoke(IdOf(object, name), IID_NULL, 0, how, &arguments, nullptr,
-                                          &exception, nullptr);
+    const HRESULT result = object->Invoke(IdOf(object, name), IID_NULL, 0, DISPATCH_PROPERTYPUT,
+                                          &arguments, nullptr, &exception, nullptr);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
     SysFreeString(exception.bstrHelpFile);
@@ -56,12 +55,6 @@ inline int Put(IDispatch* object, const wchar_t* name, const VARIANT& value,
     if (result == DISP_E_OVERFLOW) return 6;
     if (result == DISP_E_EXCEPTION) return HRESULT_CODE(exception.scode);
     return result == S_OK ? 0 : result;
-}
-
-inline HRESULT Get(IDispatch* object, const wchar_t* name, VARIANT& value) {
-    DISPPARAMS none{};
-    return object->Invoke(IdOf(object, name), IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &value,
-                          nullptr, nullptr);
 }
 
 inline VARIANT Number(LONG value) {

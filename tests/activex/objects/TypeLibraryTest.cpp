@@ -153,37 +153,23 @@ TEST(TypeLibrary, NothingThatHasBeenReleasedMoves) {
     EXPECT_EQ(Difference(present, released), "") << "new: append it to Identifiers.txt";
 }
 
-TEST(TypeLibrary, PublishesTheEnumerationsOfTheModelInTheirOrder) {
+TEST(TypeLibrary, PublishesTheEnumerationsOfTheModel) {
     const std::string header = ContentOf("../../model/Enumerations.h");
     const std::regex enumeration(R"(enum (\w+) : std::int32_t \{([^}]*)\})");
     const std::regex constant(R"((\w+) = (\d+))");
-    std::vector<std::string> expected;
     Lines values;
+    int enumerations = 0;
     for (std::sregex_iterator e(header.begin(), header.end(), enumeration), end; e != end; ++e) {
-        const std::string name = (*e)[1];
-        const std::string body = (*e)[2];
-        expected.push_back(name);
+        const std::string name = (*e)[1], body = (*e)[2];
+        ++enumerations;
         for (std::sregex_iterator c(body.begin(), body.end(), constant); c != end; ++c) {
             values.insert(name + "." + (*c)[1].str() + " = " + (*c)[2].str());
         }
     }
-    const auto library = Library();
-    std::vector<std::string> published;
-    Lines constants;
-    for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
-        TYPEKIND kind{};
-        library->GetTypeInfoType(i, &kind);
-        if (kind != TKIND_ENUM) continue;
-        ComPtr<ITypeInfo> type;
-        library->GetTypeInfo(i, &type);
-        published.push_back(NameOf(*type.Get()));
-        for (const std::string& line : ListOf(*type.Get())) {
-            if (line.find(" = ") != std::string::npos) constants.insert(line);
-        }
-    }
-    EXPECT_EQ(published.size(), 12u);
-    EXPECT_EQ(published, expected);
-    EXPECT_EQ(constants, values);
+    EXPECT_EQ(enumerations, 12);
+    Lines published = ListOfLibrary();
+    std::erase_if(published, [](const auto& line) { return line.find(" = ") == line.npos; });
+    EXPECT_EQ(published, values);
 }
 
 /// The properties of an interface, as "Name get" and "Name let".

@@ -49,6 +49,15 @@ protected:
         }
     }
 
+    /// What a script says of a calendar `C` and a box `B`.
+    std::vector<std::string> Echoes(const char* text) {
+        ScriptHost script;
+        script.AddObject("C", AddCalendar().Control());
+        script.AddObject("B", AddBox().Control());
+        EXPECT_TRUE(script.Run(text));
+        return script.Lines();
+    }
+
     /// The properties of the type library that the table leaves out.
     std::set<std::string> Missing(const std::vector<ScriptProperty>& rows, const char* classText) {
         std::set<std::string> names;
@@ -68,20 +77,16 @@ TEST_F(ScriptedProperties, CalendarsAreReadSetAndRefused) {
 TEST_F(ScriptedProperties, BoxesAreReadSetAndRefused) { CheckAll(BoxProperties(), kBoxClass); }
 
 TEST_F(ScriptedProperties, TablesLeaveOutOnlyObjects) {
-    // The objects and the modes without an own check have cases of their own below.
+    // They have cases of their own below.
+    EXPECT_EQ(Missing(CalendarProperties(), kCalendarClass),
+              (std::set<std::string>{"DayFont", "MonthFont", "MouseIcon", "WeekDayFont"}));
     EXPECT_EQ(
-        Missing(CalendarProperties(), kCalendarClass),
-        (std::set<std::string>{"DayFont", "MonthFont", "MouseIcon", "OLEDropMode", "WeekDayFont"}));
-    EXPECT_EQ(Missing(BoxProperties(), kBoxClass),
-              (std::set<std::string>{"ComboFont", "DayFont", "MonthFont", "MouseIcon",
-                                     "OLEDropMode", "WeekDayFont"}));
+        Missing(BoxProperties(), kBoxClass),
+        (std::set<std::string>{"ComboFont", "DayFont", "MonthFont", "MouseIcon", "WeekDayFont"}));
 }
 
 TEST_F(ScriptedProperties, DatesComeAsTheirPropertySays) {
-    ScriptHost script;
-    script.AddObject("C", AddCalendar().Control());
-    script.AddObject("B", AddBox().Control());
-    EXPECT_TRUE(script.Run(R"(
+    EXPECT_EQ(Echoes(R"(
         C.DateValue = #3/2/2024#
         B.DateValue = #3/2/2024#
         Host.Echo TypeName(C.DateValue) & " " & TypeName(C.DateMin)
@@ -96,8 +101,7 @@ TEST_F(ScriptedProperties, DatesComeAsTheirPropertySays) {
         Host.Echo C.SelectedDay.DayDate
         B.DateValue = #1/1/3000#
         Host.Echo B.DateValue
-    )"));
-    EXPECT_EQ(script.Lines(),
+    )"),
               (std::vector<std::string>{"String Date", "Date Date", "2024-03-04", "2024-03-04",
                                         "380 True", "2024-03-04", "2700-12-31"}));
 }
@@ -111,38 +115,22 @@ TEST_F(ScriptedProperties, FontsAreKeptByReference) {
         ScriptHost script;
         script.AddObject("C", site.Control());
         script.AddObject("F", font.Get());
+        std::vector<std::string> expected;
         for (const std::string name : names) {
             const std::string member = "C." + name;
             EXPECT_TRUE(script.Run(
                 "Host.Echo " + member + ".Name\nSet " + member + " = F\nHost.Echo Round(" + member +
-                ".Size)\nF.Bold = True\n" + "Host.Echo " + member + ".Bold\nF.Bold = False\n" +
-                "On Error Resume Next\nSet " + member +
+                ".Size)\nF.Bold = True\nHost.Echo " + member +
+                ".Bold\nF.Bold = False\nOn Error Resume Next\nSet " + member +
                 " = Host\nHost.Echo Err.Number <> 0\nHost.Echo Round(" + member + ".Size)"))
                 << name;
+            for (const char* line : {"Tahoma", "12", "True", "True", "12"}) {
+                expected.push_back(line);
+            }
         }
-        for (std::size_t at = 0; at < script.Lines().size(); at += 5) {
-            EXPECT_EQ(std::vector(script.Lines().begin() + static_cast<std::ptrdiff_t>(at),
-                                  script.Lines().begin() + static_cast<std::ptrdiff_t>(at) + 5),
-                      (std::vector<std::string>{"Tahoma", "12", "True", "True", "12"}));
-        }
-        EXPECT_EQ(script.Lines().size(), names.size() * 5);
+        EXPECT_EQ(script.Lines(), expected);
         form->Remove(site);
     }
-}
-
-ComPtr<IPictureDisp> Picture(UINT type) {
-    PICTDESC description{};
-    description.cbSizeofstruct = sizeof(description);
-    description.picType = type;
-    if (type == PICTYPE_ICON) {
-        description.icon.hicon = LoadIconW(nullptr, IDI_APPLICATION);
-    } else {
-        description.bmp.hbitmap = CreateBitmap(4, 4, 1, 1, nullptr);
-    }
-    ComPtr<IPictureDisp> picture;
-    OleCreatePictureIndirect(&description, IID_IPictureDisp, type == PICTYPE_BITMAP,
-                             reinterpret_cast<void**>(picture.GetAddressOf()));
-    return picture;
 }
 
 TEST_F(ScriptedProperties, MouseIconsAreIconsOnly) {
@@ -150,8 +138,8 @@ TEST_F(ScriptedProperties, MouseIconsAreIconsOnly) {
         ControlSite& site = Add(classText, "C", kCalendarPlace);
         ScriptHost script;
         script.AddObject("C", site.Control());
-        script.AddObject("Icon", Picture(PICTYPE_ICON).Get());
-        script.AddObject("Bitmap", Picture(PICTYPE_BITMAP).Get());
+        script.AddObject("Icon", MakePicture(PICTYPE_ICON).Get());
+        script.AddObject("Bitmap", MakePicture(PICTYPE_BITMAP).Get());
         EXPECT_TRUE(script.Run(R"(
             Host.Echo C.MouseIcon Is Nothing
             Set C.MouseIcon = Icon
@@ -167,10 +155,7 @@ TEST_F(ScriptedProperties, MouseIconsAreIconsOnly) {
 }
 
 TEST_F(ScriptedProperties, WriteOnlyPropertiesCannotBeRead) {
-    ScriptHost script;
-    script.AddObject("C", AddCalendar().Control());
-    script.AddObject("B", AddBox().Control());
-    EXPECT_TRUE(script.Run(R"(
+    EXPECT_EQ(Echoes(R"(
         C.NoRepaintControl = True : C.NoResizeControl = True : C.AlwaysDateChanged = True
         C.NoRepaintControl = False
         B.NoLostFocus = True
@@ -180,18 +165,61 @@ TEST_F(ScriptedProperties, WriteOnlyPropertiesCannotBeRead) {
         Err.Clear : x = C.AlwaysDateChanged : Host.Echo Err.Number
         Err.Clear : x = B.NoLostFocus : Host.Echo Err.Number
         Err.Clear : x = C.NoSuchThing : Host.Echo Err.Number
-    )"));
-    EXPECT_EQ(script.Lines(), std::vector<std::string>(5, "438"));
+    )"),
+              std::vector<std::string>(5, "438"));
 }
 
-TEST_F(ScriptedProperties, DropModesAreTheWindows) {
+TEST_F(ScriptedProperties, DaysHoldTheShownMonth) {
+    EXPECT_EQ(Echoes(R"(
+        C.DateValue = #2/10/2024#
+        Host.Echo C.Days.Count
+        Host.Echo C.Days(29).DayDate
+        Host.Echo C.Days.Item(1).DayDate
+        n = 0
+        For Each d In C.Days
+            n = n + 1
+            If Day(d.DayDate) <> n Then Host.Echo "not in order"
+        Next
+        Host.Echo n
+        On Error Resume Next
+        Err.Clear : Set d = C.Days(0) : Host.Echo Err.Number
+        Err.Clear : Set d = C.Days(30) : Host.Echo Err.Number
+        Err.Clear : Set d = C.Days("x") : Host.Echo Err.Number
+        Err.Clear : Set d = C.Days(70000) : Host.Echo Err.Number
+    )"),
+              (std::vector<std::string>{"29", "2024-02-29", "2024-02-01", "29", "381", "381", "13",
+                                        "6"}));
+}
+
+TEST_F(ScriptedProperties, DaysKeepTheirDecorationAndRefuse) {
+    EXPECT_EQ(Echoes(R"(
+        C.DateValue = #2/10/2024#
+        With C.Days(5)
+            .Caption = "Call"
+            .BackColor = CLng(&HFF)
+            .ForeColor = Null
+            Host.Echo .Caption & " " & .BackColor & " " & IsNull(.ForeColor)
+            Host.Echo .Picture Is Nothing
+        End With
+        C.Days.DefaultBackColor = &H123456
+        Host.Echo Hex(C.DayDefaultBackColor)
+        On Error Resume Next
+        Err.Clear : C.Days(5).BackColor = "x" : Host.Echo Err.Number
+        Err.Clear : C.Days(5).BackColor = 7 : Host.Echo Err.Number  ' 16 bits
+        Host.Echo C.Days(5).BackColor
+    )"),
+              (std::vector<std::string>{"Call 255 True", "True", "123456", "380", "380", "255"}));
+}
+
+TEST_F(ScriptedProperties, ErrorsNameTheirLineAndReason) {
     ScriptHost script;
     script.AddObject("C", AddCalendar().Control());
-    EXPECT_TRUE(
-        script.Run("Host.Echo C.OLEDropMode\nC.OLEDropMode = 1\nHost.Echo C.OLEDropMode\n"
-                   "On Error Resume Next\nC.OLEDropMode = 3\nHost.Echo Err.Number\n"
-                   "Host.Echo C.OLEDropMode"));
-    EXPECT_EQ(script.Lines(), (std::vector<std::string>{"0", "1", "380", "1"}));
+    EXPECT_FALSE(script.Run("x = 1\nC.Appearance = 7"));
+    ASSERT_EQ(script.Errors().size(), 1U);
+    EXPECT_EQ(script.Errors()[0].number, 380);
+    EXPECT_EQ(script.Errors()[0].line, 2);
+    EXPECT_EQ(script.Errors()[0].source, "VelmoraCalendar");
+    EXPECT_EQ(script.Errors()[0].description, "Invalid property value");
 }
 
 }  // namespace

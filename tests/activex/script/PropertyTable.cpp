@@ -11,27 +11,20 @@ constexpr long kNoSuchMember = 438;
 /// Takes 0 (or `least`) to `most`.
 ScriptProperty Choice(const std::string& name, int first, int most, int least = 0) {
     const std::string other = std::to_string(first == most ? least : most);
-    return {name,
-            std::to_string(first),
-            other,
-            other,
-            {{std::to_string(least - 1), kInvalidValue},
-             {std::to_string(most + 1), kInvalidValue},
-             {"\"text\"", kTypeMismatch},
-             {"99999999999", kOverflow}}};
+    const std::vector<Refusal> refused{{std::to_string(least - 1), kInvalidValue},
+                                       {std::to_string(most + 1), kInvalidValue},
+                                       {"\"text\"", kTypeMismatch},
+                                       {"99999999999", kOverflow}};
+    return {name, std::to_string(first), other, other, refused};
 }
 
 ScriptProperty Color(const std::string& name, const std::string& first) {
-    return {name,
-            first,
-            "&H123456",
-            "123456",
-            {{"&H01000000", kInvalidValue},
-             {"&H7F000000", kInvalidValue},
-             {"&HC0000000", kInvalidValue},
-             {"\"text\"", kTypeMismatch},
-             {"99999999999", kOverflow}},
-            true};
+    const std::vector<Refusal> refused{{"&H01000000", kInvalidValue},
+                                       {"&H7F000000", kInvalidValue},
+                                       {"&HC0000000", kInvalidValue},
+                                       {"\"text\"", kTypeMismatch},
+                                       {"99999999999", kOverflow}};
+    return {name, first, "&H123456", "123456", refused, true};
 }
 
 ScriptProperty YesNo(const std::string& name) {
@@ -40,6 +33,15 @@ ScriptProperty YesNo(const std::string& name) {
 
 ScriptProperty ReadOnly(const std::string& name, const std::string& shown) {
     return {name, shown, "", "", {{"1", kNoSuchMember}}};
+}
+
+/// Set to a 3 February, and moved from there to the month's end or beginning.
+ScriptProperty Limit(const std::string& name, const std::string& first, const std::string& shown,
+                     const std::vector<std::string>& invalid) {
+    const std::string literal = "DateSerial(" + shown.substr(0, 4) + ", 2, 3)";
+    ScriptProperty row{name, first, literal, shown, {{"\"text\"", kTypeMismatch}}};
+    for (const std::string& other : invalid) row.refused.push_back({other, kInvalidValue});
+    return row;
 }
 
 /// What a calendar and a date box have in common.
@@ -58,6 +60,7 @@ std::vector<ScriptProperty> CommonProperties() {
         Choice("MonthAppearance", 1, 1),
         Color("MonthBackColor", "8000000F"),
         Choice("MonthDisplay", 0, 1),
+        {"OLEDropMode", "0", "1", "1", {{"3", kInvalidValue}}},
         Color("MonthForeColor", "80000008"),
         {"MousePointer", "0", "15", "15", {{"\"text\"", kTypeMismatch}, {"70000", kOverflow}}},
         Color("SelectedDayBackColor", "8000000D"),
@@ -86,20 +89,10 @@ std::vector<ScriptProperty> With(std::vector<ScriptProperty> rows) {
 std::vector<ScriptProperty> CalendarProperties() {
     return With({
         Choice("Appearance", 1, 1),
-        {"DateMax",
-         "2999-12-31",
-         "DateSerial(2500, 2, 3)",
-         "2500-02-28",
-         {{"DateSerial(4601, 1, 1)", kInvalidValue},
-          {"DateSerial(999, 1, 1)", kInvalidValue},  // before DateMin
-          {"\"text\"", kTypeMismatch}}},
-        {"DateMin",
-         "1000-01-01",
-         "DateSerial(1500, 2, 3)",
-         "1500-02-01",
-         {{"DateSerial(199, 12, 31)", kInvalidValue},
-          {"DateSerial(3000, 1, 1)", kInvalidValue},  // after DateMax
-          {"\"text\"", kTypeMismatch}}},
+        Limit("DateMax", "2999-12-31", "2500-02-28",
+              {"DateSerial(4601, 1, 1)", "DateSerial(999, 1, 1)"}),  // before DateMin
+        Limit("DateMin", "1000-01-01", "1500-02-01",
+              {"DateSerial(199, 12, 31)", "DateSerial(3000, 1, 1)"}),  // after DateMax
         Choice("MonthYearSelStyle", 0, 3),
         ReadOnly("cboMonthhwnd", ""),
     });
@@ -108,16 +101,8 @@ std::vector<ScriptProperty> CalendarProperties() {
 std::vector<ScriptProperty> BoxProperties() {
     return With({
         {"DateFormat", "Short Date", "\"yyyy-mm\"", "yyyy-mm", {}},
-        {"DateMax",
-         "2700-12-31",
-         "DateSerial(2500, 2, 3)",
-         "2500-02-28",
-         {{"DateSerial(4601, 1, 1)", kInvalidValue}, {"\"text\"", kTypeMismatch}}},
-        {"DateMin",
-         "1100-01-01",
-         "DateSerial(1500, 2, 3)",
-         "1500-02-01",
-         {{"DateSerial(199, 12, 31)", kInvalidValue}, {"\"text\"", kTypeMismatch}}},
+        Limit("DateMax", "2700-12-31", "2500-02-28", {"DateSerial(4601, 1, 1)"}),
+        Limit("DateMin", "1100-01-01", "1500-02-01", {"DateSerial(199, 12, 31)"}),
         Choice("DropDownAppearance", 1, 1),
         Choice("MonthYearSelStyle", 0, 1),
         Choice("DropDownAlignment", 0, 1),

@@ -1,7 +1,5 @@
 #include "tests/activex/shell/ShellFixture.h"
 
-#include <sstream>
-
 namespace velmora {
 namespace {
 
@@ -140,10 +138,7 @@ TEST_F(Activation, IsClippedToWhatTheContainerShows) {
 
 TEST_F(Activation, AClickMakesItActiveInUseButNotInDesign) {
     for (const VARIANT_BOOL inUse : {VARIANT_FALSE, VARIANT_TRUE}) {
-        container->ambients[DISPID_AMBIENT_USERMODE] = [inUse](VARIANT& value) {
-            V_VT(&value) = VT_BOOL;
-            V_BOOL(&value) = inUse;
-        };
+        container->userMode = inUse;
         Place();
         As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE);
         EXPECT_EQ(Do(OLEIVERB_SHOW), S_OK);

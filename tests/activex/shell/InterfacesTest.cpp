@@ -1,3 +1,4 @@
+#include "hosts/activex/control/DropDownControl.h"
 #include "tests/activex/shell/ShellFixture.h"
 
 #include <objsafe.h>
@@ -5,29 +6,29 @@
 namespace velmora {
 namespace {
 
-const IID* const kInterfaces[] = {&IID_IUnknown,
-                                  &IID_IDispatch,
-                                  &__uuidof(::_VmCalendar),
-                                  &IID_IOleObject,
-                                  &IID_IOleControl,
-                                  &IID_IOleWindow,
-                                  &IID_IOleInPlaceObject,
-                                  &IID_IOleInPlaceActiveObject,
-                                  &IID_IViewObject,
-                                  &IID_IViewObject2,
-                                  &IID_IViewObjectEx,
-                                  &IID_IPersist,
-                                  &IID_IPersistStream,
-                                  &IID_IPersistStreamInit,
-                                  &IID_IPersistStorage,
-                                  &IID_IPersistPropertyBag,
-                                  &IID_IConnectionPointContainer,
-                                  &IID_IProvideClassInfo,
-                                  &IID_IProvideClassInfo2,
-                                  &IID_ISpecifyPropertyPages,
-                                  &IID_IDataObject,
-                                  &IID_IObjectSafety,
-                                  &IID_ISupportErrorInfo};
+const IID kInterfaces[] = {__uuidof(::_VmCalendar),
+                           IID_IUnknown,
+                           IID_IDispatch,
+                           IID_IOleObject,
+                           IID_IOleControl,
+                           IID_IOleWindow,
+                           IID_IOleInPlaceObject,
+                           IID_IOleInPlaceActiveObject,
+                           IID_IViewObject,
+                           IID_IViewObject2,
+                           IID_IViewObjectEx,
+                           IID_IPersist,
+                           IID_IPersistStream,
+                           IID_IPersistStreamInit,
+                           IID_IPersistStorage,
+                           IID_IPersistPropertyBag,
+                           IID_IConnectionPointContainer,
+                           IID_IProvideClassInfo,
+                           IID_IProvideClassInfo2,
+                           IID_ISpecifyPropertyPages,
+                           IID_IDataObject,
+                           IID_IObjectSafety,
+                           IID_ISupportErrorInfo};
 
 class Interfaces : public ShellFixture {};
 
@@ -35,12 +36,12 @@ class Interfaces : public ShellFixture {};
 TEST_F(Interfaces, LeadToEachOther) {
     ComPtr<IUnknown> identity;
     object.As(&identity);
-    for (const IID* const from : kInterfaces) {
+    for (const IID& from : kInterfaces) {
         ComPtr<IUnknown> first;
-        ASSERT_EQ(object->QueryInterface(*from, &first), S_OK);
-        for (const IID* const to : kInterfaces) {
+        ASSERT_EQ(object->QueryInterface(from, &first), S_OK);
+        for (const IID& to : kInterfaces) {
             ComPtr<IUnknown> second, its;
-            ASSERT_EQ(first->QueryInterface(*to, &second), S_OK);
+            ASSERT_EQ(first->QueryInterface(to, &second), S_OK);
             second.As(&its);
             EXPECT_EQ(its.Get(), identity.Get());
         }
@@ -196,6 +197,9 @@ TEST_F(Interfaces, KeepExtentsWithoutDrift) {
     EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &extent), S_OK);
     EXPECT_EQ(extent.cx, 6615);  // 250 x 200 pixels
     EXPECT_EQ(extent.cy, 5292);
+    Adopt<IOleObject>(new DropDownControl)->GetExtent(DVASPECT_CONTENT, &extent);
+    EXPECT_EQ(extent.cx, MulDiv(121, 2540, 96));
+    EXPECT_EQ(extent.cy, MulDiv(21, 2540, 96));
     Place();
     for (int pixels = 1; pixels <= 2000; ++pixels) {
         const SIZEL wanted{MulDiv(pixels, 2540, 96), MulDiv(pixels, 2540, 96) + 1};

@@ -53,6 +53,10 @@ TEST_F(Persistence, AStreamKeepsSizeAndValues) {
     EXPECT_EQ(As<IPersistStreamInit>()->Load(stream.Get()), S_OK);
     EXPECT_EQ(As<IPersistStreamInit>()->IsDirty(), S_FALSE);
     EXPECT_EQ(Display(), ::VmMonthAbbrName);
+    As<::_VmCalendar>()->put_MonthDisplay(::VmMonthFullName);
+    EXPECT_EQ(As<IPersistStreamInit>()->IsDirty(), S_OK);
+    EXPECT_EQ(As<IPersistStreamInit>()->Save(MakeStream().Get(), TRUE), S_OK);
+    EXPECT_EQ(As<IPersistStreamInit>()->IsDirty(), S_FALSE);
     size = {};
     object->GetExtent(DVASPECT_CONTENT, &size);
     EXPECT_EQ(size.cx, 1234);

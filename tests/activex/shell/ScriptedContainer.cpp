@@ -52,10 +52,9 @@ STDMETHODIMP ScriptedContainer::Invoke(DISPID id, REFIID, LCID, WORD flags, DISP
         }
         return Note("Event" + std::to_string(id));
     }
-    const auto known = ambients.find(id);
-    if (known == ambients.end()) return DISP_E_MEMBERNOTFOUND;
-    VariantInit(result);
-    known->second(*result);
+    if (id != DISPID_AMBIENT_USERMODE || !userMode) return DISP_E_MEMBERNOTFOUND;
+    V_VT(result) = VT_BOOL;
+    V_BOOL(result) = *userMode;
     return S_OK;
 }
 

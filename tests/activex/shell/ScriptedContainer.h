@@ -8,7 +8,7 @@
 #include <wrl/client.h>
 
 #include <functional>
-#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,7 +31,7 @@ public:
     bool refusesEdits = false;
     std::string interferesWith;  // when it is called, once:
     std::function<void()> interference;
-    std::map<DISPID, std::function<void(VARIANT&)>> ambients;
+    std::optional<VARIANT_BOOL> userMode;  // null: this ambient property is not known either
 
     STDMETHODIMP SaveObject() override { return Note("SaveObject"); }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
@@ -97,7 +97,7 @@ public:
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
         return DISP_E_UNKNOWNNAME;
     }
-    /// Ambient properties, and the events of a control that it is connected to.
+    /// The ambient property, and the events of a control that it is connected to.
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO*, UINT*) override;
 

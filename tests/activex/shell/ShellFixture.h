@@ -46,12 +46,15 @@ protected:
         As<IOleInPlaceObject>()->GetWindow(&window);
         return window;
     }
-    DWORD Connect(REFIID events) {
+    ComPtr<IConnectionPoint> Point(REFIID iid) {
         ComPtr<IConnectionPoint> point;
+        As<IConnectionPointContainer>()->FindConnectionPoint(iid, &point);
+        return point;
+    }
+    DWORD Connect(REFIID events) {
         DWORD cookie = 0;
-        As<IConnectionPointContainer>()->FindConnectionPoint(events, &point);
         IUnknown* const sink = static_cast<IOleClientSite*>(container.Get());
-        EXPECT_EQ(point->Advise(sink, &cookie), S_OK);
+        EXPECT_EQ(Point(events)->Advise(sink, &cookie), S_OK);
         return cookie;
     }
 

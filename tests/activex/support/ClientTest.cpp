@@ -53,6 +53,19 @@ void ClientTest::FocusOn(ControlSite& site) {
 
 std::vector<std::string> ClientTest::TakeEvents() { return std::exchange(events, {}); }
 
+ComPtr<IPictureDisp> MakePicture(UINT type) {
+    PICTDESC description{sizeof(description), type, {}};
+    if (type == PICTYPE_ICON) {
+        description.icon.hicon = LoadIconW(nullptr, IDI_APPLICATION);
+    } else {
+        description.bmp.hbitmap = CreateBitmap(4, 4, 1, 1, nullptr);
+    }
+    ComPtr<IPictureDisp> picture;
+    OleCreatePictureIndirect(&description, IID_IPictureDisp, type == PICTYPE_BITMAP,
+                             reinterpret_cast<void**>(picture.GetAddressOf()));
+    return picture;
+}
+
 double DayNumber(int year, int month, int day) {
     SYSTEMTIME time{};
     time.wYear = static_cast<WORD>(year);

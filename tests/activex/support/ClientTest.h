@@ -41,6 +41,9 @@ protected:
     std::vector<std::string> events;
 };
 
+/// A stored icon (`PICTYPE_ICON`) or a bitmap of its own (`PICTYPE_BITMAP`).
+ComPtr<IPictureDisp> MakePicture(UINT type);
+
 /// A date's number as scripts count: 2024-03-02 is 45353.
 double DayNumber(int year, int month, int day);
 

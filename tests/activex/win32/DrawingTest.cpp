@@ -1,7 +1,7 @@
 #include "hosts/activex/win32/GdiCache.h"
 #include "hosts/activex/win32/NativePicture.h"
+#include "hosts/activex/win32/WinDrawing.h"
 #include "platform/DrawingScopes.h"
-#include "tests/activex/win32/TestWindows.h"
 
 #include <gtest/gtest.h>
 
@@ -148,60 +148,6 @@ TEST(WinDrawing, PicturesLetTheTargetThrough) {
     EXPECT_EQ(drawing.PictureHandle(native),
               static_cast<ObjectHandle>(reinterpret_cast<std::uintptr_t>(own)));
     DeleteObject(own);
-}
-
-/// Every appearance, more colours than are kept, pictures, two sizes of font; then all is gone.
-TEST(WinDrawing, LeavesNoObjectsBehind) {
-    const auto run = [] {
-        Canvas canvas(300, 200);
-        CalendarWindow window(VmMonthSelCombo);
-        BoxWindow box;
-        VmCalendar& calendar = *window.calendar;
-        const Rect all{0, 0, 300, 200};
-        for (int i = 0; i < 90; ++i) {
-            calendar.DayAppearance(i % 2 == 0 ? VmAppearance3D : VmAppearanceFlat);
-            calendar.MonthYearSelStyle(static_cast<VmMonthYearSelStyleConstants>(i % 4));
-            calendar.DayDefaultBackColor(static_cast<OLE_COLOR>(i * 7919));
-            const DayRef day = calendar.Days()->Item(static_cast<std::int16_t>(i % 28 + 1));
-            day->Picture(std::make_shared<StdPicture>(
-                i % 3 == 0 ? PictureType::Icon : PictureType::Bitmap, Size{212, 212},
-                Checkered(0xFF000000u + static_cast<std::uint32_t>(i), 0)));
-            window.drawing.Dpi(96 + i % 20);
-            calendar.OnPaint(WinDrawing::SurfaceOf(WinDrawing::ContextOf(canvas.Get())), {&all, 1});
-            box.box->OnPaint(canvas.Get());
-        }
-        box.Key(VK_F4);
-        Pump();
-    };
-    run();  // what the system itself keeps
-    const int before = GdiObjectCount();
-    run();
-    EXPECT_EQ(GdiObjectCount(), before);
-    const HGDIOBJ brush = CreateSolidBrush(kRed);
-    EXPECT_EQ(GdiObjectCount(), before + 1) << "the count counts";
-    DeleteObject(brush);
-}
-
-/// A metafile takes the operations as they are, not a picture of them.
-TEST(WinDrawing, PaintsOnMetafilesDirectly) {
-    CalendarWindow window;
-    const HDC context = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-    const Rect all{0, 0, 300, 202};
-    window.calendar->OnPaint(WinDrawing::SurfaceOf(context), {&all, 1});
-    const HENHMETAFILE file = CloseEnhMetaFile(context);
-    int counts[2]{};  // texts and bitmaps
-    EnumEnhMetaFile(
-        nullptr, file,
-        [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM to) {
-            auto* const into = reinterpret_cast<int*>(to);
-            if (record->iType == EMR_EXTTEXTOUTW) ++into[0];
-            if (record->iType == EMR_BITBLT && record->nSize > 200) ++into[1];
-            return 1;
-        },
-        counts, nullptr);
-    EXPECT_GE(counts[0], 42 + 7 + 1);
-    EXPECT_EQ(counts[1], 0);
-    DeleteEnhMetaFile(file);
 }
 
 }  // namespace
