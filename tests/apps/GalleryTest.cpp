@@ -52,29 +52,22 @@ TEST(PropertyPanel, HasAnEditorForEveryPropertyButPictures) {
     }
 }
 
-TEST(PropertyPanel, EditorsChangeTheCalendar) {
+TEST(PropertyPanel, EditorsChangeAndShowWhatTheCalendarHas) {
     VmCalendarWidget calendar;
     const PropertyPanel panel(calendar);
     auto& style = EditorOf<QComboBox>(panel, "monthYearSelStyle");
     style.setCurrentIndex(style.findText(QStringLiteral("MonthSelCombo")));
-    EditorOf<QCheckBox>(panel, "showWeekend").click();
     EditorOf<QCheckBox>(panel, "enabled").click();
     EditorOf<QDateEdit>(panel, "dateValue").setDate(QDate(2001, 2, 3));
     EXPECT_EQ(calendar.monthYearSelStyle(), VmCalendarWidget::MonthSelCombo);
-    EXPECT_FALSE(calendar.showWeekend());
     EXPECT_FALSE(calendar.isEnabled());
     EXPECT_EQ(calendar.dateValue(), QDate(2001, 2, 3));
-}
 
-TEST(PropertyPanel, EditorsShowWhatTheCalendarHas) {
-    VmCalendarWidget calendar;
-    const PropertyPanel panel(calendar);
     calendar.setTodayBackColor(QColor(1, 2, 3));
-    calendar.setFirstDayOfWeek(VmCalendarWidget::Thursday);
+    calendar.setMonthYearSelStyle(VmCalendarWidget::MonthSelNone);
     calendar.setDateValue(QDate(1999, 12, 31));
     EXPECT_EQ(EditorOf<QPushButton>(panel, "todayBackColor").text(), QStringLiteral("#010203"));
-    EXPECT_EQ(EditorOf<QComboBox>(panel, "firstDayOfWeek").currentText(),
-              QStringLiteral("Thursday"));
+    EXPECT_EQ(style.currentText(), QStringLiteral("MonthSelNone"));
     EXPECT_EQ(EditorOf<QDateEdit>(panel, "dateValue").date(), QDate(1999, 12, 31));
 }
 

@@ -1,114 +1,83 @@
+#include "platform/MemoryBag.h"
 #include "tests/support/Refusals.h"
 #include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace velmora::test {
 namespace {
 
 using Log = std::vector<std::string>;
 
-/// A property seen as a number.
 struct Row {
-    std::string name;
-    std::int64_t initial;
-    std::vector<std::int64_t> accepted;
-    std::vector<std::int64_t> refused;
-    std::string effect;
-    std::function<std::int64_t(VmCalendar&)> get;
-    std::function<void(VmCalendar&, std::int64_t)> let;
+    const char* name;
+    std::uint32_t initial;
+    int low, high;
+    const char* effect = "repaint";
 };
+constexpr int kColour = -1;
 
-template <class T>
-Row RowOf(const char* name, std::int64_t initial, std::vector<std::int64_t> accepted,
-          std::vector<std::int64_t> refused, T (VmCalendar::*get)() const,
-          void (VmCalendar::*let)(T), const char* effect = "repaint") {
-    return {name,
-            initial,
-            std::move(accepted),
-            std::move(refused),
-            effect,
-            [get](VmCalendar& c) { return static_cast<std::int64_t>((c.*get)()); },
-            [let](VmCalendar& c, std::int64_t value) { (c.*let)(static_cast<T>(value)); }};
+std::vector<Variant> Accepted(const Row& row) {
+    if (row.high == kColour) return {0, 0xFFFFFF, 0x80000018u, 0x80FFFFFFu};
+    return {row.low, row.high};
 }
-
-template <class T>
-Row Choice(const char* name, std::int64_t initial, std::int64_t low, std::int64_t high,
-           T (VmCalendar::*get)() const, void (VmCalendar::*let)(T)) {
-    return RowOf(name, initial, {low, high}, {low - 1, high + 1, INT32_MIN, INT32_MAX}, get, let);
-}
-
-Row Colour(const char* name, std::int64_t initial, OLE_COLOR (VmCalendar::*get)() const,
-           void (VmCalendar::*let)(OLE_COLOR), const char* effect = "repaint") {
-    return RowOf(name, initial, {0, 0xFFFFFF, 0x80000018, 0x80FFFFFF},
-                 {0x01000000, 0x7F000000, 0xFF000000, 0x40ABCDEF}, get, let, effect);
-}
-
-std::vector<Row> Rows() {
-    using C = VmCalendar;
-    return {
-        Choice("Appearance", 1, 0, 1, &C::Appearance, &C::Appearance),
-        Choice("DayAppearance", 1, 0, 1, &C::DayAppearance, &C::DayAppearance),
-        Colour("DayDefaultBackColor", 0x8000000F, &C::DayDefaultBackColor, &C::DayDefaultBackColor),
-        Colour("DayOtherMonthForeColor", 0x80000011, &C::DayOtherMonthForeColor,
-               &C::DayOtherMonthForeColor),
-        Colour("DayDefaultForeColor", 0x80000008, &C::DayDefaultForeColor, &C::DayDefaultForeColor),
-        Choice("DayCaptionAlignment", 5, 0, 8, &C::DayCaptionAlignment, &C::DayCaptionAlignment),
-        Choice("DayNumberAlignment", 6, 0, 8, &C::DayNumberAlignment, &C::DayNumberAlignment),
-        Choice("DayPictureAlignment", 0, 0, 14, &C::DayPictureAlignment, &C::DayPictureAlignment),
-        RowOf<bool>("Enabled", 1, {0, 1}, {}, &C::Enabled, &C::Enabled),
-        Choice("FirstDayOfWeek", 1, 1, 7, &C::FirstDayOfWeek, &C::FirstDayOfWeek),
-        Choice("MonthAppearance", 1, 0, 1, &C::MonthAppearance, &C::MonthAppearance),
-        Colour("MonthBackColor", 0x8000000F, &C::MonthBackColor, &C::MonthBackColor,
-               "repaint band"),
-        Choice("MonthDisplay", 0, 0, 1, &C::MonthDisplay, &C::MonthDisplay),
-        Colour("MonthForeColor", 0x80000008, &C::MonthForeColor, &C::MonthForeColor,
-               "repaint band"),
-        Choice("MonthYearSelStyle", 0, 0, 3, &C::MonthYearSelStyle, &C::MonthYearSelStyle),
-        RowOf<std::int16_t>("MousePointer", 0, {0, 15, 99}, {}, &C::MousePointer, &C::MousePointer,
-                            ""),
-        Colour("SelectedDayBackColor", 0x8000000D, &C::SelectedDayBackColor,
-               &C::SelectedDayBackColor),
-        Colour("SelectedDayForeColor", 0x8000000E, &C::SelectedDayForeColor,
-               &C::SelectedDayForeColor),
-        Colour("TodayBackColor", 0x00FFFF00, &C::TodayBackColor, &C::TodayBackColor),
-        Colour("TodayForeColor", 0x80000008, &C::TodayForeColor, &C::TodayForeColor),
-        Choice("WeekDayAppearance", 1, 0, 1, &C::WeekDayAppearance, &C::WeekDayAppearance),
-        Colour("WeekDayBackColor", 0x8000000F, &C::WeekDayBackColor, &C::WeekDayBackColor,
-               "repaint band"),
-        Choice("WeekDayDisplay", 2, 0, 3, &C::WeekDayDisplay, &C::WeekDayDisplay),
-        Colour("WeekDayForeColor", 0x80000008, &C::WeekDayForeColor, &C::WeekDayForeColor,
-               "repaint band"),
-        Choice("WeekDayCaptionAlignment", 4, 0, 8, &C::WeekDayCaptionAlignment,
-               &C::WeekDayCaptionAlignment),
-        RowOf<bool>("ShowWeekend", 1, {0, 1}, {}, &C::ShowWeekend, &C::ShowWeekend),
-    };
+std::vector<Variant> Refused(const Row& row) {
+    if (row.high == kColour) return {0x01000000, 0x7F000000, 0xFF000000u, 0x40ABCDEF};
+    return {row.low - 1, row.high + 1, INT32_MIN, INT32_MAX};
 }
 
 TEST(CalendarProperties, StoreNotifyAndRepaintOrRefuse) {
-    for (const Row& row : Rows()) {
+    const Row rows[] = {{"Appearance", 1, 0, 1},
+                        {"DayAppearance", 1, 0, 1},
+                        {"DayDefaultBackColor", 0x8000000F, 0, kColour},
+                        {"DayOtherMonthForeColor", 0x80000011, 0, kColour},
+                        {"DayDefaultForeColor", 0x80000008, 0, kColour},
+                        {"DayCaptionAlignment", 5, 0, 8},
+                        {"DayNumberAlignment", 6, 0, 8},
+                        {"DayPictureAlignment", 0, 0, 14},
+                        {"FirstDayOfWeek", 1, 1, 7},
+                        {"MonthAppearance", 1, 0, 1},
+                        {"MonthBackColor", 0x8000000F, 0, kColour, "repaint band"},
+                        {"MonthDisplay", 0, 0, 1},
+                        {"MonthForeColor", 0x80000008, 0, kColour, "repaint band"},
+                        {"MonthYearSelStyle", 0, 0, 3},
+                        {"SelectedDayBackColor", 0x8000000D, 0, kColour},
+                        {"SelectedDayForeColor", 0x8000000E, 0, kColour},
+                        {"TodayBackColor", 0x00FFFF00, 0, kColour},
+                        {"TodayForeColor", 0x80000008, 0, kColour},
+                        {"WeekDayAppearance", 1, 0, 1},
+                        {"WeekDayBackColor", 0x8000000F, 0, kColour, "repaint band"},
+                        {"WeekDayDisplay", 2, 0, 3},
+                        {"WeekDayForeColor", 0x80000008, 0, kColour, "repaint band"},
+                        {"WeekDayCaptionAlignment", 4, 0, 8}};
+    for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         TestCalendar test;
         VmCalendar& calendar = *test.calendar;
-        EXPECT_EQ(row.get(calendar), row.initial);
-        for (const std::int64_t value : row.accepted) {
+        const auto has = [&](const Variant& value) {
+            return IsDefaultValue(calendar.GetMember(row.name), value);
+        };
+        EXPECT_TRUE(has(row.initial));
+        for (const Variant& value : Accepted(row)) {
             test.TakeLog();
-            row.let(calendar, value);
-            EXPECT_EQ(row.get(calendar), value);
-            Log expected{"notify " + row.name};
-            if (!row.effect.empty()) expected.push_back(row.effect);
-            EXPECT_EQ(test.TakeLog(), expected);
+            calendar.LetMember(row.name, value);
+            EXPECT_TRUE(has(value));
+            EXPECT_EQ(test.TakeLog(), (Log{std::string("notify ") + row.name, row.effect}));
         }
-        const std::int64_t kept = row.get(calendar);
-        for (const std::int64_t value : row.refused) {
-            EXPECT_EQ(NumberOf([&] { row.let(calendar, value); }),
-                      ErrorNumber::InvalidPropertyValue)
-                << value;
-            EXPECT_EQ(row.get(calendar), kept);
+        for (const Variant& value : Refused(row)) {
+            EXPECT_EQ(NumberOf([&] { calendar.LetMember(row.name, value); }),
+                      ErrorNumber::InvalidPropertyValue);
+            EXPECT_TRUE(has(Accepted(row).back()));
         }
         EXPECT_TRUE(test.TakeLog().empty());
+    }
+    for (const std::string name : {"Enabled", "ShowWeekend"}) {
+        TestCalendar test;
+        EXPECT_EQ(test.calendar->GetMember(name), Variant(true));
+        test.TakeLog();
+        test.calendar->LetMember(name, false);
+        EXPECT_EQ(test.calendar->GetMember(name), Variant(false));
+        EXPECT_EQ(test.TakeLog(), (Log{"notify " + name, "repaint"}));
     }
 }
 
@@ -138,6 +107,11 @@ TEST(CalendarProperties, WrongPointersAreIgnoredAndWrongIconsRefused) {
     }
     EXPECT_EQ(calendar.MousePointer(), 5);
     EXPECT_TRUE(test.TakeLog().empty());
+    for (const auto pointer : std::initializer_list<std::int16_t>{0, 15, 99}) {
+        calendar.MousePointer(pointer);
+        EXPECT_EQ(calendar.MousePointer(), pointer);
+        EXPECT_EQ(test.TakeLog(), Log{"notify MousePointer"});
+    }
 
     const auto picture = [](PictureType type) {
         return std::make_shared<StdPicture>(type, Size{}, nullptr);

@@ -5,41 +5,27 @@
 namespace velmora::test {
 namespace {
 
-TEST_F(DropDown, OpensAndPicksWithExactEvents) {
+TEST_F(DropDown, ADayOfANeighbouringMonthClosesToo) {
     struct Case {
-        const char* name;
-        DayNumber clicked;
+        DayNumber from, clicked;
         std::string events;
     };
-    const Case cases[] = {
-        {"a day", Day(2020, 3, 18),
-         "A MouseDown, A DateChanged 2020-03-18, notify DateValue, A DayChanged 18, A MouseUp, "
-         "hide, A CloseUp"},
-        {"the selected day", kMar15, "A MouseDown, A DayChanged 15, A MouseUp, hide, A CloseUp"},
-        {"a neighbouring month", Day(2020, 4, 2),
-         "A MouseDown, A DateChanged 2020-04-02, notify DateValue, A DayChanged 2, A MonthChanged "
-         "4, A MouseUp, hide, A CloseUp"}};
+    const Case cases[] = {{kMar15, Day(2020, 4, 2), "A DayChanged 2, A MonthChanged 4"},
+                          {Day(2020, 3, 29), Day(2020, 2, 29), "A MonthChanged 2"}};
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
         TestBoxes fresh;
-        fresh.TakeLog();
-        EXPECT_EQ(fresh.Key(fresh.a, kKeyF4), "0");
-        EXPECT_EQ(fresh.TakeLog(), (Log{"A KeyDown 115", "A DropDown", "show 100,72 250x200"}));
-        EXPECT_TRUE(fresh.a.control->DropDownState());
+        VmCalDropDown& control = *fresh.a.control;
+        control.DateValue(DateOf(c.from, 0.5));
+        fresh.Key(fresh.a, kKeyF4);
+        EXPECT_EQ(fresh.TakeLog().back(), "show 100,72 250x200");
         fresh.ClickDay(c.clicked);
-        EXPECT_EQ(Joined(fresh.TakeLog()), c.events);
-        EXPECT_EQ(fresh.a.control->DateValue(), DateOf(c.clicked, 0.5));  // its time stays
+        EXPECT_EQ(Joined(fresh.TakeLog()), "A MouseDown, A DateChanged " + IsoDate(c.clicked) +
+                                               ", notify DateValue, " + c.events +
+                                               ", A MouseUp, hide, A CloseUp");
+        EXPECT_EQ(control.DateValue(), DateOf(c.clicked, 0.5));  // its time stays
         EXPECT_FALSE(fresh.timer || fresh.visible || fresh.calendarWindow.captured ||
-                     fresh.a.control->DropDownState());
+                     control.DropDownState());
     }
-}
-
-TEST_F(DropDown, ANeighbouringDayOfTheSameNumberClosesToo) {
-    box.DateValue(DateOf(Day(2020, 3, 29)));
-    Open();
-    test.ClickDay(Day(2020, 2, 29));
-    EXPECT_FALSE(test.visible);
-    EXPECT_EQ(DateOfBox(), Day(2020, 2, 29));
 }
 
 TEST_F(DropDown, ArrowsTurnTheMonthAndKeepItOpen) {
@@ -70,21 +56,14 @@ TEST_F(DropDown, StepsByKeysOpenAndClosed) {
         DayNumber to;
     };
     const Case cases[] = {
-        {"day", kKeyRight, 0, kMar15, true, "A DateChanged 2020-03-16, A DayChanged 16",
-         Day(2020, 3, 16)},
         {"week over the month", kKeyUp, 0, Day(2020, 3, 3), true,
          "A DateChanged 2020-02-25, A DayChanged 25, A MonthChanged 2", Day(2020, 2, 25)},
-        {"week forward", kKeyDown, 0, Day(2020, 3, 3), true,
-         "A DateChanged 2020-03-10, A DayChanged 10", Day(2020, 3, 10)},
-        {"another key", 65, 0, kMar15, true, "", kMar15},
         {"month back over the year", kKeyPageUp, 0, Day(2020, 1, 31), true,
          "A DateChanged 2019-12-31, A MonthChanged 12, A YearChanged 2019", Day(2019, 12, 31)},
         {"year back", kKeyPageUp, kShiftCtrl, Day(2020, 2, 29), true,
          "A DateChanged 2019-02-28, A DayChanged 28, A YearChanged 2019", Day(2019, 2, 28)},
         {"month", kKeyPageDown, 0, Day(2021, 1, 31), true,
          "A DateChanged 2021-02-28, A DayChanged 28, A MonthChanged 2", Day(2021, 2, 28)},
-        {"year", kKeyPageDown, kShiftCtrl, Day(2020, 2, 29), true,
-         "A DateChanged 2021-02-28, A DayChanged 28, A YearChanged 2021", Day(2021, 2, 28)},
         {"Friday to Monday", kKeyRight, 0, Day(2020, 3, 13), false,
          "A DateChanged 2020-03-16, A DayChanged 16", Day(2020, 3, 16)},
         {"Monday to Friday", kKeyLeft, 0, Day(2020, 3, 16), false,
@@ -112,19 +91,15 @@ TEST_F(DropDown, StepsByKeysOpenAndClosed) {
     }
 }
 
-TEST_F(DropDown, KeysOpenAndClose) {
+TEST_F(DropDown, KeysOpenAndCloseWithTheirModifiersOnly) {
     struct Case {
         int key, shift;
         bool opensClosed, closesOpen;
     };
-    const Case cases[] = {{kKeyF4, 0, true, true},
-                          {kKeyF4, 1, false, false},
-                          {kKeyDown, kShiftAlt, true, true},
+    const Case cases[] = {{kKeyF4, 1, false, false},
                           {kKeyUp, kShiftAlt, true, true},
                           {kKeyDown, kShiftAlt | kShiftCtrl, false, false},
-                          {kKeyEscape, 0, false, true},
                           {kKeyEscape, kShiftCtrl, false, false},
-                          {kKeyEnter, 0, false, true},
                           {kKeyAlt, kShiftAlt, false, true}};
     for (const Case& c : cases) {
         for (const bool open : {false, true}) {
@@ -135,15 +110,6 @@ TEST_F(DropDown, KeysOpenAndClose) {
                 << c.key << ' ' << c.shift << ' ' << open;
         }
     }
-    // As fingers do it: Alt goes down first and closes, Down then must not open again.
-    Open();
-    test.Key(test.a, kKeyAlt, kShiftAlt);
-    test.Key(test.a, kKeyDown, kShiftAlt);
-    EXPECT_FALSE(test.visible);
-    std::int16_t key = kKeyAlt, shift = 0;
-    box.OnKeyUp(key, shift);
-    test.Key(test.a, kKeyDown, kShiftAlt);
-    EXPECT_TRUE(test.visible);
 }
 
 TEST_F(DropDown, AKeyInTheCalendarIsOneStepToo) {
@@ -152,20 +118,6 @@ TEST_F(DropDown, AKeyInTheCalendarIsOneStepToo) {
     test.form->Calendar().OnKeyDown(key, shift);
     EXPECT_EQ(DateOfBox(), Day(2020, 3, 16));
     EXPECT_EQ(DayOf(test.form->Calendar().SelectedDate()), Day(2020, 3, 16));
-}
-
-TEST_F(DropDown, TheMouseOpensAndClosesWithThePressedLook) {
-    test.a.control->OnMouseDown(1, 0, 140, 10);
-    EXPECT_EQ(test.TakeLog(), (Log{"A MouseDown", "A DropDown", "show 100,72 250x200"}));
-    box.OnPaint(StrictDrawing::kWindowSurface);
-    EXPECT_EQ(test.drawing.frameStates, (std::vector<std::uint32_t>{kScrollDown | kFramePushed}));
-    box.OnMouseUp(1, 0, 140, 10);
-    test.drawing.Forget();
-    box.OnPaint(StrictDrawing::kWindowSurface);
-    EXPECT_EQ(test.drawing.frameStates, (std::vector<std::uint32_t>{kScrollDown}));
-    test.TakeLog();
-    test.a.control->OnMouseDown(1, 0, 140, 10);
-    EXPECT_EQ(test.TakeLog(), (Log{"A MouseDown", "hide", "A CloseUp"}));
 }
 
 TEST_F(DropDown, PressesOutsideCloseAndThePointerMovesTheCapture) {
@@ -255,12 +207,11 @@ TEST_F(DropDown, StateOpensThroughTheFocusAndACancelledOpeningCountsAsOpen) {
 
     box.Events().DropDown.Connect([](bool& cancel) { cancel = true; });
     box.DropDownState(true);
-    EXPECT_EQ(test.TakeLog(), (Log{"A DropDown"}));
     EXPECT_TRUE(box.DropDownState());
     EXPECT_FALSE(test.visible || test.timer);
-    test.Key(test.a, kKeyF4);
-    EXPECT_EQ(test.TakeLog(), (Log{"A KeyDown 115", "A CloseUp"}));
-    EXPECT_FALSE(box.DropDownState());
+    test.TakeLog();
+    box.DropDownState(false);
+    EXPECT_EQ(test.TakeLog(), (Log{"A CloseUp"}));
 }
 
 }  // namespace

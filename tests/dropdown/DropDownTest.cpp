@@ -1,21 +1,12 @@
+#include "platform/PropertiesText.h"
 #include "tests/dropdown/DropDownFixture.h"
 #include "tests/support/Refusals.h"
+#include "tests/support/StoreCases.h"
 
 #include <algorithm>
-#include <map>
 
 namespace velmora::test {
 namespace {
-
-TEST_F(DropDown, BeginsWithThePresentAndItsDefaults) {
-    EXPECT_EQ(box.DateValue(), DateOf(kMar15, 0.5));
-    EXPECT_EQ(box.Text(), "3/15/2020");
-    EXPECT_EQ(DayOf(box.DateMax()), Day(2700, 12, 31));
-    EXPECT_EQ(DayOf(box.DateMin()), Day(1100, 1, 1));
-    EXPECT_EQ(box.DropDownWidth(), 250);
-    EXPECT_EQ(box.DropDownHeight(), 200);
-    EXPECT_FALSE(test.timer || test.visible || test.calendarWindow.captured);
-}
 
 TEST_F(DropDown, TwoBoxesKeepWhatIsTheirs) {
     VmCalDropDown& other = *test.b.control;
@@ -211,28 +202,12 @@ TEST_F(DropDown, OpeningRepaintsNothingOfTheBox) {
     EXPECT_EQ(std::count(windows.begin(), windows.end(), box.hWnd()), 1);
 }
 
-/// Keeps every write; a repeated key stands twice.
-class ListBag : public PropertyBag {
-public:
-    Variant ReadProperty(std::string_view name, const Variant& fallback) override {
-        const auto found = values.find(std::string(name));
-        return found == values.end() ? fallback : found->second;
-    }
-    void WriteProperty(std::string_view name, const Variant& value,
-                       const Variant& fallback) override {
-        keys.emplace_back(name);
-        if (value != fallback) values[std::string(name)] = value;
-    }
-    Log keys;
-    std::map<std::string, Variant> values;
-};
-
 TEST_F(DropDown, SavesAndRestoresItself) {
-    ListBag fresh;
+    RecordingBag fresh;
     box.WriteProps(fresh);
-    EXPECT_EQ(fresh.keys.size(), 39u);
-    EXPECT_EQ(std::count(fresh.keys.begin(), fresh.keys.end(), "ComboDateFormat"), 2);
-    for (const auto& [key, value] : fresh.values) {
+    EXPECT_EQ(fresh.writes.size(), 39u);
+    EXPECT_EQ(std::count(fresh.writes.begin(), fresh.writes.end(), "ComboDateFormat"), 2);
+    for (const auto& [key, value] : fresh.Values()) {
         EXPECT_EQ(value.Type(), VarType::Object) << key;  // fonts alone differ from their defaults
     }
 
@@ -246,20 +221,20 @@ TEST_F(DropDown, SavesAndRestoresItself) {
     box.Let(kShowWeekend, false);
     box.MousePointer(11);
     box.Enabled(false);
-    ListBag bag;
+    MemoryBag bag;
     box.WriteProps(bag);
     TestBoxes second;
     second.TakeLog();
     second.a.control->ReadProps(bag);
     EXPECT_TRUE(second.TakeLog().empty());
-    ListBag again;
+    MemoryBag again;
     second.a.control->WriteProps(again);
-    EXPECT_EQ(again.values, bag.values);
+    EXPECT_EQ(FormatProperties(again), FormatProperties(bag));
     EXPECT_EQ(second.a.control->Text(), "1130");
 
-    ListBag damaged;
-    for (const std::string& key : fresh.keys) damaged.values[key] = "nonsense";
-    damaged.values["DropDownHeight"] = std::int32_t{-5};
+    MemoryBag damaged;
+    for (const auto& key : fresh.writes) damaged.WriteProperty(key, "nonsense", Variant());
+    damaged.WriteProperty("DropDownHeight", std::int32_t{-5}, Variant());
     second.a.control->ReadProps(damaged);
     EXPECT_EQ(DayOf(second.a.control->DateMax()), Day(2700, 12, 31));
     EXPECT_EQ(second.a.control->DropDownHeight(), 0);

@@ -6,9 +6,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QScrollBar>
-#include <QStyle>
-#include <QStyleOptionSlider>
 #include <QWheelEvent>
 
 #include <functional>
@@ -34,18 +31,15 @@ void TypeYear(Widget* widget, const QString& digits) {
     for (const QChar digit : digits) Press(year, digit.unicode(), digit);
 }
 
+QAbstractItemView* OpenList(Widget* widget) {
+    auto* const list = ChildOf<QComboBox>(widget);
+    list->showPopup();
+    return list->view();
+}
+
 void ClickBar(Widget* widget, QStyle::SubControl part) {
     auto* const bar = ChildOf<QScrollBar>(widget);
-    QStyleOptionSlider option;
-    option.initFrom(bar);
-    option.orientation = bar->orientation();
-    option.minimum = bar->minimum();
-    option.maximum = bar->maximum();
-    option.sliderPosition = bar->value();
-    option.sliderValue = bar->value();
-    option.pageStep = bar->pageStep();
-    option.upsideDown = bar->invertedAppearance();
-    Click(bar, bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, bar).center());
+    Click(bar, CenterOf(*bar, part));
 }
 
 void Wheel(QWidget* widget, int delta) {
@@ -55,11 +49,12 @@ void Wheel(QWidget* widget, int delta) {
     QApplication::sendEvent(widget, &event);
 }
 
-TEST(VmCalendarWidget, KeyRaisesItsSignalsInOrderAndIsAcceptedWhenUsed) {
+TEST(VmCalendarWidget, KeyIsAcceptedWhenUsedAndDeleteIsNoCharacter) {
     Widget widget;
     Prepare(widget);
     Names names;
-    Note(widget, names);
+    QObject::connect(&widget, &Widget::keyPress, [&] { names.push_back("keyPress"); });
+    QObject::connect(&widget, &Widget::dateValueChanged, [&] { names.push_back("value"); });
     const auto press = [&](int key, const QString& text = {}) {
         names.clear();
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
@@ -67,18 +62,13 @@ TEST(VmCalendarWidget, KeyRaisesItsSignalsInOrderAndIsAcceptedWhenUsed) {
         return event.isAccepted();
     };
     EXPECT_TRUE(press(Qt::Key_Right));
-    EXPECT_EQ(names, (Names{"keyDown", "dateChanged", "dayChanged", "dateValueChanged"}));
-    EXPECT_EQ(widget.dateValue(), QDate(2024, 5, 16));
+    EXPECT_EQ(names, Names{"value"});
     EXPECT_TRUE(press(Qt::Key_PageDown));
-    EXPECT_EQ(names, (Names{"keyDown", "monthChanged", "dateValueChanged"}));
+    EXPECT_EQ(names, Names{"value"});
     EXPECT_FALSE(press(Qt::Key_A, "a"));
-    EXPECT_EQ(names, (Names{"keyDown", "keyPress"}));
+    EXPECT_EQ(names, Names{"keyPress"});
     EXPECT_FALSE(press(Qt::Key_Delete, "\x7f"));
-    EXPECT_EQ(names, (Names{"keyDown"}));
-    EXPECT_FALSE(press(Qt::Key_Return, "\r"));
-    names.clear();
-    SendKey(&widget, QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_EQ(names, (Names{"keyUp"}));
+    EXPECT_EQ(names, Names{});
 }
 
 TEST(VmCalendarWidget, KeysHaveVirtualCodesAndShiftBits) {
@@ -107,40 +97,20 @@ TEST(VmCalendarWidget, KeysHaveVirtualCodesAndShiftBits) {
         EXPECT_EQ(code, c.code);
         EXPECT_EQ(shift, c.shift);
     }
-    // A slot's change is what the calendar acts on.
-    QObject::connect(&widget, &Widget::keyDown, [](qint16& keyCode, qint16&) { keyCode = 40; });
-    SendKey(&widget, QEvent::KeyPress, Qt::Key_A);
-    EXPECT_EQ(widget.dateValue(), kMay15.addDays(7 - 1)) << "left before, down now";
 }
 
-TEST(VmCalendarWidget, MouseRaisesItsSignalsInOrder) {
+TEST(VmCalendarWidget, APressIsLostWithTheWindow) {
     Widget widget;
     Prepare(widget);
-    Names names;
-    Note(widget, names);
+    int clicks = 0;
+    QObject::connect(&widget, &Widget::click, [&] { ++clicks; });
     const QPoint may20 = CellOf(widget, QDate(2024, 5, 20)).center();
-    Click(&widget, may20);
-    EXPECT_EQ(names, (Names{"mouseDown", "dateChanged", "dayChanged", "dateValueChanged", "mouseUp",
-                            "click"}));
-    names.clear();
-    SendMouse(&widget, QEvent::MouseButtonDblClick, may20);
-    SendMouse(&widget, QEvent::MouseButtonRelease, may20);
-    EXPECT_EQ(names, (Names{"mouseDown", "dblClick", "mouseUp"}));
-    names.clear();
     SendMouse(&widget, QEvent::MouseButtonPress, may20);
-    SendMouse(&widget, QEvent::MouseButtonRelease, {-5, -5});
-    EXPECT_EQ(names, (Names{"mouseDown", "mouseUp"})) << "released outside";
-    names.clear();
-    SendMouse(&widget, QEvent::MouseButtonPress, CellOf(widget, kMay15).center());
     QEvent deactivate(QEvent::WindowDeactivate);
     QApplication::sendEvent(&widget, &deactivate);
-    SendMouse(&widget, QEvent::MouseButtonRelease, CellOf(widget, kMay15).center());
-    EXPECT_EQ(names, (Names{"mouseDown", "mouseUp"})) << "the press was lost with the window";
-    EXPECT_EQ(widget.dateValue(), QDate(2024, 5, 20));
-    names.clear();
-    SendMouse(&widget, QEvent::MouseButtonPress, may20, Qt::RightButton);
-    SendMouse(&widget, QEvent::MouseButtonRelease, may20, Qt::RightButton);
-    EXPECT_EQ(names, (Names{"mouseDown", "mouseUp"}));
+    SendMouse(&widget, QEvent::MouseButtonRelease, may20);
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(widget.dateValue(), kMay15);
 }
 
 using Act = std::function<void(Widget*)>;
@@ -243,42 +213,28 @@ const struct {
      [](Widget* w) { Press(ChildOf<QComboBox>(w), Qt::Key_Return); }},
     {"key in the open list", Widget::MonthSelCombo,
      [](Widget* w) {
-         ChildOf<QComboBox>(w)->showPopup();
-         auto* const view = ChildOf<QComboBox>(w)->view();
+         auto* const view = OpenList(w);
          Press(view, Qt::Key_Down);
          Press(view, Qt::Key_Return);
      }},
     {"click in the open list", Widget::MonthSelCombo,
      [](Widget* w) {
-         ChildOf<QComboBox>(w)->showPopup();
-         auto* const view = ChildOf<QComboBox>(w)->view();
+         auto* const view = OpenList(w);
          const QPoint july = view->visualRect(view->model()->index(6, 0)).center();
          SendMouse(view->viewport(), QEvent::MouseMove, july, Qt::NoButton);
          Click(view->viewport(), july);
      }},
     {"Escape in the open list", Widget::MonthSelCombo,
      [](Widget* w) {
-         ChildOf<QComboBox>(w)->showPopup();
-         SendKey(ChildOf<QComboBox>(w)->view(), QEvent::KeyPress, Qt::Key_Escape);
+         SendKey(OpenList(w), QEvent::KeyPress, Qt::Key_Escape);
          SendKey(ChildOf<QComboBox>(w), QEvent::KeyRelease, Qt::Key_Escape);
      }},
     {"wheel on the list", Widget::MonthSelCombo,
      [](Widget* w) { Wheel(ChildOf<QComboBox>(w), -120); }},
     {"year and Enter", Widget::MonthSelCombo,
-     [](Widget* w) {
-         TypeYear(w, "2031");
-         Press(ChildOf<QLineEdit>(w), Qt::Key_Return, "\r");
-     }},
+     [](Widget* w) { TypeYear(w, "2031"), Press(ChildOf<QLineEdit>(w), Qt::Key_Return, "\r"); }},
     {"year and focus to the grid", Widget::MonthSelCombo,
-     [](Widget* w) {
-         TypeYear(w, "2031");
-         w->setFocus();
-     }},
-    {"year and focus to the list", Widget::MonthSelCombo,
-     [](Widget* w) {
-         TypeYear(w, "2031");
-         ChildOf<QComboBox>(w)->setFocus();
-     }},
+     [](Widget* w) { TypeYear(w, "2031"), w->setFocus(); }},
     {"year and a click in the grid", Widget::MonthSelCombo,
      [](Widget* w) {
          TypeYear(w, "2031");
@@ -290,8 +246,6 @@ const struct {
     {"spinner", Widget::MonthSelCombo, [](Widget* w) { ClickBar(w, QStyle::SC_ScrollBarSubLine); }},
     {"arrow of the scroll bar", Widget::MonthSelScrollbar,
      [](Widget* w) { ClickBar(w, QStyle::SC_ScrollBarAddLine); }},
-    {"page of the scroll bar", Widget::MonthSelScrollbar,
-     [](Widget* w) { ClickBar(w, QStyle::SC_ScrollBarAddPage); }},
     {"wheel on the scroll bar", Widget::MonthSelScrollbar,
      [](Widget* w) { Wheel(ChildOf<QScrollBar>(w), -120); }},
     {"thumb of the scroll bar", Widget::MonthSelScrollbar,

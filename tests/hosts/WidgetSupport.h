@@ -4,9 +4,12 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
+#include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScrollBar>
+#include <QStyleOptionSlider>
 
 #include <string>
 #include <vector>
@@ -54,6 +57,23 @@ inline QRect CellOf(Widget& widget, QDate date) {
     return CellOf(widget.calendar(), widget.size(), date);
 }
 
+inline QImage ImageOf(QWidget& widget, double ratio = 1) {
+    QImage image(widget.size() * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    widget.render(&image);
+    return image;
+}
+
+/// Of a part of the bar, as it lies in the bar.
+inline QPoint CenterOf(const QScrollBar& bar, QStyle::SubControl part) {
+    struct Bar : QScrollBar {
+        using QScrollBar::initStyleOption;
+    };
+    QStyleOptionSlider option;
+    (bar.*&Bar::initStyleOption)(&option);
+    return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &bar).center();
+}
+
 /// Connects to one of some signals, counted from 0.
 template <class Sender, class Slot, class... Signals>
 void ConnectNth(int wanted, Sender* sender, Slot slot, Signals... signal) {
@@ -97,25 +117,6 @@ inline Qt::DropAction DragAndDrop(QPointer<QWidget> widget, const QMimeData& con
     QDropEvent drop(at, actions, &content, Qt::LeftButton, {});
     QApplication::sendEvent(widget, &drop);
     return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
-}
-
-/// Notes the signals of user actions in their order.
-inline void Note(Widget& widget, Names& names) {
-    const auto note = [&names](const char* name) {
-        return [&names, name] { names.push_back(name); };
-    };
-    QObject::connect(&widget, &Widget::keyDown, note("keyDown"));
-    QObject::connect(&widget, &Widget::keyPress, note("keyPress"));
-    QObject::connect(&widget, &Widget::keyUp, note("keyUp"));
-    QObject::connect(&widget, &Widget::mouseDown, note("mouseDown"));
-    QObject::connect(&widget, &Widget::mouseUp, note("mouseUp"));
-    QObject::connect(&widget, &Widget::click, note("click"));
-    QObject::connect(&widget, &Widget::dblClick, note("dblClick"));
-    QObject::connect(&widget, &Widget::dateChanged, note("dateChanged"));
-    QObject::connect(&widget, &Widget::dayChanged, note("dayChanged"));
-    QObject::connect(&widget, &Widget::monthChanged, note("monthChanged"));
-    QObject::connect(&widget, &Widget::yearChanged, note("yearChanged"));
-    QObject::connect(&widget, &Widget::dateValueChanged, note("dateValueChanged"));
 }
 
 }  // namespace velmora

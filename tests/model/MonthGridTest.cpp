@@ -1,5 +1,5 @@
 #include "model/MonthGrid.h"
-#include "platform/AutomationError.h"
+#include "tests/support/Refusals.h"
 
 #include <gtest/gtest.h>
 
@@ -165,12 +165,8 @@ TEST(DaysInMonth, KnowsLeapYearsAndRefusesWhatOverflows) {
     constexpr std::int16_t kLow = std::numeric_limits<std::int16_t>::min();
     for (const auto& [month, year] :
          {std::pair<std::int16_t, std::int16_t>{1, kLow}, {kLow, 2000}, {1, 99}, {1, 10000}}) {
-        try {
-            DaysInMonth(month, year);
-            ADD_FAILURE() << month << ' ' << year;
-        } catch (const AutomationError& error) {
-            EXPECT_EQ(error.Number(), ErrorNumber::Overflow);
-        }
+        const auto refused = [m = month, y = year] { DaysInMonth(m, y); };
+        EXPECT_EQ(test::NumberOf(refused), ErrorNumber::Overflow) << month << ' ' << year;
     }
 }
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 
 #ifdef __unix__
 #include <sys/resource.h>
@@ -48,15 +49,17 @@ std::string ContentOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-FileProblem ProblemOf(const std::function<void()>& operation) {
+PropertyFileError ErrorOf(const std::function<void()>& operation) {
     try {
         operation();
     } catch (const PropertyFileError& error) {
-        EXPECT_NE(std::string(error.what()), "");
-        return error.Problem();
+        return error;
     }
-    ADD_FAILURE() << "nothing was refused";
-    return {};
+    throw std::logic_error("nothing was refused");
+}
+
+FileProblem ProblemOf(const std::function<void()>& operation) {
+    return ErrorOf(operation).Problem();
 }
 
 const std::string kHead = "velmora-properties 1\n";
@@ -213,15 +216,12 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
         {kHead + std::string(kLongestPropertyLine + 1, 'A') + "\nend\n", 2, "line is too long"},
     };
     for (const auto& [content, line, reason] : cases) {
-        try {
-            ParseProperties(content);
-            ADD_FAILURE() << "accepted: " << content.substr(0, 80);
-        } catch (const PropertyFileError& error) {
-            EXPECT_EQ(error.Problem(), FileProblem::Damaged);
-            EXPECT_EQ(error.Line(), line) << error.what();
-            EXPECT_NE(std::string(error.what()).find(reason), std::string::npos)
-                << error.what() << "\nwhere it should say: " << reason;
-        }
+        SCOPED_TRACE(content.substr(0, 80));
+        const PropertyFileError error = ErrorOf([&, &text = content] { ParseProperties(text); });
+        EXPECT_EQ(error.Problem(), FileProblem::Damaged);
+        EXPECT_EQ(error.Line(), line) << error.what();
+        EXPECT_NE(std::string(error.what()).find(reason), std::string::npos)
+            << error.what() << "\nwhere it should say: " << reason;
     }
 }
 
@@ -283,12 +283,8 @@ TEST(TextFileBag, WhatCannotBeLoadedLeavesTheValues) {
         EXPECT_EQ(ProblemOf([&] { bag.Load(); }), problem) << name;
         EXPECT_EQ(bag.ReadProperty("A", Variant()), Variant("before")) << name;
     }
-    try {
-        TextFileBag(folder.path / "damaged").Load();
-    } catch (const PropertyFileError& error) {
-        EXPECT_NE(std::string(error.what()).find("damaged, line 3: "), std::string::npos)
-            << error.what();
-    }
+    const auto error = ErrorOf([&] { TextFileBag(folder.path / "damaged").Load(); });
+    EXPECT_NE(std::string(error.what()).find("damaged, line 3: "), std::string::npos);
 }
 
 TEST(TextFileBag, AFailedSaveLeavesNothingBehind) {

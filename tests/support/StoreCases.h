@@ -85,8 +85,7 @@ inline std::vector<Variant> AwkwardValues() {
         ObjectRef(IconOf(3, 2)),
         ObjectRef(IconOf(5, 1)),
         ObjectRef(std::make_shared<StdPicture>(PictureType::EnhMetafile, Size{-1, 70000}, nullptr)),
-        ObjectRef(std::make_shared<StdPicture>(PictureType::None, Size{}, nullptr)),
-    };
+        ObjectRef(std::make_shared<StdPicture>(PictureType::None, Size{}, nullptr))};
 }
 
 inline std::vector<std::string> WordsOf(const std::string& text) {
@@ -110,37 +109,35 @@ struct SavedRange {
 };
 
 /// In an order in which each of them is admitted: the limits before the date.
-inline constexpr SavedRange kSavedRanges[] = {
-    {"Appearance", 0, 1},
-    {"SelectedDayBackColor", 0, 0xFFFFFF},
-    {"SelectedDayForeColor", 0, 0xFFFFFF},
-    {"DayAppearance", 0, 1},
-    {"DayCaptionAlignment", 0, 8},
-    {"DayDefaultBackColor", 0, 0xFFFFFF},
-    {"DayDefaultForeColor", 0, 0xFFFFFF},
-    {"DayOtherMonthForeColor", 0, 0xFFFFFF},
-    {"DayNumberAlignment", 0, 8},
-    {"DayPictureAlignment", 0, 14},
-    {"Enabled", 0, 1},
-    {"FirstDayOfWeek", 1, 7},
-    {"MonthAppearance", 0, 1},
-    {"MonthBackColor", 0, 0xFFFFFF},
-    {"MonthDisplay", 0, 1},
-    {"MonthForeColor", 0, 0xFFFFFF},
-    {"DateMin", -620908, 36526},
-    {"DateMax", 36900, 986520},
-    {"DateValue", 36526, 36900},
-    {"MonthYearSelStyle", 0, 3},
-    {"MousePointer", 0, 15},
-    {"ShowWeekend", 0, 1},
-    {"TodayBackColor", 0, 0xFFFFFF},
-    {"TodayForeColor", 0, 0xFFFFFF},
-    {"WeekDayAppearance", 0, 1},
-    {"WeekDayBackColor", 0, 0xFFFFFF},
-    {"WeekDayCaptionAlignment", 0, 8},
-    {"WeekDayDisplay", 0, 3},
-    {"WeekDayForeColor", 0, 0xFFFFFF},
-};
+inline constexpr SavedRange kSavedRanges[] = {{"Appearance", 0, 1},
+                                              {"SelectedDayBackColor", 0, 0xFFFFFF},
+                                              {"SelectedDayForeColor", 0, 0xFFFFFF},
+                                              {"DayAppearance", 0, 1},
+                                              {"DayCaptionAlignment", 0, 8},
+                                              {"DayDefaultBackColor", 0, 0xFFFFFF},
+                                              {"DayDefaultForeColor", 0, 0xFFFFFF},
+                                              {"DayOtherMonthForeColor", 0, 0xFFFFFF},
+                                              {"DayNumberAlignment", 0, 8},
+                                              {"DayPictureAlignment", 0, 14},
+                                              {"Enabled", 0, 1},
+                                              {"FirstDayOfWeek", 1, 7},
+                                              {"MonthAppearance", 0, 1},
+                                              {"MonthBackColor", 0, 0xFFFFFF},
+                                              {"MonthDisplay", 0, 1},
+                                              {"MonthForeColor", 0, 0xFFFFFF},
+                                              {"DateMin", -620908, 36526},
+                                              {"DateMax", 36900, 986520},
+                                              {"DateValue", 36526, 36900},
+                                              {"MonthYearSelStyle", 0, 3},
+                                              {"MousePointer", 0, 15},
+                                              {"ShowWeekend", 0, 1},
+                                              {"TodayBackColor", 0, 0xFFFFFF},
+                                              {"TodayForeColor", 0, 0xFFFFFF},
+                                              {"WeekDayAppearance", 0, 1},
+                                              {"WeekDayBackColor", 0, 0xFFFFFF},
+                                              {"WeekDayCaptionAlignment", 0, 8},
+                                              {"WeekDayDisplay", 0, 3},
+                                              {"WeekDayForeColor", 0, 0xFFFFFF}};
 inline constexpr const char* kSavedFonts[] = {"DayFont", "MonthFont", "WeekDayFont"};
 
 /// Properties of a calendar as text, for comparison.
@@ -154,6 +151,27 @@ inline std::string SavedFace(const VmCalendar& calendar) {
     add("MouseIcon");
     return face + FormatValue(calendar.SelectedDate());
 }
+
+/// Keeps the names that a control asks for and gives, in order.
+class RecordingBag : public MemoryBag {
+public:
+    Variant ReadProperty(std::string_view name, const Variant& fallback) override {
+        reads.emplace_back(name);
+        return MemoryBag::ReadProperty(name, fallback);
+    }
+    void WriteProperty(std::string_view name, const Variant& value,
+                       const Variant& fallback) override {
+        writes.emplace_back(name);
+        MemoryBag::WriteProperty(name, value, fallback);
+    }
+    std::vector<std::string> Kept() const {
+        std::vector<std::string> names;
+        for (const auto& [name, value] : Values()) names.push_back(name);
+        return names;
+    }
+
+    std::vector<std::string> reads, writes;
+};
 
 enum class Look { Default, Lowest, Highest, Random };
 

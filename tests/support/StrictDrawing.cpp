@@ -18,7 +18,6 @@ constexpr bool IsDefault(ObjectHandle object) {
 void StrictDrawing::Forget() {
     fills.clear();
     texts.clear();
-    lines.clear();
     frameStates.clear();
     pictures.clear();
     blits.clear();
@@ -64,14 +63,12 @@ const StrictDrawing::Thing* StrictDrawing::SelectedThing(SurfaceHandle surface, 
 }
 
 ObjectHandle StrictDrawing::CreateBrushIndirect(const LogBrush& brush) {
-    return Make({Kind::Brush, brush.color, {}});
+    return Make({Kind::Brush, brush.color});
 }
 ObjectHandle StrictDrawing::CreatePenIndirect(const LogPen& pen) {
-    return Make({Kind::Pen, pen.color, {}});
+    return Make({Kind::Pen, pen.color});
 }
-ObjectHandle StrictDrawing::CreateFontIndirectA(const LogFont& font) {
-    return Make({Kind::Font, 0, font.faceName});
-}
+ObjectHandle StrictDrawing::CreateFontIndirectA(const LogFont&) { return Make({Kind::Font}); }
 
 ObjectHandle StrictDrawing::SelectObject(SurfaceHandle surface, ObjectHandle object) {
     SurfaceState* state = Surface(surface);
@@ -114,19 +111,6 @@ void StrictDrawing::FillRect(SurfaceHandle surface, const Rect& rect, ObjectHand
     }
 }
 
-void StrictDrawing::MoveToEx(SurfaceHandle surface, int x, int y) {
-    if (SurfaceState* state = Surface(surface)) state->position = {x, y};
-}
-
-void StrictDrawing::LineTo(SurfaceHandle surface, int x, int y) {
-    SurfaceState* state = Surface(surface);
-    if (!state) return;
-    const Point from = std::exchange(state->position, Point{x, y});
-    if (const Thing* pen = SelectedThing(surface, Kind::Pen)) {
-        lines.push_back({from, {x, y}, pen->color});
-    }
-}
-
 void StrictDrawing::SetTextColor(SurfaceHandle surface, Rgb color) {
     if (SurfaceState* state = Surface(surface)) state->textColor = color;
 }
@@ -139,8 +123,7 @@ int StrictDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect&
         rect.right = rect.left + static_cast<int>(text.size()) * 6;
         rect.bottom = rect.top + 12;
     } else if (state) {
-        const Thing* font = SelectedThing(surface, Kind::Font);
-        texts.push_back({std::string(text), rect, flags, state->textColor, font ? font->face : ""});
+        texts.push_back({std::string(text), rect, flags, state->textColor});
     }
     return 12;
 }
@@ -160,7 +143,7 @@ void StrictDrawing::DeleteDC(SurfaceHandle surface) {
 
 ObjectHandle StrictDrawing::CreateCompatibleBitmap(SurfaceHandle, int width, int height) {
     if (width <= 0 || height <= 0) return ObjectHandle::None;
-    return Make({Kind::Bitmap, 0, {}});
+    return Make({Kind::Bitmap});
 }
 
 void StrictDrawing::BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, Point,
@@ -179,7 +162,7 @@ void StrictDrawing::StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHa
 ObjectHandle StrictDrawing::PictureHandle(const StdPicture& picture) {
     if (!picture.Image() || !picture.Image()->IsDrawable()) return ObjectHandle::None;
     const ObjectHandle handle{reinterpret_cast<std::uintptr_t>(&picture)};
-    m_objects[handle] = {Kind::Picture, 0, {}};
+    m_objects[handle] = {Kind::Picture};
     return handle;
 }
 

@@ -24,11 +24,6 @@ public:
         Rect rect;
         std::uint32_t flags;
         Rgb color;
-        std::string font;
-    };
-    struct Line {
-        Point from, to;
-        Rgb color;
     };
 
     static constexpr SurfaceHandle kWindowSurface{1};
@@ -36,7 +31,6 @@ public:
 
     std::vector<Fill> fills;
     std::vector<Text> texts;
-    std::vector<Line> lines;
     std::vector<std::uint32_t> frameStates;
     std::vector<Rect> pictures;  // icons and bitmap copies onto a surface
     std::vector<Rect> blits;     // onto the window's surface
@@ -57,8 +51,8 @@ public:
     ObjectHandle SelectObject(SurfaceHandle surface, ObjectHandle object) override;
     void DeleteObject(ObjectHandle object) override;
     void FillRect(SurfaceHandle surface, const Rect& rect, ObjectHandle brush) override;
-    void MoveToEx(SurfaceHandle surface, int x, int y) override;
-    void LineTo(SurfaceHandle surface, int x, int y) override;
+    void MoveToEx(SurfaceHandle surface, int, int) override { Surface(surface); }
+    void LineTo(SurfaceHandle surface, int, int) override { Surface(surface); }
     void SetBkMode(SurfaceHandle, BackgroundMode) override {}
     void SetTextColor(SurfaceHandle surface, Rgb color) override;
     int DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rect,
@@ -87,12 +81,10 @@ private:
     enum class Kind { Brush, Pen, Font, Bitmap, Picture };
     struct Thing {
         Kind kind;
-        Rgb color;
-        std::string face;
+        Rgb color = 0;
     };
     struct SurfaceState {
         std::map<Kind, ObjectHandle> selected;
-        Point position;
         Rgb textColor = 0;
     };
 

@@ -1,7 +1,5 @@
 #include "tests/support/TestBoxes.h"
 
-#include "tests/support/TestCalendar.h"
-
 namespace velmora::test {
 
 TestBoxes::TestBoxes()
@@ -59,17 +57,6 @@ std::string TestBoxes::Key(Box& box, int keyCode, int shift) {
     auto state = static_cast<std::int16_t>(shift);
     box.control->OnKeyDown(key, state);
     return std::to_string(key);
-}
-
-Point TestBoxes::CenterOf(DayNumber day) {
-    VmCalendar& calendar = form->Calendar();
-    CalendarState state;
-    state.shownDate = calendar.ShownDate();
-    state.firstDayOfWeek = calendar.FirstDayOfWeek();
-    state.showWeekend = calendar.ShowWeekend();
-    const auto cell = GridOf(state, calendar.Layout()).DayCellRect(day);
-    return cell ? Point{(cell->left + cell->right) / 2, (cell->top + cell->bottom) / 2}
-                : Point{-1000, -1000};
 }
 
 void TestBoxes::PressCalendar(float x, float y) { form->Calendar().OnMouseDown(1, 0, x, y); }

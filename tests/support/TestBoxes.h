@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dropdown/VmCalDropDown.h"
-#include "tests/support/StrictDrawing.h"
+#include "tests/support/TestCalendar.h"
 
 #include <functional>
 #include <memory>
@@ -12,7 +12,7 @@
 namespace velmora::test {
 
 /// A window at a place of the screen.
-class FakeWindow : public BoxWindowing {
+class FakeWindow : public FakeWindowing<BoxWindowing> {
 public:
     explicit FakeWindow(Rect place) : screen(place) {}
 
@@ -22,16 +22,6 @@ public:
     Size ClientSize() const override {
         return {screen.right - screen.left, screen.bottom - screen.top};
     }
-    double PixelsPerInch() const override { return 96; }
-    bool Enabled() const override { return enabled; }
-    void Enabled(bool value) override { enabled = value; }
-    bool TakesInput() const override { return enabled; }
-    std::int16_t MousePointer() const override { return m_pointer; }
-    void MousePointer(std::int16_t pointer) override { m_pointer = pointer; }
-    PictureRef MouseIcon() const override { return m_icon; }
-    void MouseIcon(PictureRef icon) override { m_icon = std::move(icon); }
-    std::int32_t OLEDropMode() const override { return m_dropMode; }
-    void OLEDropMode(std::int32_t mode) override { m_dropMode = mode; }
     void SetCapture() override { captured = true; }
     void ReleaseCapture() override { captured = false; }
     Point ClientToScreen(Point p) const override { return {p.x + screen.left, p.y + screen.top}; }
@@ -45,35 +35,19 @@ public:
         if (focused) focused();
     }
 
-private:
-    std::int16_t m_pointer = 0;
-    PictureRef m_icon;
-    std::int32_t m_dropMode = 0;
-
-public:
     Rect screen;
-    bool enabled = true;
     bool captured = false;
     std::optional<Point> cursor;
     std::function<void()> focused;
 };
 
-class FakeHost : public Hosting {
+class FakeHost : public FakeHosting {
 public:
     void PropertyChanged(std::string_view name) override {
         if (log) log->push_back("notify " + std::string(name));
     }
-    FontRef AmbientFont() const override { return m_font; }
-    std::optional<std::int16_t> ContainerScaleMode() const override { return scaleMode; }
-    std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
-    void OleDrag() override {}
-    void ShowAboutBox(const AboutText&) override {}
 
     std::vector<std::string>* log = nullptr;
-    std::int16_t scaleMode = 3;
-
-private:
-    FontRef m_font = std::make_shared<StdFont>();
 };
 
 /// Two date boxes on one form with the one drop-down window, at noon of 15 March 2020. The log has
@@ -95,7 +69,7 @@ public:
     void ClickDay(DayNumber day);
     void PressCalendar(float x, float y);
     void ReleaseCalendar(float x, float y);
-    Point CenterOf(DayNumber day);
+    Point CenterOf(DayNumber day) { return test::CenterOf(form->Calendar(), day); }
     /// The pointer goes there on the screen, and the timer ticks if it runs.
     void PointAt(Point screen);
 

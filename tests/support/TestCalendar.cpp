@@ -136,13 +136,12 @@ const std::vector<std::string>& TestCalendar::Paint(const Rect& exposed) {
     return drawing.FaultsAfterPaint();
 }
 
-Point TestCalendar::CenterOf(DayNumber day) {
-    const VmCalendar& shown = *calendar;
+Point CenterOf(VmCalendar& calendar, DayNumber day) {
     CalendarState state;
-    state.shownDate = shown.ShownDate();
-    state.firstDayOfWeek = shown.FirstDayOfWeek();
-    state.showWeekend = shown.ShowWeekend();
-    const auto cell = GridOf(state, calendar->Layout()).DayCellRect(day);
+    state.shownDate = calendar.ShownDate();
+    state.firstDayOfWeek = calendar.FirstDayOfWeek();
+    state.showWeekend = calendar.ShowWeekend();
+    const auto cell = GridOf(state, calendar.Layout()).DayCellRect(day);
     if (!cell) return {-1000, -1000};
     return {(cell->left + cell->right) / 2, (cell->top + cell->bottom) / 2};
 }

@@ -11,6 +11,43 @@
 
 namespace velmora::test {
 
+/// Keeps what a window is given.
+template <class Interface>
+class FakeWindowing : public Interface {
+public:
+    bool enabled = true;
+
+    double PixelsPerInch() const override { return 96; }
+    bool Enabled() const override { return enabled; }
+    void Enabled(bool value) override { enabled = value; }
+    bool TakesInput() const override { return enabled; }
+    std::int16_t MousePointer() const override { return m_pointer; }
+    void MousePointer(std::int16_t pointer) override { m_pointer = pointer; }
+    PictureRef MouseIcon() const override { return m_icon; }
+    void MouseIcon(PictureRef icon) override { m_icon = std::move(icon); }
+    std::int32_t OLEDropMode() const override { return m_dropMode; }
+    void OLEDropMode(std::int32_t mode) override { m_dropMode = mode; }
+
+private:
+    std::int16_t m_pointer = 0;
+    PictureRef m_icon;
+    std::int32_t m_dropMode = 0;
+};
+
+class FakeHosting : public Hosting {
+public:
+    std::int16_t scaleMode = 3;
+
+    FontRef AmbientFont() const override { return m_font; }
+    std::optional<std::int16_t> ContainerScaleMode() const override { return scaleMode; }
+    std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
+    void OleDrag() override {}
+    void ShowAboutBox(const AboutText&) override {}
+
+private:
+    FontRef m_font = std::make_shared<StdFont>();
+};
+
 /// Records what a calendar does to a child control.
 struct FakeChild {
     Rect rect;
@@ -19,9 +56,14 @@ struct FakeChild {
     bool dropped = false;
 };
 
+/// The middle of a day's cell, or a place far away from all when it has none.
+Point CenterOf(VmCalendar& calendar, DayNumber day);
+
 /// Everything around a calendar: one log takes events, notifications and repaints in order.
-class TestCalendar : private Windowing, private Hosting {
+class TestCalendar : private FakeWindowing<Windowing>, private FakeHosting {
 public:
+    using FakeWindowing::enabled;
+
     /// Sunday 15 March 2020 at noon is now, unless the test moves it.
     explicit TestCalendar(Size size = {252, 202});
 
@@ -35,7 +77,7 @@ public:
     void MoveTo(DayNumber day);
     void Release(DayNumber day);
     void Clicks(DayNumber day) { Press(day), Release(day); }
-    Point CenterOf(DayNumber day);
+    Point CenterOf(DayNumber day) { return test::CenterOf(*calendar, day); }
     std::string Key(std::int16_t keyCode, std::int16_t shift = 0);  // the key code on return
     /// Every invariant that must hold after any operation; empty when all do.
     std::string BrokenInvariant();
@@ -46,7 +88,6 @@ public:
     std::unique_ptr<VmCalendar> calendar;
     FakeChild monthList, yearText, yearSpinner, dateScroll;
     int childrenMade = 0;
-    bool enabled = true;
     Size client;
     std::vector<std::string> log;
     std::function<void()> whenNotified;  // called by every notification of a property
@@ -64,16 +105,6 @@ private:
 
     WindowHandle Handle() const override { return WindowHandle{7}; }
     Size ClientSize() const override { return client; }
-    double PixelsPerInch() const override { return 96; }
-    bool Enabled() const override { return enabled; }
-    void Enabled(bool value) override { enabled = value; }
-    bool TakesInput() const override { return enabled; }
-    std::int16_t MousePointer() const override { return m_pointer; }
-    void MousePointer(std::int16_t pointer) override { m_pointer = pointer; }
-    PictureRef MouseIcon() const override { return m_icon; }
-    void MouseIcon(PictureRef icon) override { m_icon = std::move(icon); }
-    std::int32_t OLEDropMode() const override { return m_dropMode; }
-    void OLEDropMode(std::int32_t mode) override { m_dropMode = mode; }
     void SetCapture() override { Note("capture"); }
     void ReleaseCapture() override { Note("release capture"); }
     Point ClientToScreen(Point point) const override { return point; }
@@ -85,18 +116,6 @@ private:
     std::unique_ptr<ScrollBar> CreateDateScroll() override;
 
     void PropertyChanged(std::string_view name) override;
-    FontRef AmbientFont() const override { return m_font; }
-    std::optional<std::int16_t> ContainerScaleMode() const override { return 3; }
-    std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
-    void OleDrag() override { log.push_back("drag"); }
-    void ShowAboutBox(const AboutText& text) override {
-        log.push_back("about " + std::string(text.title));
-    }
-
-    std::int16_t m_pointer = 0;
-    PictureRef m_icon;
-    std::int32_t m_dropMode = 0;
-    FontRef m_font = std::make_shared<StdFont>();
 };
 
 /// Connects to one of some events, counted from 0.

@@ -105,16 +105,11 @@ public:
     }
 };
 
-std::unique_ptr<QWidget> Build(QByteArray text) {
+template <class Loader>
+std::unique_ptr<QWidget> Load(QByteArray text) {
     QBuffer file(&text);
     file.open(QIODevice::ReadOnly);
-    return std::unique_ptr<QWidget>(Builder().load(&file));
-}
-
-std::unique_ptr<QWidget> LoadAtRunTime(QByteArray text) {
-    QBuffer file(&text);
-    file.open(QIODevice::ReadOnly);
-    return std::unique_ptr<QWidget>(QUiLoader().load(&file));
+    return std::unique_ptr<QWidget>(Loader().load(&file));
 }
 
 void ExpectSameProperties(const QWidget& form, const QWidget& original) {
@@ -194,11 +189,11 @@ TEST_F(DesignerForm, HoldsEveryPropertyForTheLoadersOfForms) {
             EXPECT_NE(property.read(&control), before) << name << '.' << property.name();
         }
     }
-    const auto built = Build(m_form->contents().toUtf8());
-    const auto loaded = LoadAtRunTime(m_form->contents().toUtf8());
-    ASSERT_TRUE(built && loaded);
-    ExpectSameProperties(*built, *m_form->mainContainer());
-    ExpectSameProperties(*loaded, *m_form->mainContainer());
+    for (const auto load : {Load<Builder>, Load<QUiLoader>}) {
+        const auto loaded = load(m_form->contents().toUtf8());
+        ASSERT_TRUE(loaded);
+        ExpectSameProperties(*loaded, *m_form->mainContainer());
+    }
 }
 
 TEST_F(DesignerForm, WhatThePagesWriteIsSavedAndUndoneInOneStep) {

@@ -49,8 +49,6 @@ public:
     }
 };
 
-QPoint CenterOf(const QWidget& widget) { return widget.mapToGlobal(widget.rect().center()); }
-
 TEST(DragWindow, DateGoesToAWidgetThatTakesText) {
     DropLabel label;
     SourceWindow source;

@@ -6,7 +6,6 @@
 #include <QPaintEvent>
 #include <QProcess>
 #include <QScreen>
-#include <QStyleOptionSlider>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -73,11 +72,6 @@ void RealInput::Click(QPoint screen) {
     Run({"click", "1"});
 }
 
-void RealInput::DoubleClick(QPoint screen) {
-    Point(screen);
-    Run({"click", "--repeat", "2", "1"});
-}
-
 void RealInput::Roll(QPoint screen, bool down) {
     Point(screen);
     Run({"click", down ? "5" : "4"});
@@ -142,14 +136,8 @@ QPoint CalendarWindow::DayOnScreen(int day, int month) {
 }
 
 QPoint CalendarWindow::BarOnScreen(QStyle::SubControl part) {
-    struct Bar : QScrollBar {
-        using QScrollBar::initStyleOption;
-    };
     auto& bar = child<QScrollBar>();
-    QStyleOptionSlider option;
-    (bar.*&Bar::initStyleOption)(&option);
-    return bar.mapToGlobal(
-        bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &bar).center());
+    return bar.mapToGlobal(CenterOf(bar, part));
 }
 
 std::string CalendarWindow::TakeLog() {

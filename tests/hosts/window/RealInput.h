@@ -7,9 +7,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QRegion>
-#include <QScrollBar>
 #include <QStringList>
-#include <QStyle>
 
 #include <memory>
 
@@ -23,7 +21,6 @@ public:
     static void Down();
     static void Up();
     static void Click(QPoint screen);
-    static void DoubleClick(QPoint screen);
     static void Roll(QPoint screen, bool down);
     /// Names as xdotool knows them: "Right", "alt+Down", "2".
     static void Keys(const QStringList& keys);
@@ -40,6 +37,8 @@ private:
     static void Run(const QStringList& arguments);
 };
 
+/// On the screen.
+inline QPoint CenterOf(const QWidget& widget) { return widget.mapToGlobal(widget.rect().center()); }
 /// What is on the display where the window is.
 QImage ScreenOf(const QWidget& window);
 /// Bounding rectangle of the pixels in which the pictures differ.
