@@ -138,10 +138,12 @@ void Collect(HKEY key, const std::wstring& path, std::set<std::wstring>& found) 
     }
 }
 
+/// In a new Wine the user has none yet, unlike in any Windows.
 std::set<std::wstring> Classes(HKEY root) {
     std::set<std::wstring> found;
     HKEY key = nullptr;
-    if (RegOpenKeyExW(root, L"Software\\Classes", 0, KEY_READ, &key) == ERROR_SUCCESS) {
+    if (!RegCreateKeyExW(root, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &key,
+                         nullptr)) {
         Collect(key, L"", found);
         RegCloseKey(key);
     }
