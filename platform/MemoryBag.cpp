@@ -58,6 +58,12 @@ void MemoryBag::WriteProperty(std::string_view name, const Variant& value,
     }
 }
 
+void MemoryBag::Keep(std::string name, Variant value) {
+    const auto [slot, isNew] = m_slots.try_emplace(std::move(name), Slot{m_nextPlace, {}});
+    if (isNew) ++m_nextPlace;
+    slot->second.value = std::move(value);
+}
+
 std::vector<NamedValue> MemoryBag::Values() const {
     std::vector<const std::pair<const std::string, Slot>*> slots;
     for (const auto& slot : m_slots) slots.push_back(&slot);

@@ -30,6 +30,10 @@ public:
     void WriteProperty(std::string_view name, const Variant& value,
                        const Variant& defaultValue) override;
 
+    /// The same for a value that nobody else has, which is kept without a copy.
+    void Keep(std::string name, Variant value);
+
+    std::size_t Count() const noexcept { return m_slots.size(); }
     /// In the order of first writing.
     std::vector<NamedValue> Values() const;
 

@@ -35,12 +35,13 @@ std::string TakeName(std::string_view& rest) {
 }
 
 void ReadLine(std::string_view line, MemoryBag& values) {
-    const std::string name = TakeName(line);
+    std::string name = TakeName(line);
     line = Trimmed(line);
     if (line.empty() || line.front() != '=') {
         throw ValueTextError("\"=\" is missing behind the name");
     }
-    values.WriteProperty(name, ParseValue(line.substr(1)), Variant());
+    values.Keep(std::move(name), ParseValue(line.substr(1)));
+    if (values.Count() > kMostFileProperties) throw ValueTextError("there are too many properties");
 }
 
 /// Goes through the lines of a content, which may end as on any platform.
@@ -56,7 +57,6 @@ public:
         std::string_view line = m_rest.substr(0, length);
         m_rest.remove_prefix(std::min(length + 1, m_rest.size()));
         ++m_number;
-        if (line.size() > kLongestPropertyLine) throw ValueTextError("the line is too long");
         if (line.ends_with('\r')) line.remove_suffix(1);
         return Trimmed(line);
     }
@@ -94,6 +94,9 @@ MemoryBag ReadLines(LineReader& lines) {
 }  // namespace
 
 std::string FormatProperties(const MemoryBag& values) {
+    if (values.Count() > kMostFileProperties) {
+        throw PropertyFileError(FileProblem::NotSaved, "there are too many properties");
+    }
     std::string content = std::string(kFirstLine) + '\n';
     for (const auto& [name, value] : values.Values()) {
         std::string line =
@@ -103,8 +106,7 @@ std::string FormatProperties(const MemoryBag& values) {
         } catch (const ValueTextError& error) {
             throw PropertyFileError(FileProblem::NotSaved, name + ": " + error.what());
         }
-        if (line.size() > kLongestPropertyLine ||
-            content.size() + line.size() > kLargestPropertyFile - kRoomForEnd) {
+        if (content.size() + line.size() > kLargestPropertyFile - kRoomForEnd) {
             throw PropertyFileError(FileProblem::NotSaved, name + ": the value is too long");
         }
         content.append(line) += '\n';

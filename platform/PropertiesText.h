@@ -9,9 +9,8 @@
 
 namespace velmora {
 
-/// Bytes. A line has room for the largest picture.
-inline constexpr std::size_t kLongestPropertyLine = 96u << 20;
-inline constexpr std::size_t kLargestPropertyFile = 256u << 20;
+inline constexpr std::size_t kLargestPropertyFile = 64u << 20;  // bytes
+inline constexpr std::size_t kMostFileProperties = 10000;
 
 enum class FileProblem { Missing, NotReadable, Damaged, NotSaved };
 
@@ -33,9 +32,10 @@ private:
 
 /// The content of a file of saved properties; docs/saved-properties.md describes it. The same
 /// values, written in the same order, give the same bytes.
-/// Error NotSaved: a value, or all together, too large to be read again.
+/// Error NotSaved: a value, or all together, too large to be read again; too many of them.
 std::string FormatProperties(const MemoryBag& values);
-/// Error Damaged, with its line. Of repeated names the last one counts.
+/// Error Damaged, with its line. Of repeated names the last one counts. The values need at most the
+/// content's size in memory, and a few hundred bytes each.
 MemoryBag ParseProperties(std::string_view content);
 
 }  // namespace velmora

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <fstream>
+#include <optional>
 #include <random>
 #include <system_error>
 #include <utility>
@@ -38,9 +39,8 @@ std::string ReadFile(const fs::path& path) {
     }
     const std::uintmax_t size = fs::file_size(path, error);
     if (error) Fail(FileProblem::NotReadable, path, error.message());
-    if (size > kLargestPropertyFile) {
-        Fail(FileProblem::NotReadable, path, "it is larger than 256 MiB");
-    }
+    if (size > kLargestPropertyFile)
+        Fail(FileProblem::NotReadable, path, "it is larger than 64 MiB");
     errno = 0;
     std::ifstream file(path, std::ios::binary);
     std::string content(static_cast<std::size_t>(size), '\0');
@@ -52,10 +52,47 @@ std::string ReadFile(const fs::path& path) {
     return content;
 }
 
-/// A file beside another one, gone at the end unless it has taken the other one's place.
+/// Gives whoever asked for a save the reason under the name of his file.
+[[noreturn]] void FailToSave(const fs::path& path, const std::string& reason) {
+    Fail(FileProblem::NotSaved, path, reason);
+}
+
+/// The file to replace: where a symbolic link is, the one that it leads to.
+struct SaveTarget {
+    fs::path path;
+    std::optional<fs::perms> permissions;  // of a file that is there
+};
+
+SaveTarget TargetOf(const fs::path& path) {
+    constexpr fs::perms kWrites =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code error;
+    const fs::file_status old = fs::status(path, error);
+    if (old.type() == fs::file_type::not_found) {
+        if (fs::is_symlink(fs::symlink_status(path, error))) {
+            FailToSave(path, "it is a link that leads nowhere");
+        }
+        return {path, std::nullopt};
+    }
+    if (old.type() == fs::file_type::none) FailToSave(path, error.message());
+    if (!fs::is_regular_file(old)) FailToSave(path, "it is no regular file");
+    if ((old.permissions() & kWrites) == fs::perms::none) FailToSave(path, "it is read-only");
+    errno = 0;
+    // Replaced it could be wherever the folder may be written. Opened so, it keeps what is in it.
+    if (!std::ofstream(path, std::ios::binary | std::ios::in)) {
+        FailToSave(path, WithSystemReason("it cannot be written"));
+    }
+    const fs::path target = fs::canonical(path, error);
+    if (error) FailToSave(path, error.message());
+    return {target, old.permissions()};
+}
+
+/// A file beside the target, gone at the end unless it has taken the target's place.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const fs::path& target) : m_path(target) {
+    /// `named` is what the user calls the file.
+    TemporaryFile(const SaveTarget& target, const fs::path& named)
+        : m_target(target), m_named(named), m_path(target.path) {
         std::random_device random;
         m_path += "." + std::to_string(random()) + ".tmp";
     }
@@ -70,52 +107,63 @@ public:
         errno = 0;
         std::ofstream file(m_path, std::ios::binary);
         m_made = file.is_open();
-        if (!m_made) Fail(FileProblem::NotSaved, m_path, WithSystemReason("it cannot be created"));
+        if (!m_made) {
+            FailToSave(m_named, WithSystemReason("no file can be created in its folder"));
+        }
+        TakePermissions();
+        errno = 0;
         file.write(content.data(), static_cast<std::streamsize>(content.size()));
         file.close();
-        if (!file) Fail(FileProblem::NotSaved, m_path, WithSystemReason("it cannot be written"));
+        if (!file) FailToSave(m_named, WithSystemReason("it cannot be written"));
     }
 
-    void Replace(const fs::path& target) {
+    void Replace() {
         std::error_code error;
-        fs::rename(m_path, target, error);
-        if (error) Fail(FileProblem::NotSaved, target, "it cannot be replaced: " + error.message());
+        fs::rename(m_path, m_target.path, error);
+        if (error) FailToSave(m_named, "it cannot be replaced: " + error.message());
         m_made = false;
     }
 
-    const fs::path& Path() const { return m_path; }
-
 private:
+    /// While there is nothing in it that others might read.
+    void TakePermissions() const {
+        std::error_code error;
+        if (m_target.permissions) fs::permissions(m_path, *m_target.permissions, error);
+        // Some file systems give all files the same and refuse any change.
+        if (error && fs::status(m_path).permissions() != *m_target.permissions) {
+            FailToSave(m_named, "its permissions cannot be kept: " + error.message());
+        }
+    }
+
+    const SaveTarget& m_target;
+    const fs::path& m_named;
     fs::path m_path;
     bool m_made = false;
 };
+
+/// Errors of the content get the file's name in front.
+template <class Operation>
+auto UnderName(const fs::path& path, Operation operation) {
+    try {
+        return operation();
+    } catch (const PropertyFileError& error) {
+        throw PropertyFileError(error.Problem(), NameOf(path) + ", " + error.what(), error.Line());
+    }
+}
 
 }  // namespace
 
 void TextFileBag::Load() {
     const std::string content = ReadFile(m_path);
-    try {
-        m_values = ParseProperties(content);
-    } catch (const PropertyFileError& error) {
-        throw PropertyFileError(error.Problem(), NameOf(m_path) + ", " + error.what(),
-                                error.Line());
-    }
+    m_values = UnderName(m_path, [&] { return ParseProperties(content); });
 }
 
 void TextFileBag::Save() const {
-    const std::string content = FormatProperties(m_values);
-    std::error_code error;
-    const fs::file_status old = fs::status(m_path, error);
-    if (fs::exists(old) && !fs::is_regular_file(old)) {
-        Fail(FileProblem::NotSaved, m_path, "it is no regular file");
-    }
-    // Through a symbolic link, the file that it leads to is the one to replace.
-    const fs::path target = fs::exists(old) ? fs::canonical(m_path, error) : m_path;
-    if (error && fs::exists(old)) Fail(FileProblem::NotSaved, m_path, error.message());
-    TemporaryFile temporary(target);
+    const std::string content = UnderName(m_path, [&] { return FormatProperties(m_values); });
+    const SaveTarget target = TargetOf(m_path);
+    TemporaryFile temporary(target, m_path);
     temporary.Write(content);
-    if (fs::exists(old)) fs::permissions(temporary.Path(), old.permissions(), error);
-    temporary.Replace(target);
+    temporary.Replace();
 }
 
 }  // namespace velmora

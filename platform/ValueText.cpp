@@ -111,6 +111,13 @@ char Unescaped(std::string_view& rest) {
     return static_cast<char>(code);
 }
 
+/// Bytes up to the closing quote, escapes as they are written.
+std::size_t QuotedLength(std::string_view rest) {
+    std::size_t end = rest.find_first_of("\"\\");
+    while (end < rest.size() && rest[end] == '\\') end = rest.find_first_of("\"\\", end + 2);
+    return std::min(end, rest.size());
+}
+
 /// The parts of a value from left to right, separated by spaces.
 class PartReader {
 public:
@@ -187,8 +194,26 @@ Variant ReadFont(PartReader& parts) {
     return ObjectRef(std::move(font));
 }
 
+/// Piece by piece, as the bytes need not be in memory beside the pixels. False: no base64 text, or
+/// not of `count` pixels.
+bool ReadPixels(std::string_view text, std::size_t count, std::vector<std::uint32_t>& pixels) {
+    constexpr std::size_t kPiece = 4096 * 16;  // characters, for whole pixels
+    if (text.size() != Base64Length(count * 4)) return false;
+    pixels.reserve(count);
+    for (; !text.empty(); text.remove_prefix(std::min(kPiece, text.size()))) {
+        const auto bytes = FromBase64(text.substr(0, kPiece));
+        const std::size_t due = std::min(kPiece / 16 * 3, count - pixels.size());  // pixels
+        if (!bytes || bytes->size() != due * 4) return false;
+        for (std::size_t i = 0; i < bytes->size(); i += 4) {
+            const auto byte = [&](std::size_t k) { return std::uint32_t{(*bytes)[i + k]}; };
+            pixels.push_back(byte(3) << 24 | byte(0) << 16 | byte(1) << 8 | byte(2));
+        }
+    }
+    return true;
+}
+
 /// The length of the text is checked against the size before anything is allocated.
-std::shared_ptr<const PixelImage> ReadPixels(PartReader& parts) {
+std::shared_ptr<const PixelImage> ReadImage(PartReader& parts) {
     auto image = std::make_shared<PixelImage>();
     image->width = parts.Number<std::int32_t>("the width in pixels");
     image->height = parts.Number<std::int32_t>("the height in pixels");
@@ -199,15 +224,8 @@ std::shared_ptr<const PixelImage> ReadPixels(PartReader& parts) {
         throw ValueTextError("the picture has more than 64 MiB of pixels");
     }
     const std::string_view text = parts.Word("the list of pixels");
-    const auto size = static_cast<std::size_t>(count) * 4;
-    const auto bytes = text.size() == Base64Length(size) ? FromBase64(text) : std::nullopt;
-    if (!bytes || bytes->size() != size) {
+    if (!ReadPixels(text, static_cast<std::size_t>(count), image->pixels)) {
         throw ValueTextError("the pixels do not fill the picture, or are no base64 text");
-    }
-    image->pixels.reserve(static_cast<std::size_t>(count));
-    for (std::size_t i = 0; i < size; i += 4) {
-        const auto byte = [&](std::size_t k) { return std::uint32_t{(*bytes)[i + k]}; };
-        image->pixels.push_back(byte(3) << 24 | byte(0) << 16 | byte(1) << 8 | byte(2));
     }
     return image;
 }
@@ -223,7 +241,7 @@ Variant ReadPicture(PartReader& parts) {
     if (!parts.AtEnd()) {
         const std::string_view word = parts.Word("pixels");
         if (word != "pixels") throw ValueTextError(Cited(word) + " stands where pixels may stand");
-        image = ReadPixels(parts);
+        image = ReadImage(parts);
     }
     return ObjectRef(std::make_shared<StdPicture>(
         static_cast<PictureType>(type - kPictureTypes.begin()), himetric, std::move(image)));
@@ -275,6 +293,7 @@ std::string TakeQuotedText(std::string_view& rest) {
     if (rest.empty() || rest.front() != '"') throw ValueTextError("a text in quotes is missing");
     rest.remove_prefix(1);
     std::string text;
+    text.reserve(QuotedLength(rest));
     while (true) {
         const std::size_t plain = rest.find_first_of("\"\\");
         if (plain == std::string_view::npos) throw ValueTextError("a text has no closing quote");

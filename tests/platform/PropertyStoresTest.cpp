@@ -1,4 +1,5 @@
 #include "platform/TextFileBag.h"
+#include "tests/support/HeapPeak.h"
 #include "tests/support/StoreCases.h"
 
 #include "platform/AutomationError.h"
@@ -166,6 +167,12 @@ TEST(PropertiesText, ReadsWhatEditorsMakeOfIt) {
     EXPECT_EQ(bag.ReadProperty("B", Variant()), Variant("x"));
 }
 
+std::string ManyProperties(std::size_t count) {
+    std::string lines;
+    for (std::size_t i = 0; i < count; ++i) lines += std::to_string(i) + " = null\n";
+    return lines;
+}
+
 TEST(PropertiesText, DamageIsReportedByLineAndReason) {
     const struct {
         std::string content;
@@ -213,7 +220,8 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
         {kHead + "A = picture icon 1 1 pixels 1 1 AAAAA===\nend\n", 2, "do not fill"},
         {kHead + "A = picture icon 1 1 pixels 1 1 AAAAAB==\nend\n", 2, "do not fill"},
         {kHead + "A = picture icon 1 1 pixels 1 1 AA*AAA==\nend\n", 2, "do not fill"},
-        {kHead + std::string(kLongestPropertyLine + 1, 'A') + "\nend\n", 2, "line is too long"},
+        {kHead + ManyProperties(kMostFileProperties + 1) + "end\n", kMostFileProperties + 2,
+         "too many"},
     };
     for (const auto& [content, line, reason] : cases) {
         SCOPED_TRACE(content.substr(0, 80));
@@ -229,7 +237,7 @@ TEST(PropertiesText, EveryCutIsNoticed) {
     MemoryBag bag;
     int number = 0;
     for (const Variant& value : AwkwardValues()) {
-        bag.WriteProperty("A" + std::to_string(number++), value, Variant());
+        bag.WriteProperty(std::to_string(number++), value, Variant());
     }
     const std::string content = FormatProperties(bag);
     for (std::size_t length = 0; length + 1 < content.size(); ++length) {
@@ -245,13 +253,16 @@ TEST(PropertiesText, WhatCouldNotBeReadAgainIsNotWritten) {
     image->height = 4096;
     image->pixels.resize(4097u * 4096u);
     const Variant values[] = {
-        std::string(kLongestPropertyLine, 'a'),
+        std::string(kLargestPropertyFile, 'a'),
         ObjectRef(std::make_shared<StdPicture>(PictureType::Bitmap, Size{}, image))};
     for (const Variant& value : values) {
         MemoryBag bag;
         bag.WriteProperty("Huge", value, Variant());
         EXPECT_EQ(ProblemOf([&] { FormatProperties(bag); }), FileProblem::NotSaved);
     }
+    MemoryBag bag = ParseProperties(kHead + ManyProperties(kMostFileProperties) + "end\n");
+    bag.WriteProperty("One more", Null{}, Variant());
+    EXPECT_EQ(ProblemOf([&] { FormatProperties(bag); }), FileProblem::NotSaved);
 }
 
 TEST(TextFileBag, AnotherBagLoadsWhatOneHasSaved) {
@@ -287,22 +298,22 @@ TEST(TextFileBag, WhatCannotBeLoadedLeavesTheValues) {
     EXPECT_NE(std::string(error.what()).find("damaged, line 3: "), std::string::npos);
 }
 
-TEST(TextFileBag, AFailedSaveLeavesNothingBehind) {
-    const Folder folder;
-    fs::create_directories(folder.path / "folder" / "inner");
-    for (const char* name : {"missing/file", "folder"}) {
-        TextFileBag bag(folder.path / name);
-        EXPECT_EQ(ProblemOf([&] { bag.Save(); }), FileProblem::NotSaved) << name;
-        EXPECT_EQ(folder.Entries(), 1) << name;
-    }
-    EXPECT_TRUE(fs::is_directory(folder.path / "folder" / "inner"));
-}
-
 #ifdef __unix__
-/// While it lives, no file can be written beyond `bytes`: a full disk.
+constexpr auto kOwnerOnly = fs::perms::owner_read | fs::perms::owner_write;
+
+/// While it lives, no file can be written beyond `bytes`: a full disk. What is in `watched` just
+/// before, by name and permissions, is kept.
 class FullDisk {
 public:
-    explicit FullDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    explicit FullDisk(rlim_t bytes, const fs::path& watched = {}) {
+        s_watched = watched;
+        s_seen.clear();
+        m_handler = std::signal(SIGXFSZ, [](int) {
+            if (s_watched.empty()) return;
+            for (const auto& entry : fs::directory_iterator(s_watched)) {
+                s_seen[entry.path().filename().string()] = entry.status().permissions();
+            }
+        });
         getrlimit(RLIMIT_FSIZE, &m_before);
         const rlimit limit{bytes, m_before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
@@ -313,11 +324,66 @@ public:
         setrlimit(RLIMIT_FSIZE, &m_before);
         std::signal(SIGXFSZ, m_handler);
     }
+    static const std::map<std::string, fs::perms>& Seen() { return s_seen; }
 
 private:
+    static inline fs::path s_watched;
+    static inline std::map<std::string, fs::perms> s_seen;
     rlimit m_before{};
     void (*m_handler)(int);
 };
+
+TEST(TextFileBag, SavesOverFilesAndThroughLinksAndNamesWhatItRefuses) {
+    const Folder folder;
+    const fs::path& at = folder.path;
+    fs::create_directories(at / "folder" / "inner");
+    for (const char* name : {"private", "read-only"}) WriteFile(at / name, "old");
+    fs::permissions(at / "private", kOwnerOnly);
+    fs::permissions(at / "read-only", fs::perms::owner_read);
+    const std::pair<const char*, const char*> links[] = {{"private", "link"},
+                                                         {"link", "link to a link"},
+                                                         {"read-only", "link to read-only"},
+                                                         {"nowhere at all", "nowhere"},
+                                                         {"circle", "circle"}};
+    for (const auto& [target, name] : links) fs::create_symlink(target, at / name);
+    const std::string longName(250, 'n');  // valid, unlike that of a temporary file beside it
+    const std::pair<std::string, const char*> cases[] = {
+        {"private", nullptr},
+        {"link", nullptr},
+        {"link to a link", nullptr},
+        {"folder", "no regular file"},
+        {"missing/file", "No such file or directory"},
+        {"private/file", "Not a directory"},
+        {"read-only", "read-only"},
+        {"link to read-only", "read-only"},
+        {"nowhere", "leads nowhere"},
+        {"circle", "symbolic links"},
+        {longName, "name too long"},
+        {"/dev/full", "no regular file"},
+    };
+    const std::ptrdiff_t entries = folder.Entries();
+    for (const auto& [name, reason] : cases) {
+        SCOPED_TRACE(name);
+        WriteFile(at / "private", "old");
+        const TextFileBag bag(at / name);
+        if (!reason) {
+            bag.Save();
+            EXPECT_EQ(ContentOf(at / "private"), kHead + "end\n");
+            EXPECT_EQ(fs::status(at / "private").permissions(), kOwnerOnly);
+        } else {
+            const PropertyFileError error = ErrorOf([&] { bag.Save(); });
+            const std::string text = error.what();
+            EXPECT_EQ(error.Problem(), FileProblem::NotSaved);
+            EXPECT_TRUE(text.starts_with((at / name).string() + ": ")) << text;
+            EXPECT_NE(text.find(reason), std::string::npos) << text;
+            EXPECT_EQ(text.find(".tmp"), std::string::npos) << text;
+        }
+        EXPECT_EQ(folder.Entries(), entries);
+        for (const auto& [target, link] : links) EXPECT_EQ(fs::read_symlink(at / link), target);
+    }
+    EXPECT_EQ(ContentOf(at / "read-only"), "old");
+    EXPECT_EQ(ProblemOf([] { TextFileBag("/dev/zero").Load(); }), FileProblem::NotReadable);
+}
 
 TEST(TextFileBag, AFullDiskLeavesTheOldFile) {
     const Folder folder;
@@ -327,25 +393,48 @@ TEST(TextFileBag, AFullDiskLeavesTheOldFile) {
         TextFileBag bag(path);
         bag.WriteProperty("A", std::string(length, 'a'), Variant());
         const FullDisk full(64);
-        EXPECT_EQ(ProblemOf([&] { bag.Save(); }), FileProblem::NotSaved) << length;
+        const std::string text = ErrorOf([&] { bag.Save(); }).what();
+        EXPECT_TRUE(text.starts_with(path.string() + ": it cannot be written")) << text;
     }
     EXPECT_EQ(ContentOf(path), "the old content");
     EXPECT_EQ(folder.Entries(), 1);
 }
 
-TEST(TextFileBag, SavesThroughALinkAndKeepsThePermissions) {
+TEST(TextFileBag, TheNewFileIsAsPrivateAsTheOldOneBeforeItsFirstByte) {
+    const Folder folder;
+    WriteFile(folder.path / "file", "old");
+    for (const auto mode : {kOwnerOnly, kOwnerOnly | fs::perms::group_all}) {
+        fs::permissions(folder.path / "file", mode);
+        const FullDisk full(0, folder.path);
+        EXPECT_THROW(TextFileBag(folder.path / "file").Save(), PropertyFileError);
+        EXPECT_EQ(FullDisk::Seen().size(), 2u);
+        for (const auto& [name, permissions] : FullDisk::Seen()) EXPECT_EQ(permissions, mode);
+    }
+}
+
+TEST(TextFileBag, LoadsAtMost64MiBAndNeedsTwiceTheFile) {
     const Folder folder;
     const fs::path path = folder.path / "file";
-    WriteFile(path, "the old content");
-    const auto ownerOnly = fs::perms::owner_read | fs::perms::owner_write;
-    fs::permissions(path, ownerOnly);
-    fs::create_symlink("file", folder.path / "link");
-    TextFileBag(folder.path / "link").Save();
-    EXPECT_TRUE(fs::is_symlink(folder.path / "link"));
-    EXPECT_EQ(ContentOf(path), kHead + "end\n");
-    EXPECT_EQ(fs::status(path).permissions(), ownerOnly);
-    EXPECT_EQ(ProblemOf([] { TextFileBag("/dev/full").Save(); }), FileProblem::NotSaved);
-    EXPECT_EQ(ProblemOf([] { TextFileBag("/dev/zero").Load(); }), FileProblem::NotReadable);
+    const std::string text(6u << 20, 'a');
+    const std::string pixels((4u << 20) / 3 * 4 + 2, 'A');  // of 1024 x 1024
+    const std::string contents[] = {
+        kHead + "A = text \"" + text + "\"\nend\n",
+        kHead + "A = text \"" + text + "\\n\\n\"\nend\n",
+        kHead + "\"" + text + "\" = text \"\"\nend\n",
+        kHead + "A = font \"" + text + "\" 9\nend\n",
+        kHead + "A = picture icon 1 1 pixels 1024 1024 " + pixels + "==\nend\n",
+    };
+    for (const std::string& content : contents) {
+        WriteFile(path, content);
+        TextFileBag bag(path);
+        const HeapPeak peak;
+        bag.Load();
+        EXPECT_LT(peak.Bytes(), content.size() * 2 + (1u << 18)) << content.substr(21, 20);
+    }
+    fs::resize_file(path, (64u << 20) + 1);
+    const HeapPeak peak;
+    EXPECT_EQ(ProblemOf([&] { TextFileBag(path).Load(); }), FileProblem::NotReadable);
+    EXPECT_LT(peak.Bytes(), 1u << 18);
 }
 #endif
 
