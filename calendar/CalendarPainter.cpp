@@ -2,6 +2,7 @@
 
 #include "calendar/DayPicture.h"
 #include "platform/Compose.h"
+#include "platform/TextCut.h"
 
 #include <algorithm>
 #include <string>
@@ -359,8 +360,9 @@ void CalendarPainter::PaintPicture(SurfaceHandle surface, const StdPicture& pict
 void CalendarPainter::DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,
                                   VmTextAlignmentConstants alignment) {
     Rect room = Inset(inner, kTextInsetX, kTextInsetY);
-    m_drawing.DrawTextA(surface, text, room,
-                        AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix);
+    const std::uint32_t flags = AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix;
+    const auto cut = CutToWidth(text, room.right - room.left, flags);
+    m_drawing.DrawTextA(surface, cut ? *cut : text, room, flags);
 }
 
 bool CalendarPainter::IsSelected(DayNumber day) const noexcept {

@@ -1,6 +1,7 @@
 #include "dropdown/DropDownPainter.h"
 
 #include "platform/Compose.h"
+#include "platform/TextCut.h"
 
 namespace velmora {
 namespace {
@@ -41,8 +42,9 @@ void PaintText(Drawing& drawing, SurfaceHandle surface, const DropDownView& view
     const Selection selected(drawing, surface, font);
     drawing.SetBkMode(surface, BackgroundMode::Transparent);
     drawing.SetTextColor(surface, ResolveColor(drawing, color));
-    drawing.DrawTextA(surface, view.text, text,
-                      kTextLeft | kTextVCenter | kTextSingleLine | kTextNoPrefix);
+    constexpr auto kFlags = kTextLeft | kTextVCenter | kTextSingleLine | kTextNoPrefix;
+    const auto cut = CutToWidth(view.text, text.right - text.left, kFlags);
+    drawing.DrawTextA(surface, cut ? *cut : view.text, text, kFlags);
 }
 
 }  // namespace
