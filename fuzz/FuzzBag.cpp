@@ -1,7 +1,10 @@
 #include "fuzz/FuzzCalendar.h"
-#include "tests/support/StoreCases.h"
+#include "tests/support/PropertyTable.h"
 
+#include <algorithm>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 namespace velmora::fuzz {
 namespace {
@@ -42,17 +45,27 @@ Variant TakeValue(ByteReader& bytes) {
     }
 }
 
+/// Every name under which a calendar saves something, once.
+std::vector<std::string_view> SavedNames() {
+    std::vector<std::string_view> names;
+    for (const test::PropertyRow& row : test::kCalendarRows) {
+        if (std::ranges::find(names, row.Key()) == names.end()) names.push_back(row.Key());
+    }
+    return names;
+}
+
 }  // namespace
 }  // namespace velmora::fuzz
 
 /// A number of values, then what is done with the calendar.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace velmora;
+    static const auto names = fuzz::SavedNames();
     fuzz::ByteReader bytes(data, size);
     MemoryBag bag;
     const int count = bytes.Take<std::uint8_t>() % 40;
     for (int i = 0; i < count && !bytes.AtEnd(); ++i) {
-        const auto name = test::kSavedNames[bytes.Take<std::uint8_t>() % test::kSavedNames.size()];
+        const auto name = names[bytes.Take<std::uint8_t>() % names.size()];
         bag.WriteProperty(name, fuzz::TakeValue(bytes), Variant());
     }
     fuzz::LiveThrough(bag, bytes);

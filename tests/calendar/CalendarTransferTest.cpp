@@ -1,110 +1,99 @@
 #include "calendar/CProperties.h"
-#include "platform/PropertiesText.h"
-#include "tests/support/Refusals.h"
-#include "tests/support/StoreCases.h"
+#include "tests/support/PropertyCases.h"
 #include "tests/support/TestCalendar.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 namespace velmora::test {
+
+static VmCalendar& ControlOf(TestCalendar& test) { return *test.calendar; }
+
 namespace {
 
 using Log = std::vector<std::string>;
 
-TEST(CalendarSaving, ANewCalendarStoresWhatIsAlwaysStored) {
+TEST(CalendarSaving, WritesEachRowInItsForm) {
     TestCalendar test;
+    ExpectSavedForms(*test.calendar, kCalendarRows);
     RecordingBag bag;
-    test.calendar->WriteProps(bag);
-    EXPECT_EQ(bag.Kept(),
-              (Log{"DayFont", "MonthAppearance", "MonthBackColor", "MonthDisplay", "MonthFont",
-                   "ShowWeekend", "TodayBackColor", "TodayForeColor", "WeekDayAppearance",
-                   "WeekDayBackColor", "WeekDayDisplay", "WeekDayFont"}));
+    test.calendar->ReadProps(bag);
+    EXPECT_EQ(bag.reads.size(), 35u);  // the day colours twice
 }
 
-TEST(CalendarSaving, AChangedCalendarStoresEveryName) {
+TEST(CalendarSaving, EachRowComesBack) { ExpectEachComesBack<TestCalendar>(kCalendarRows); }
+
+TEST(CalendarSaving, WronglyTypedValuesGiveTheDefaults) {
+    ExpectDefaultsForWrongTypes<TestCalendar>(kCalendarRows, Day(2020, 3, 15));
+}
+
+TEST(CalendarSaving, ReadsAsANewCalendarWithoutChecks) {
     TestCalendar test;
-    for (const auto& [name, lowest, highest] : kSavedRanges) {
-        const bool isDefault = IsDefaultValue(test.calendar->GetMember(name), lowest);
-        test.calendar->LetMember(name, isDefault ? highest : lowest);
-    }
-    test.calendar->MouseIcon(IconOf(2, 2));
-    RecordingBag bag;
-    test.calendar->WriteProps(bag);
-    EXPECT_EQ(bag.Kept(), kSavedNames);
-    EXPECT_EQ(std::count(bag.writes.begin(), bag.writes.end(), "DayDefaultBackColor"), 2);
-    TestCalendar().calendar->ReadProps(bag);
-    EXPECT_EQ(bag.reads.size(), 35u);
-}
-
-/// Takes the look of one calendar to a new one through both stores.
-void ExpectLookComesBack(const VmCalendar& from, const std::string& what) {
-    MemoryBag memory;
-    from.WriteProps(memory);
-    MemoryBag text = ParseProperties(FormatProperties(memory));
-    for (MemoryBag* bag : {&memory, &text}) {
-        TestCalendar target;
-        target.calendar->ReadProps(*bag);
-        EXPECT_EQ(SavedFace(*target.calendar), SavedFace(from)) << what;
-        EXPECT_EQ(target.calendar->ShownDate(), from.SelectedDate());
-        EXPECT_EQ(target.BrokenInvariant(), "") << what;
-    }
-}
-
-TEST(CalendarSaving, EveryLookComesBackThroughEveryStore) {
-    for (const Look look : {Look::Default, Look::Lowest, Look::Highest}) {
-        TestCalendar source;
-        Dress(*source.calendar, look);
-        ExpectLookComesBack(*source.calendar, "look " + std::to_string(static_cast<int>(look)));
-    }
-    for (unsigned seed = 1; seed <= 40; ++seed) {
-        TestCalendar source;
-        Dress(*source.calendar, Look::Random, seed);
-        source.calendar->DateValue(Date(36600 + seed / 41.0));
-        ExpectLookComesBack(*source.calendar, "seed " + std::to_string(seed));
-    }
-}
-
-TEST(CalendarSaving, MissingAndWronglyTypedValuesGiveTheDefaults) {
-    TestCalendar test;
+    test.calendar->AlwaysDateChanged(true);
     MemoryBag bag;
-    bag.WriteProperty("FirstDayOfWeek", "Monday", Variant());
-    bag.WriteProperty("DayFont", std::int32_t{5}, Variant());
-    bag.WriteProperty("DateMax", Null{}, Variant());
-    bag.WriteProperty("MonthDisplay", std::int32_t{1}, Variant());
+    for (const PropertyRow& row : kCalendarRows) {
+        if (row.kind == Kind::Choice) bag.WriteProperty(row.Key(), row.high + 1, Variant());
+    }
+    bag.WriteProperty("DateValue", Date(Day(2021, 2, 3) + 0.75), Variant());
     test.TakeLog();
     test.calendar->ReadProps(bag);
-    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3", "repaint"}));
-    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 15));
-    EXPECT_EQ(test.calendar->FirstDayOfWeek(), VmSunday);
-    EXPECT_NE(test.calendar->DayFont(), nullptr);
+    EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 2", "repaint"}));
+    EXPECT_EQ(DayOf(test.calendar->ShownDate()), Day(2021, 2, 3));
+    EXPECT_EQ(test.BrokenInvariant(), "");
     EXPECT_NE(test.calendar->DayFont(), test.calendar->MonthFont());
-    EXPECT_EQ(test.calendar->DateMax(), kDefaultDateMax);
-    EXPECT_EQ(test.calendar->MonthDisplay(), VmMonthAbbrName);
-}
+    EXPECT_NE(test.calendar->DayFont(), test.calendar->WeekDayFont());
+    for (const PropertyRow& row : kCalendarRows) {
+        if (row.kind == Kind::Choice) {
+            EXPECT_EQ(ReadBack(*test.calendar, row), row.high + 1) << row.name;
+        }
+    }
+    EXPECT_TRUE(test.Paint().empty());
 
-TEST(CalendarTransfer, CopiesAWholeLookAndTheDirtyDays) {
-    TestCalendar test;
-    test.calendar->Days()->Item(5)->Caption("its own");
-    test.calendar->Days()->Item(6)->Caption("its own");
-    CProperties holder(test.dates);
-    holder.LetMember("monthbackcolor", std::int32_t{0x123456});
-    holder.LetMember("ShowWeekend", false);
-    holder.Days()->DefaultBackColor(0x00ABCD);
-    holder.Days()->Item(5)->Caption("copied");
-    holder.Days()->Item(5)->ForeColor(Null{});
+    MemoryBag empty;
+    test.calendar->ReadProps(empty);
     test.Paint();
     test.TakeLog();
+    test.Clicks(Day(2020, 3, 15));
+    EXPECT_NE(Joined(test.TakeLog()).find("DayChanged 15"), std::string::npos);
+}
+
+TEST(CalendarTransfer, CopiesEachRowAlone) {
+    for (const PropertyRow& row : kCalendarRows) {
+        for (const double number : {row.low, row.high}) {
+            SCOPED_TRACE(row.name);
+            TestCalendar test, expected;
+            CProperties holder(test.dates);
+            holder.LetMember(row.name, ValueOf(row, number));
+            if (row.copied) expected.calendar->LetMember(row.name, ValueOf(row, number));
+            test.TakeLog();
+            test.calendar->SetProps(holder);
+            EXPECT_EQ(FaceOf(*test.calendar, kCalendarRows),
+                      FaceOf(*expected.calendar, kCalendarRows));
+            const Log log = test.TakeLog();
+            EXPECT_EQ(std::ranges::count(log, "repaint"), 1);
+            EXPECT_EQ(log.back(), "repaint");
+        }
+    }
+}
+
+TEST(CalendarTransfer, CopiesTheWholeDecorationOfDirtyDays) {
+    TestCalendar test;
+    CProperties holder(test.dates);
+    for (const DayRef& day : {test.calendar->Days()->Item(5), test.calendar->Days()->Item(6),
+                              test.calendar->Days()->Item(7)})
+        day->Caption("its own");
+    const DayRef from = holder.Days()->Item(5);
+    const PictureRef picture = IconOf(1, 1);
+    from->Caption("copied");
+    from->BackColor(std::int32_t{0x0000FF});
+    from->ForeColor(Null{});
+    from->Picture(picture);
+    holder.Days()->Item(6)->ForeColor(std::int32_t{0});
     test.calendar->SetProps(holder);
-    EXPECT_EQ(test.calendar->MonthBackColor(), 0x123456u);
-    EXPECT_FALSE(test.calendar->ShowWeekend());
-    EXPECT_EQ(test.calendar->DayDefaultBackColor(), 0x00ABCDu);
-    EXPECT_EQ(test.calendar->Days()->Item(5)->Caption(), "copied");
-    EXPECT_EQ(test.calendar->Days()->Item(6)->Caption(), "its own");
-    const Log log = test.TakeLog();
-    EXPECT_EQ(std::count(log.begin(), log.end(), "repaint"), 1);
-    EXPECT_EQ(log.back(), "repaint");
+    const DayRef to = test.calendar->Days()->Item(5);
+    EXPECT_EQ(to->Caption(), "copied");
+    EXPECT_EQ(to->BackColor(), Variant(std::int32_t{0x0000FF}));
+    EXPECT_EQ(to->ForeColor(), Variant(Null{}));
+    EXPECT_EQ(to->Picture(), picture);
+    EXPECT_EQ(test.calendar->Days()->Item(6)->Caption(), "");
+    EXPECT_EQ(test.calendar->Days()->Item(7)->Caption(), "its own");
 }
 
 TEST(CalendarTransfer, DisjointRangesGoThroughInBothDirections) {
@@ -143,32 +132,6 @@ TEST(CalendarTransfer, SkipsWhatIsMissingOrRefusedAndReportsTheFirst) {
     EXPECT_EQ(test.calendar->MonthDisplay(), VmMonthAbbrName);
     EXPECT_EQ(DayOf(test.calendar->SelectedDate()), 43000);
     EXPECT_EQ(test.TakeLog().back(), "repaint");
-}
-
-TEST(CProperties, AdmitsWhatTheCalendarAdmits) {
-    TestCalendar test;
-    CProperties holder(test.dates);
-    const std::pair<const char*, Variant> cases[] = {
-        {"Appearance", std::int32_t{2}},
-        {"DayPictureAlignment", std::int32_t{15}},
-        {"MonthBackColor", std::int32_t{1 << 24}},
-        {"DayDefaultBackColor", std::int32_t{1 << 30}},
-        {"DateMax", "1/1/4601"},
-        {"DateMin", "31/12/199"},
-        {"FirstDayOfWeek", "Monday"},
-        {"DayFont", std::int32_t{1}},
-        {"DateMax", "12x"},
-        {"Days", ObjectRef()},
-        {"NoSuchName", true},
-        {"ShowWeekend", Null{}},
-    };
-    for (const auto& [name, value] : cases) {
-        const auto numberFrom = [&, name = name, value = value](AutomationObject& object) {
-            return static_cast<int>(NumberOf([&] { object.LetMember(name, value); }));
-        };
-        EXPECT_NE(numberFrom(holder), 0) << name;
-        EXPECT_EQ(numberFrom(holder), numberFrom(*test.calendar)) << name;
-    }
 }
 
 TEST(CProperties, ClipsItsDateAndKeepsItsDaysInStep) {

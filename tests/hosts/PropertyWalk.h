@@ -1,13 +1,18 @@
 #pragma once
 
+#include "tests/support/PropertyTable.h"
+
 #include <gtest/gtest.h>
 
 #include <QColor>
 #include <QDateTime>
 #include <QFont>
-#include <QMetaEnum>
 #include <QMetaProperty>
+#include <QPixmap>
 
+#include <cmath>
+#include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -41,73 +46,106 @@ private:
     QtMessageHandler m_before;
 };
 
-/// Values that a property takes, and values that it refuses.
-struct Samples {
-    std::vector<QVariant> good;
-    std::vector<QVariant> bad;
-};
-
-inline Samples SamplesOf(const QMetaProperty& property) {
-    if (property.isEnumType()) {
-        const QMetaEnum keys = property.enumerator();
-        Samples samples;
-        for (int i = 0; i < keys.keyCount(); ++i) samples.good.push_back(keys.value(i));
-        samples.bad = {keys.value(0) - 1, keys.value(keys.keyCount() - 1) + 1};
-        return samples;
-    }
-    const std::string name = property.name();
-    const QDate first(1752, 9, 1), last(2500, 2, 28), between(1899, 12, 29);
-    switch (property.typeId()) {
-        case QMetaType::QColor: return {{QColor(1, 2, 3), QColor(Qt::red)}, {QColor()}};
-        case QMetaType::QFont: return {{QFont("DejaVu Serif", 13, QFont::Bold, true)}, {}};
-        case QMetaType::QString: return {{"yyyy", "", "Long Date"}, {}};
-        case QMetaType::Bool: return {{false, true}, {}};
-        case QMetaType::Int:
-            if (name == "mousePointer") return {{0, 15, 99}, {}};
-            return {{0, 1, 300}, {-1}};
-        case QMetaType::QDate:
-            return {{name == "dateMax"   ? last
-                     : name == "dateMin" ? first
-                                         : between},
-                    {QDate(), QDate(199, 12, 31), QDate(4601, 1, 1), QDate(4700000, 1, 1)}};
-        case QMetaType::QDateTime: return {{QDateTime(between, QTime(18, 0, 0, 1))}, {QDateTime()}};
-        default: return {};
+/// The table's numbers as Qt's values.
+inline QVariant ValueOf(const test::PropertyRow& row, double number) {
+    const auto whole = static_cast<int>(std::trunc(number));
+    const QDate date = QDate::fromJulianDay(whole + 2415019);  // day 0 is 30 December 1899
+    switch (row.kind) {
+        case test::Kind::Color: return QColor(whole & 255, whole >> 8 & 255, whole >> 16 & 255);
+        case test::Kind::Flag: return number != 0;
+        case test::Kind::Limit:
+        case test::Kind::Day: return date;
+        case test::Kind::Moment:
+            return QDateTime(date, QTime::fromMSecsSinceStartOfDay(
+                                       static_cast<int>(std::abs(number - whole) * 86400000)));
+        case test::Kind::Format:
+            return QString::fromStdString(
+                std::string(test::kFormats[static_cast<unsigned>(whole)]));
+        case test::Kind::Font: {
+            QFont font("DejaVu Serif", -1, QFont::Bold, true);
+            font.setPointSizeF(number);
+            return font;
+        }
+        case test::Kind::Icon: return number == 0 ? QPixmap() : QPixmap(whole, whole);
+        default: return whole;
     }
 }
 
-/// Each property of the class itself, except one that has to be tried by hand.
+/// What it refuses of what Qt can hand to it.
+inline std::vector<QVariant> RefusedValues(const test::PropertyRow& row, const QVariant& good) {
+    std::vector<QVariant> values;
+    for (const test::Refused& refused : test::RefusedBy(row)) {
+        const bool fits = refused.what == test::Refused::Number && std::abs(refused.number) < 3e9;
+        if (fits && row.kind != test::Kind::Color) values.push_back(ValueOf(row, refused.number));
+    }
+    switch (good.typeId()) {
+        case QMetaType::QColor: values.push_back(QColor()); break;
+        case QMetaType::QDate: values.push_back(QDate()); break;
+        case QMetaType::QDateTime: values.push_back(QDateTime()); break;
+        default: break;
+    }
+    if (row.kind == test::Kind::Pointer) values.push_back(65536 + 1);
+    return values;
+}
+
+inline QVariant Read(const QMetaProperty& property, const QObject& widget) {
+    const QVariant value = property.read(&widget);
+    if (property.typeId() == QMetaType::QPixmap) return value.value<QPixmap>().width();
+    return property.isEnumType() ? QVariant(value.toInt()) : value;
+}
+
+/// Each row's default, values, notifications and refusals. The class has no properties of its own
+/// besides `others`.
 template <class Widget>
-void ExpectPropertiesReadBackOrRefuse(int count, const std::string& except = {}) {
+void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std::string> others) {
     const QMetaObject& meta = Widget::staticMetaObject;
     const std::string className = std::string(meta.className()).substr(sizeof("velmora::") - 1);
-    ASSERT_EQ(meta.propertyCount() - meta.propertyOffset(), count);
+    std::set<std::string> own;
     for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        if (property.name() == except) continue;
-        SCOPED_TRACE(property.name());
+        own.insert(meta.property(i).name());
+    }
+    for (const test::PropertyRow& row : rows) {
+        const std::string name =
+            QChar(row.name[0]).toLower().toLatin1() + std::string(row.name.substr(1));
+        SCOPED_TRACE(name);
+        own.erase(name);
         Widget widget;
-        const Samples samples = SamplesOf(property);
-        EXPECT_TRUE(!samples.good.empty() || property.typeId() == QMetaType::QPixmap);
-        const Warnings warnings(className);
-        const auto read = [&] {
-            const QVariant value = property.read(&widget);
-            return property.isEnumType() ? QVariant(value.toInt()) : value;
+        std::vector<std::string> changes;
+        QObject::connect(&widget, &Widget::propertyChanged,
+                         [&](const QString& key) { changes.push_back(key.toStdString()); });
+        QObject::connect(&widget, &Widget::dateValueChanged, [&] { changes.push_back("signal"); });
+        const QMetaProperty property = meta.property(meta.indexOfProperty(name.c_str()));
+        const auto comparable = [&](double number) {
+            const QVariant value = ValueOf(row, number);
+            return row.kind == test::Kind::Icon ? QVariant(value.value<QPixmap>().width()) : value;
         };
-        for (const QVariant& value : samples.good) {
-            EXPECT_TRUE(property.write(&widget, value));
-            EXPECT_EQ(read(), value);
+        const bool system = row.kind == test::Kind::Color && row.initial > 0xFFFFFF;
+        if (!system && row.initial != test::kToday && row.kind != test::Kind::Font) {
+            EXPECT_EQ(Read(property, widget), comparable(row.initial));
         }
-        EXPECT_TRUE(Warnings::Texts().empty());
-        const QVariant kept = read();
-        for (const QVariant& value : samples.bad) {
+        const Warnings warnings(className);
+        const double high = row.kind == test::Kind::Color ? 0xFFFFFF : row.high;
+        for (const double number : {row.low, high}) {
+            property.write(&widget, ValueOf(row, number));
+            EXPECT_EQ(Read(property, widget), comparable(number));
+            std::vector<std::string> expected{std::string(row.Key())};
+            if (row.initial == test::kToday) expected.insert(expected.begin(), "signal");
+            EXPECT_EQ(std::exchange(changes, {}), expected);
+        }
+        EXPECT_EQ(Warnings::Texts(), std::vector<std::string>());
+        const auto refused = RefusedValues(row, ValueOf(row, high));
+        for (const QVariant& value : refused) {
             property.write(&widget, value);
-            EXPECT_EQ(read(), kept);
+            EXPECT_EQ(Read(property, widget), comparable(high));
         }
-        EXPECT_EQ(Warnings::Texts().size(), samples.bad.size());
+        EXPECT_EQ(changes, std::vector<std::string>());
+        const std::size_t silent = row.kind == test::Kind::Pointer ? refused.size() : 0;
+        EXPECT_EQ(Warnings::Texts().size(), refused.size() - silent);
         for (const std::string& text : Warnings::Texts()) {
-            EXPECT_EQ(text.find(className + ": " + property.name() + ": "), 0u);
+            EXPECT_EQ(text.find(className + ": " + name + ": "), 0u) << text;
         }
     }
+    EXPECT_EQ(own, others);
 }
 
 }  // namespace velmora

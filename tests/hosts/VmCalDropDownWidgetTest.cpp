@@ -58,8 +58,8 @@ void ExpectNothingRuns(const char* what) {
     }
 }
 
-TEST(VmCalDropDownWidget, EveryPropertyReadsBackWhatWasWrittenAndRefusesTheRest) {
-    ExpectPropertiesReadBackOrRefuse<Box>(39, "dropDownState");  // which needs the focus
+TEST(VmCalDropDownWidget, PropertiesFollowTheTable) {
+    ExpectFollowsTheTable<Box>(test::kBoxRows, {"dropDownState", "oleDropMode"});
 }
 
 TEST(VmCalDropDownWidget, LooksLikeItsState) {

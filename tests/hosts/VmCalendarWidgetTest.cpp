@@ -48,8 +48,8 @@ QRect BandOf(Widget& widget) {
         .adjusted(2, 2, -2, -3);
 }
 
-TEST(VmCalendarWidget, EveryPropertyReadsBackWhatWasWrittenAndRefusesTheRest) {
-    ExpectPropertiesReadBackOrRefuse<Widget>(33);
+TEST(VmCalendarWidget, PropertiesFollowTheTable) {
+    ExpectFollowsTheTable<Widget>(test::kCalendarRows, {"oleDropMode"});
 }
 
 TEST(VmCalendarWidget, PointerFollowsItsNumberAndIcon) {

@@ -2,6 +2,7 @@
 #include "tests/support/HeapPeak.h"
 #include "tests/support/StoreCases.h"
 
+#include "platform/Automation.h"
 #include "platform/AutomationError.h"
 
 #include <gtest/gtest.h>

@@ -1,14 +1,10 @@
 #pragma once
 
-#include "calendar/VmCalendar.h"
 #include "platform/MemoryBag.h"
 #include "platform/ValueText.h"
 
 #include <bit>
-#include <iterator>
 #include <limits>
-#include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -88,70 +84,6 @@ inline std::vector<Variant> AwkwardValues() {
         ObjectRef(std::make_shared<StdPicture>(PictureType::None, Size{}, nullptr))};
 }
 
-inline std::vector<std::string> WordsOf(const std::string& text) {
-    std::istringstream words(text);
-    return {std::istream_iterator<std::string>(words), {}};
-}
-
-/// Every name under which a calendar saves something, in the order of its writing.
-inline const std::vector<std::string> kSavedNames = WordsOf(
-    "Appearance SelectedDayBackColor SelectedDayForeColor DateValue DayAppearance "
-    "DayCaptionAlignment DayDefaultBackColor DayOtherMonthForeColor DayDefaultForeColor DayFont "
-    "DayNumberAlignment DayPictureAlignment Enabled FirstDayOfWeek MonthAppearance MonthBackColor "
-    "MonthDisplay MonthFont MonthForeColor DateMax DateMin MonthYearSelStyle MouseIcon "
-    "MousePointer ShowWeekend TodayBackColor TodayForeColor WeekDayAppearance WeekDayBackColor "
-    "WeekDayCaptionAlignment WeekDayDisplay WeekDayFont WeekDayForeColor");
-
-/// One saved property and the ends of what its setter admits.
-struct SavedRange {
-    const char* name;
-    std::int32_t lowest, highest;
-};
-
-/// In an order in which each of them is admitted: the limits before the date.
-inline constexpr SavedRange kSavedRanges[] = {{"Appearance", 0, 1},
-                                              {"SelectedDayBackColor", 0, 0xFFFFFF},
-                                              {"SelectedDayForeColor", 0, 0xFFFFFF},
-                                              {"DayAppearance", 0, 1},
-                                              {"DayCaptionAlignment", 0, 8},
-                                              {"DayDefaultBackColor", 0, 0xFFFFFF},
-                                              {"DayDefaultForeColor", 0, 0xFFFFFF},
-                                              {"DayOtherMonthForeColor", 0, 0xFFFFFF},
-                                              {"DayNumberAlignment", 0, 8},
-                                              {"DayPictureAlignment", 0, 14},
-                                              {"Enabled", 0, 1},
-                                              {"FirstDayOfWeek", 1, 7},
-                                              {"MonthAppearance", 0, 1},
-                                              {"MonthBackColor", 0, 0xFFFFFF},
-                                              {"MonthDisplay", 0, 1},
-                                              {"MonthForeColor", 0, 0xFFFFFF},
-                                              {"DateMin", -620908, 36526},
-                                              {"DateMax", 36900, 986520},
-                                              {"DateValue", 36526, 36900},
-                                              {"MonthYearSelStyle", 0, 3},
-                                              {"MousePointer", 0, 15},
-                                              {"ShowWeekend", 0, 1},
-                                              {"TodayBackColor", 0, 0xFFFFFF},
-                                              {"TodayForeColor", 0, 0xFFFFFF},
-                                              {"WeekDayAppearance", 0, 1},
-                                              {"WeekDayBackColor", 0, 0xFFFFFF},
-                                              {"WeekDayCaptionAlignment", 0, 8},
-                                              {"WeekDayDisplay", 0, 3},
-                                              {"WeekDayForeColor", 0, 0xFFFFFF}};
-inline constexpr const char* kSavedFonts[] = {"DayFont", "MonthFont", "WeekDayFont"};
-
-/// Properties of a calendar as text, for comparison.
-inline std::string SavedFace(const VmCalendar& calendar) {
-    std::string face;
-    const auto add = [&](const char* name) {
-        face += std::string(name) + ": " + FormatValue(calendar.GetMember(name)) + '\n';
-    };
-    for (const auto& range : kSavedRanges) add(range.name);
-    for (const char* name : kSavedFonts) add(name);
-    add("MouseIcon");
-    return face + FormatValue(calendar.SelectedDate());
-}
-
 /// Keeps the names that a control asks for and gives, in order.
 class RecordingBag : public MemoryBag {
 public:
@@ -172,28 +104,5 @@ public:
 
     std::vector<std::string> reads, writes;
 };
-
-enum class Look { Default, Lowest, Highest, Random };
-
-inline void Dress(VmCalendar& calendar, Look look, unsigned seed = 1) {
-    if (look == Look::Default) return;
-    std::minstd_rand random(seed);
-    const auto pick = [&](std::int32_t lowest, std::int32_t highest) {
-        if (look != Look::Random) return look == Look::Lowest ? lowest : highest;
-        return std::uniform_int_distribution(lowest, highest)(random);
-    };
-    for (const auto& [name, lowest, highest] : kSavedRanges) {
-        calendar.LetMember(name, pick(lowest, highest));
-    }
-    for (const char* name : kSavedFonts) {
-        auto font = std::make_shared<StdFont>();
-        font->name = "Face " + std::to_string(pick(0, 999));
-        font->size = pick(1, 4000) / 7.0;
-        font->bold = pick(0, 1) == 1;
-        font->underline = pick(0, 1) == 1;
-        calendar.LetMember(name, ObjectRef(font));
-    }
-    calendar.MouseIcon(IconOf(pick(1, 9), pick(1, 9)));
-}
 
 }  // namespace velmora::test
