@@ -1,7 +1,5 @@
 #include "tests/activex/shell/ScriptedContainer.h"
 
-#include <utility>
-
 namespace velmora {
 
 ScriptedContainer::ScriptedContainer()
@@ -36,25 +34,54 @@ STDMETHODIMP ScriptedContainer::GetWindowContext(IOleInPlaceFrame** frame,
     *its = place;
     *visible = clip;
     const HRESULT result = Note("GetWindowContext");
-    if (SUCCEEDED(result)) {
-        *frame = this;
-        AddRef();
-    }
+    if (FAILED(result)) return result;
+    *document = *frame = this;
+    AddRef();
+    AddRef();
     return result;
+}
+
+STDMETHODIMP ScriptedContainer::OnPosRectChange(LPCRECT its) {
+    std::string text;
+    for (const LONG edge : {its->left, its->top, its->right, its->bottom}) {
+        text += (text.empty() ? "" : ",") + std::to_string(edge);
+    }
+    return Note("OnPosRectChange(" + text + ")");
+}
+
+STDMETHODIMP ScriptedContainer::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
+    const std::wstring name = *names;
+    if (name != L"ScaleMode" && !scaleModes.contains(name)) return DISP_E_UNKNOWNNAME;
+    *ids = name[0];  // ambient properties have negative ones
+    if (name != L"ScaleMode") m_scaleMode = scaleModes[name];
+    return S_OK;
 }
 
 STDMETHODIMP ScriptedContainer::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
                                        VARIANT* result, EXCEPINFO*, UINT*) {
     if (flags & DISPATCH_METHOD) {
-        if (arguments->cArgs == 1 && V_VT(arguments->rgvarg) == (VT_BYREF | VT_I2)) {
-            return Note("Event" + std::to_string(id) + "(" +
-                        std::to_string(*V_I2REF(arguments->rgvarg)) + ")");
+        std::string text;
+        for (UINT i = arguments->cArgs; i-- > 0;) {
+            OwnedVariant value;
+            VariantCopyInd(&value, &arguments->rgvarg[i]);
+            if (V_VT(&value) == VT_DATE) V_VT(&value) = VT_R8;  // a number in every language
+            VariantChangeType(&value, &value, VARIANT_NOVALUEPROP, VT_BSTR);
+            text += (text.empty() ? "" : ",") + FromBstr(V_BSTR(&value));
         }
-        return Note("Event" + std::to_string(id));
+        return Note("Event" + std::to_string(id) + "(" + text + ")");
     }
-    if (id != DISPID_AMBIENT_USERMODE || !userMode) return DISP_E_MEMBERNOTFOUND;
-    V_VT(result) = VT_BOOL;
-    V_BOOL(result) = *userMode;
+    if (id == L'S') {
+        V_VT(result) = VT_I2;
+        V_I2(result) = m_scaleMode;
+    } else if (id > 0) {
+        V_VT(result) = VT_DISPATCH;
+        V_DISPATCH(result) = this;
+        AddRef();
+    } else {
+        const auto found = ambients.find(id);
+        return found == ambients.end() ? DISP_E_MEMBERNOTFOUND
+                                       : VariantCopy(result, &found->second);
+    }
     return S_OK;
 }
 

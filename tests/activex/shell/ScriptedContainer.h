@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/activex/com/ComObject.h"
+#include "hosts/activex/com/ComVariant.h"
 
 #include <ocidl.h>
 #include <olectl.h>
@@ -8,13 +9,14 @@
 #include <wrl/client.h>
 
 #include <functional>
-#include <optional>
+#include <map>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace velmora {
 
 /// A container that notes what a control asks of it, and can refuse or interfere with every call.
+/// It is a document's window in its frame, too.
 class ScriptedContainer final
     : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, IDispatch,
                        IOleInPlaceFrame, IPropertyNotifySink, IAdviseSink> {
@@ -28,10 +30,11 @@ public:
     RECT place{10, 20, 260, 220};
     RECT clip{0, 0, 400, 300};
     std::string refused;  // the call of this name fails
-    bool refusesEdits = false;
+    bool refuseNextEdit = false;
     std::string interferesWith;  // when it is called, once:
     std::function<void()> interference;
-    std::optional<VARIANT_BOOL> userMode;  // null: this ambient property is not known either
+    std::map<DISPID, OwnedVariant> ambients;   // those that it knows
+    std::map<std::wstring, short> scaleModes;  // of the `Container` and `Parent` of its controls
 
     STDMETHODIMP SaveObject() override { return Note("SaveObject"); }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
@@ -55,13 +58,17 @@ public:
     STDMETHODIMP OnInPlaceDeactivate() override { return Note("OnInPlaceDeactivate"); }
     STDMETHODIMP DiscardUndoState() override { return S_OK; }
     STDMETHODIMP DeactivateAndUndo() override { return S_OK; }
-    STDMETHODIMP OnPosRectChange(LPCRECT) override { return Note("OnPosRectChange"); }
+    STDMETHODIMP OnPosRectChange(LPCRECT its) override;
 
     STDMETHODIMP OnControlInfoChanged() override { return S_OK; }
     STDMETHODIMP LockInPlaceActive(BOOL) override { return S_OK; }
-    STDMETHODIMP GetExtendedControl(IDispatch**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetExtendedControl(IDispatch** control) override {
+        return QueryInterface(IID_PPV_ARGS(control));
+    }
     STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
-    STDMETHODIMP TranslateAccelerator(MSG*, DWORD) override { return Note("TranslateAccelerator"); }
+    STDMETHODIMP TranslateAccelerator(MSG*, DWORD modifiers) override {
+        return Note("TranslateAccelerator(" + std::to_string(modifiers) + ")");
+    }
     STDMETHODIMP OnFocus(BOOL has) override { return Note(has ? "OnFocus(1)" : "OnFocus(0)"); }
     STDMETHODIMP ShowPropertyFrame() override { return Note("ShowPropertyFrame"); }
 
@@ -83,7 +90,7 @@ public:
     }
     STDMETHODIMP OnRequestEdit(DISPID id) override {
         Note("OnRequestEdit(" + std::to_string(id) + ")");
-        return refusesEdits ? S_FALSE : S_OK;
+        return std::exchange(refuseNextEdit, false) ? S_FALSE : S_OK;
     }
 
     STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override { Note("OnDataChange"); }
@@ -94,10 +101,8 @@ public:
 
     STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return DISP_E_UNKNOWNNAME;
-    }
-    /// The ambient property, and the events of a control that it is connected to.
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override;
+    /// Ambient properties, events of a control that it is connected to, and scale modes.
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO*, UINT*) override;
 
@@ -109,6 +114,7 @@ private:
     HRESULT Note(const std::string& call);
 
     std::string m_log;
+    short m_scaleMode = 0;  // of the object asked for last
 };
 
 }  // namespace velmora

@@ -21,11 +21,7 @@ protected:
         object = Adopt<IOleObject>(new CalendarControl);
     }
     ~ShellFixture() override {
-        if (object) {
-            object->Close(OLECLOSE_NOSAVE);
-            object->SetClientSite(nullptr);
-        }
-        object.Reset();
+        Drop();
         EXPECT_EQ(ModuleLock::Count(), m_before) << "a reference to the control was left";
         EXPECT_FALSE(container->window && ::GetWindow(container->window, GW_CHILD));
         container.Reset();
@@ -38,7 +34,25 @@ protected:
         object.As(&other);
         return other;
     }
+    void Drop() {
+        if (object) {
+            object->Close(OLECLOSE_NOSAVE);
+            object->SetClientSite(nullptr);
+        }
+        object.Reset();
+    }
+    void Renew() {
+        Drop();
+        object = Adopt<IOleObject>(new CalendarControl);
+    }
     HRESULT Do(LONG verb) { return object->DoVerb(verb, nullptr, nullptr, 0, nullptr, nullptr); }
+    /// Turns the page, which raises MonthChanged and YearChanged.
+    HRESULT SetDate(DATE date) {
+        VARIANT value;
+        V_VT(&value) = VT_DATE;
+        V_DATE(&value) = date;
+        return As<::_VmCalendar>()->put_DateValue(value);
+    }
     /// Site given, so that it can be activated.
     void Place() { object->SetClientSite(container.Get()); }
     HWND Window() const {
