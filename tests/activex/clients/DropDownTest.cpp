@@ -145,8 +145,8 @@ TEST_F(DropDowns, LieBelowTheirBoxOrAboveItAndHideWithIt) {
     EXPECT_LE(calendar.right, right);
 }
 
-/// Forms with a calendar and a box in an apartment each; the box of the first is closed while those
-/// of the others stay open.
+/// A form with a box in an apartment each; the box of the first is closed while those of the others
+/// stay open.
 class Apartments : public testing::Test {
 protected:
     static constexpr int kThreads = 3;
@@ -155,58 +155,38 @@ protected:
         OleInitialize(nullptr);
         const RECT place{number * 40, number * 250, number * 40 + 500, number * 250 + 250};
         const ComPtr<Form> form = Form::Open(nullptr, place, "Apartment");
-        ControlSite& calendar = form->Add(kCalendarClass, "C", kCalendarPlace);
         ControlSite& box = form->Add(kBoxClass, "B", kBoxPlace);
-        std::string last;
-        calendar.onEvent = [&](Event& event) { last = event.Text(); };
-        for (int day = 1; day <= 7; ++day) {
-            PutProperty(calendar.Control(), "DateValue",
-                        Value::Date(DayNumber(2000 + number, number + 1, day)));
-            UpdateWindow(calendar.ControlWindow());
-            ServeWaiting(form.Get());
-        }
-        EXPECT_EQ(last, "DayChanged(7)");
-        ++m_ready;
-        EXPECT_TRUE(Reached(form.Get(), m_ready, kThreads));
-        ServeUntil(
-            form.Get(), [] { return false; }, 100);  // until the last form is the active one
-        OpenTogether(form.Get(), box, number == 0);
+        Meet(*form.Get(), 1);
+        ServeFor(*form.Get(), 100);  // until the last form is the active one
+        // A key that comes without the focus: no thread is to take the focus from another.
+        SendMessageW(box.ControlWindow(), WM_KEYDOWN, VK_F4, 0);
+        EXPECT_TRUE(ServeUntil(
+            form.Get(), [] { return OpenCalendar() != nullptr; }, 5000));
+        Meet(*form.Get(), 2);
+        if (number == 0) PutProperty(box.Control(), "DropDownState", Value(false));
+        Meet(*form.Get(), 3);
+        ServeFor(*form.Get(), 100);  // some of the open calendar's ticks
+        EXPECT_EQ(IsOpen(box), number != 0);
+        EXPECT_EQ(OpenCalendar() != nullptr, number != 0);
+        Meet(*form.Get(), 4);
         form->Close();
         EXPECT_EQ(VisibleWindows(), 0);
         OleUninitialize();
     }
 
 private:
-    static bool Reached(Form* form, std::atomic<int>& count, int wanted) {
-        const auto reached = [&] { return count >= wanted; };
-        return ServeUntil(form, reached, 20000);
-    }
-    void OpenTogether(Form* form, ControlSite& box, bool isFirst) {
-        // A key that comes without the focus: no thread is to take the focus from another.
-        SendMessageW(box.ControlWindow(), WM_KEYDOWN, VK_F4, 0);
-        EXPECT_TRUE(ServeUntil(
-            form, [] { return OpenCalendar() != nullptr; }, 5000));
-        ++m_open;
-        EXPECT_TRUE(Reached(form, m_open, kThreads));
-        EXPECT_TRUE(IsOpen(box));
-        if (isFirst) {
-            PutProperty(box.Control(), "DropDownState", Value(false));
-            EXPECT_EQ(OpenCalendar(), nullptr);
-            ++m_closed;
-        }
-        EXPECT_TRUE(Reached(form, m_closed, 1));
+    static void ServeFor(Form& form, DWORD milliseconds) {
         ServeUntil(
-            form, [] { return false; }, 100);  // some of the open calendar's ticks
-        EXPECT_EQ(IsOpen(box), !isFirst);
-        EXPECT_EQ(OpenCalendar() != nullptr, !isFirst);
-        ++m_done;
-        EXPECT_TRUE(Reached(form, m_done, kThreads));
+            &form, [] { return false; }, milliseconds);
+    }
+    /// Serves the thread's windows until all threads have come to that point.
+    void Meet(Form& form, int point) {
+        ++m_arrived;
+        EXPECT_TRUE(ServeUntil(
+            &form, [&] { return m_arrived >= point * kThreads; }, 20000));
     }
 
-    std::atomic<int> m_ready = 0;
-    std::atomic<int> m_open = 0;
-    std::atomic<int> m_closed = 0;
-    std::atomic<int> m_done = 0;
+    std::atomic<int> m_arrived = 0;
 };
 
 TEST_F(Apartments, HaveTheirOwnControlsAndOpenCalendars) {

@@ -86,16 +86,6 @@ TEST_F(Lifetime, AHandlerClosesTheFormOfAnOpenBox) {
     }
 }
 
-TEST_F(Lifetime, AHandlerSetsAnotherDate) {
-    ControlSite& site = AddCalendar("C");
-    OnFirst("DateChanged", [&] { SetDate(site, 2024, 3, 9); });
-    SetDate(site, 2024, 3, 2);
-    std::erase_if(events, [](const std::string& event) { return !event.starts_with("C.DateC"); });
-    EXPECT_EQ(events,
-              (std::vector<std::string>{"C.DateChanged(2024-03-02)", "C.DateChanged(2024-03-09)"}));
-    EXPECT_EQ(DateOf(site), "2024-03-09");
-}
-
 TEST_F(Lifetime, CallsAfterTheEndGiveAnError) {
     for (const char* classText : {kCalendarClass, kBoxClass}) {
         ControlSite& site = Add(classText, "C", kCalendarPlace);
