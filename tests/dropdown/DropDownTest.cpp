@@ -237,7 +237,7 @@ TEST_F(DropDown, SavesAndRestoresItself) {
     damaged.WriteProperty("DropDownHeight", std::int32_t{-5}, Variant());
     second.a.control->ReadProps(damaged);
     EXPECT_EQ(DayOf(second.a.control->DateMax()), Day(2700, 12, 31));
-    EXPECT_EQ(second.a.control->DropDownHeight(), 0);
+    EXPECT_EQ(second.a.control->DropDownHeight(), 200);
 }
 
 }  // namespace
