@@ -15,7 +15,6 @@ class GalleryWindow : public QMainWindow {
 
 public:
     explicit GalleryWindow(QDate date, QWidget* parent = nullptr);
-    ~GalleryWindow() override;
 
     /// 0..`Pages().size()` - 1.
     void ShowPage(int index);

@@ -10,17 +10,6 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-TEST(CalendarDates, ADateInTheShownMonthRedrawsTwoCells) {
-    TestCalendar test;
-    test.Paint();
-    test.calendar->Days()->Item(20)->Caption("kept");
-    test.TakeLog();
-    test.calendar->DateValue(DateOf(Day(2020, 3, 20)));
-    EXPECT_EQ(test.TakeLog(), (Log{"DateChanged 2020-03-20", "DayChanged 20", "notify DateValue",
-                                   "repaint cell 2020-03-15", "repaint cell 2020-03-20"}));
-    EXPECT_EQ(test.calendar->SelectedDay()->Caption(), "kept");
-}
-
 TEST(CalendarDates, ConvertsOrRefuses) {
     struct Case {
         Variant value;
@@ -59,22 +48,6 @@ TEST(CalendarDates, ConvertsOrRefuses) {
         EXPECT_EQ(test.TakeLog().empty(), c.selected == today);
         EXPECT_EQ(test.BrokenInvariant(), "");
     }
-}
-
-TEST(CalendarDates, TheDaysAreThoseOfTheNewMonthInEveryHandler) {
-    TestCalendar test;
-    CalendarEvents& events = test.calendar->Events();
-    int checks = 0;
-    const auto check = [&](auto&) {
-        ++checks;
-        EXPECT_EQ(test.BrokenInvariant(), "");
-    };
-    for (int i = 0; i < 4; ++i) {
-        ConnectNth(i, check, events.DateChanged, events.DayChanged, events.MonthChanged,
-                   events.YearChanged);
-    }
-    test.calendar->DateValue(DateOf(Day(2021, 2, 28)));
-    EXPECT_EQ(checks, 4);
 }
 
 TEST(CalendarDates, AChangeOfMonthAndYearEndsASuspendedPaint) {

@@ -1,7 +1,4 @@
-#include "platform/PropertiesText.h"
 #include "tests/dropdown/DropDownFixture.h"
-#include "tests/support/Refusals.h"
-#include "tests/support/StoreCases.h"
 
 #include <algorithm>
 
@@ -73,48 +70,6 @@ TEST_F(DropDown, PlacesItsWindowByItsAlignment) {
     box.DropDownHeight(3000);
     test.a.host.scaleMode = 3;
     EXPECT_EQ(box.DropDownHeight(), 200);
-}
-
-TEST_F(DropDown, RefusesAtOnce) {
-    const auto icon = std::make_shared<StdPicture>(PictureType::Bitmap, Size{}, nullptr);
-    const std::pair<const char*, Variant> cases[] = {
-        {"DropDownAlignment", std::int32_t{2}},
-        {"DropDownHeight", std::int32_t{-1}},
-        {"DropDownWidth", std::int32_t{-1}},
-        {"MonthYearSelStyle", std::int32_t{2}},
-        {"MouseIcon", ObjectRef(icon)},
-        {"TodayBackColor", std::int32_t{1 << 24}},
-        {"FirstDayOfWeek", std::int32_t{8}},
-        {"DropDownAppearance", std::int32_t{2}},
-        {"DateMax", Date(-700000)},
-        {"DateMin", Date(1e7)},
-        {"DateValue", "12x"},
-        {"DateValue", Null{}},
-        {"DateValue", Variant()},
-        {"Appearance", std::int32_t{1}},
-    };
-    test.TakeLog();
-    for (const auto& [name, value] : cases) {
-        const auto expected = name == std::string("DateValue") ? ErrorNumber::TypeMismatch
-                              : name == std::string("Appearance")
-                                  ? ErrorNumber::MemberNotFound
-                                  : ErrorNumber::InvalidPropertyValue;
-        EXPECT_EQ(NumberOf([&, name = name, value = value] { box.LetMember(name, value); }),
-                  expected)
-            << name;
-    }
-    EXPECT_TRUE(test.TakeLog().empty());
-    EXPECT_EQ(box.DateValue(), DateOf(kMar15, 0.5));
-}
-
-TEST_F(DropDown, ShowsTheStoredDateInAnyFormat) {
-    box.DateMax(DateOf(Day(2020, 3, 31)));
-    box.DateValue("6/6/2020");
-    EXPECT_EQ(box.Text(), "3/31/2020");
-    EXPECT_EQ(test.TakeLog().back(), "notify DateValue");
-    box.DateFormat("dddd, d mmmm yyyy");
-    EXPECT_EQ(box.Text(), "Tuesday, 31 March 2020");
-    EXPECT_EQ(test.TakeLog().back(), "notify ComboDateFormat");
 }
 
 TEST_F(DropDown, FormatsByEveryToken) {
@@ -200,44 +155,6 @@ TEST_F(DropDown, OpeningRepaintsNothingOfTheBox) {
     EXPECT_EQ(std::count(windows.begin(), windows.end(), box.hWnd()), 0);
     box.DateValue("3/16/2020");
     EXPECT_EQ(std::count(windows.begin(), windows.end(), box.hWnd()), 1);
-}
-
-TEST_F(DropDown, SavesAndRestoresItself) {
-    RecordingBag fresh;
-    box.WriteProps(fresh);
-    EXPECT_EQ(fresh.writes.size(), 39u);
-    EXPECT_EQ(std::count(fresh.writes.begin(), fresh.writes.end(), "ComboDateFormat"), 2);
-    for (const auto& [key, value] : fresh.Values()) {
-        EXPECT_EQ(value.Type(), VarType::Object) << key;  // fonts alone differ from their defaults
-    }
-
-    box.DateFormat("yyyy");
-    box.DropDownWidth(300);
-    box.DropDownAlignment(VmRightJustified);
-    box.DateMax(DateOf(Day(1050, 1, 1) + 36525));
-    box.DateMin(DateOf(Day(1120, 1, 1)));
-    box.DateValue(DateOf(Day(1130, 5, 6), 0.25));
-    box.LetMember("DropDownAppearance", std::int32_t{0});
-    box.Let(kShowWeekend, false);
-    box.MousePointer(11);
-    box.Enabled(false);
-    MemoryBag bag;
-    box.WriteProps(bag);
-    TestBoxes second;
-    second.TakeLog();
-    second.a.control->ReadProps(bag);
-    EXPECT_TRUE(second.TakeLog().empty());
-    MemoryBag again;
-    second.a.control->WriteProps(again);
-    EXPECT_EQ(FormatProperties(again), FormatProperties(bag));
-    EXPECT_EQ(second.a.control->Text(), "1130");
-
-    MemoryBag damaged;
-    for (const auto& key : fresh.writes) damaged.WriteProperty(key, "nonsense", Variant());
-    damaged.WriteProperty("DropDownHeight", std::int32_t{-5}, Variant());
-    second.a.control->ReadProps(damaged);
-    EXPECT_EQ(DayOf(second.a.control->DateMax()), Day(2700, 12, 31));
-    EXPECT_EQ(second.a.control->DropDownHeight(), 200);
 }
 
 }  // namespace

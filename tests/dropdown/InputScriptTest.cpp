@@ -1,3 +1,4 @@
+#include "platform/Keys.h"
 #include "tests/support/InputPlayer.h"
 #include "tests/support/InputScript.h"
 #include "tests/support/TestBoxes.h"
@@ -10,19 +11,28 @@ namespace {
 
 using Short = std::int16_t;
 
-/// The core itself, told what a host has to tell it.
+/// The core itself, told what a host has to tell it, with selectors that act as both hosts' do.
 class CorePlayer : public InputPlayer {
     void Make(Kind kind) override {
         m_box.reset();
         m_calendar.reset();
+        m_typed.reset();
+        m_pressed = Act::Release;
+        m_held = false;
+        const auto told = [this](const std::string& name) { NoteProperty(name); };
         if (kind == Kind::Calendar) {
             m_calendar = std::make_unique<TestCalendar>(Size{282, 210});
-            Connect(m_calendar->calendar->Events());
+            m_calendar->whenNotified = told;
+            Connect(Calendar().Events());
         } else {
             m_box = std::make_unique<TestBoxes>();
-            Connect(m_box->a.control->Events());
+            m_box->a.host.whenNotified = told;
+            Connect(Box().Events());
+            Box().OnGotFocus();
         }
     }
+    VmCalendar& Calendar() { return *m_calendar->calendar; }
+    VmCalDropDown& Box() { return *m_box->a.control; }
 
     template <class Events>
     void Connect(Events& events) {
@@ -36,6 +46,7 @@ class CorePlayer : public InputPlayer {
         note(events.KeyUp, "KeyUp");
         note(events.MouseDown, "MouseDown");
         note(events.MouseUp, "MouseUp");
+        events.MouseMove.Connect(NotingMove());
         if constexpr (requires { events.Click; }) {
             note(events.Click, "Click");
             note(events.DblClick, "DblClick");
@@ -47,41 +58,48 @@ class CorePlayer : public InputPlayer {
 
     void Let(const std::string& property, int value, bool isDate) override {
         const Variant variant = isDate ? Variant(DateOf(value)) : Variant(value);
-        if (m_box) {
-            m_box->a.control->LetMember(property, variant);
+        if (property == "Enabled") {
+            m_held = false;
+            m_pressed = Act::Release;
+            m_calendar ? Calendar().Enabled(value != 0) : Box().Enabled(value != 0);
+        } else if (m_box) {
+            Box().LetMember(property, variant);
         } else if (property == "AlwaysDateChanged") {  // has no getter
-            m_calendar->calendar->AlwaysDateChanged(value != 0);
+            Calendar().AlwaysDateChanged(value != 0);
         } else {
-            m_calendar->calendar->LetMember(property, variant);
+            Calendar().LetMember(property, variant);
         }
     }
 
     void Key(const Stroke& stroke) override {
-        m_box ? Strike(*m_box->a.control, stroke) : Strike(*m_calendar->calendar, stroke);
+        if (stroke.code == kKeyEscape) m_held = false;
+        if (m_calendar) Commit();
+        if (IsDestroyed()) return;
+        m_box ? Strike(Box(), stroke) : Strike(Calendar(), stroke);
     }
     template <class Control>
-    static void Strike(Control& control, const Stroke& stroke) {
+    void Strike(Control& control, const Stroke& stroke) {
         auto code = static_cast<Short>(stroke.code);
         auto shift = static_cast<Short>(stroke.shift);
         auto character = static_cast<Short>(stroke.character);
         stroke.down ? control.OnKeyDown(code, shift) : control.OnKeyUp(code, shift);
-        if (stroke.down && character) control.OnKeyPress(character);
+        if (stroke.down && character && !IsDestroyed()) control.OnKeyPress(character);
     }
 
     void Mouse(Act act, const Hand& hand) override {
-        if (m_calendar) {
-            Use(*m_calendar->calendar, act, hand);
-            if (act == Act::DoublePress) m_calendar->calendar->OnDblClick();
-            const bool inside = hand.at.x >= 0 && hand.button == 1;
-            if (act == Act::Release && inside && m_pressed == Act::Press) {
-                m_calendar->calendar->OnClick();
-            }
-            m_pressed = act == Act::Move ? m_pressed : act;
-        } else if (hand.onForm) {
-            Use(m_box->form->Calendar(), act, hand);
-        } else {
-            Use(*m_box->a.control, act, hand);
+        if (act != Act::Move) m_held = act != Act::Release && hand.button == kButtonLeft;
+        if (!m_calendar) {
+            hand.onForm ? Use(m_box->form->Calendar(), act, hand) : Use(Box(), act, hand);
+            return;
         }
+        const Act before = std::exchange(m_pressed, act == Act::Move ? m_pressed : act);
+        if (act == Act::Press) Commit();
+        if (IsDestroyed()) return;
+        Use(Calendar(), act, hand);
+        if (IsDestroyed() || !Calendar().Enabled()) return;
+        if (act == Act::DoublePress) Calendar().OnDblClick();
+        const bool inside = hand.at.x >= 0 && hand.button == kButtonLeft;
+        if (act == Act::Release && inside && before == Act::Press) Calendar().OnClick();
     }
     template <class Control>
     static void Use(Control& control, Act act, const Hand& hand) {
@@ -97,29 +115,132 @@ class CorePlayer : public InputPlayer {
         }
     }
 
-    void NextMonth() override {
-        m_calendar->calendar->OnMonthListClick(std::stoi(m_calendar->monthList.shown) + 1);
+    void LoseMouse() override {
+        m_held = false;
+        m_pressed = Act::Release;
+        m_calendar ? Calendar().OnCaptureLost() : m_box->form->Calendar().OnCaptureLost();
     }
-    void ScrollOn() override {
-        const std::string& shown = m_calendar->dateScroll.shown;  // "minimum..maximum: value"
-        m_calendar->calendar->OnDateScroll(std::stoi(shown.substr(shown.find(':') + 1)) + 1);
-    }
-    void TypeYear(const std::string& text) override { m_calendar->calendar->OnYearText(text); }
 
-    std::string SelectedDate() override {
-        return IsoDate(
-            DayOf(m_box ? m_box->a.control->DateValue() : m_calendar->calendar->SelectedDate()));
+    void Select(const std::string& verb, const std::string& what) override {
+        if (m_box) return Box().OnLostFocus();
+        if (m_calendar->childrenMade == 0) return;  // a handler has taken them away
+        if (verb == "list") return UseList(what);
+        if (verb == "scroll") return Scroll(what);
+        if (verb == "type") {
+            m_typed = what;
+        } else if (what == "Escape") {
+            m_typed.reset();
+            Calendar().OnYearTextCancel();
+        } else if (what == "Return") {
+            m_typed = m_typed.value_or(m_calendar->yearText.shown);
+        }
+        if (verb == "focus" || verb == "spin" || what == "Return" || what == "Up") Commit();
+        if (IsDestroyed()) return;
+        const int value = ValueOf(m_calendar->yearSpinner);
+        if (what == "Up") Calendar().OnYearSpinner(value - 1);
+        if (what == "Down") Calendar().OnYearSpinner(value + 1);
+        if (what == "PageUp") Calendar().OnYearSpinner(value - 10);
+    }
+    void Commit() {
+        if (const auto typed = std::exchange(m_typed, std::nullopt)) Calendar().OnYearText(*typed);
+    }
+    void UseList(const std::string& what) {
+        FakeChild& list = m_calendar->monthList;
+        Commit();
+        if (IsDestroyed()) return;
+        const bool open = std::exchange(
+            list.dropped, what == "open" || (what != "Return" && what != "Escape" && list.dropped));
+        if (what == "open" || !open) Calendar().OnSelectorEnter();
+        if (what == "Up" || what == "Down" || what == "wheel") {
+            list.shown = std::to_string(std::stoi(list.shown) + (what == "Up" ? -1 : 1));
+            Calendar().OnMonthListClick(std::stoi(list.shown));
+        } else if (what == "Return") {
+            open ? Calendar().OnMonthListClick(std::stoi(list.shown))
+                 : Calendar().OnMonthListKeyDown(kKeyEnter);
+        } else if (what == "Escape") {
+            Calendar().OnMonthListKeyDown(kKeyEscape);
+            Calendar().OnMonthListKeyUp(kKeyEscape);
+        }
+    }
+    void Scroll(const std::string& what) {
+        const int by = what == "on" ? 1 : what == "back" ? -1 : 12;
+        Calendar().OnDateScroll(ValueOf(m_calendar->dateScroll) + by);
+    }
+    static int ValueOf(const FakeChild& bar) {  // "minimum..maximum: value"
+        return std::stoi(bar.shown.substr(bar.shown.find(':') + 1));
+    }
+
+    State See() override {
+        State state;
+        const DaysRef days = m_box ? Box().Days() : Calendar().Days();
+        state.shown = IsoDate(DayOf(days->Item(1)->DayDate())).substr(0, 7);
+        state.date = IsoDate(DayOf(m_box ? Box().DateValue() : Calendar().SelectedDate()));
+        if (m_box) {
+            state.text = Box().Text();
+            state.open = m_box->visible;
+        } else if (m_calendar->monthList.visible) {
+            state.selectors = std::to_string(std::stoi(m_calendar->monthList.shown) + 1) + '/' +
+                              m_typed.value_or(m_calendar->yearText.shown);
+        }
+        return state;
     }
     void Settle(const std::string&) override {
-        if (m_calendar) m_calendar->Paint();
+        if (m_calendar && !IsDestroyed()) m_calendar->Paint();
+    }
+
+    void Destroy() override {
+        if (m_calendar) m_calendar->calendar.reset();
+        if (m_box) m_box->a.control.reset();
+    }
+    bool IsDestroyed() override { return m_calendar ? !m_calendar->calendar : !m_box->a.control; }
+    std::string BrokenInvariant() override {
+        return m_calendar ? m_calendar->BrokenInvariant() : m_box->BrokenInvariant();
+    }
+    std::optional<std::string> Repainted() override {
+        if (!m_calendar) return std::nullopt;
+        std::string all;
+        for (const std::string& entry : m_calendar->TakeLog()) {
+            if (!entry.starts_with("repaint")) continue;
+            if (!all.empty()) all += ',';
+            all += entry == "repaint" ? "all" : entry.substr(entry.find_last_of(" -") + 1);
+        }
+        return all;
+    }
+    /// The cells in the selection's colour and the pushed arrows.
+    std::optional<std::string> Marked() override {
+        if (!m_calendar) return std::nullopt;
+        StrictDrawing& drawing = m_calendar->drawing;
+        drawing.Forget();
+        m_calendar->Paint();
+        std::string all;
+        for (const StrictDrawing::Fill& fill : drawing.fills) {
+            if (fill.color == drawing.GetSysColor(13))
+                all += CellAt({fill.rect.left, fill.rect.top});
+        }
+        constexpr const char* kArrows[] = {"YearBack", "YearForward", "MonthBack", "MonthForward"};
+        for (std::size_t i = 0; i < drawing.frameStates.size(); ++i) {
+            if ((drawing.frameStates[i] & kFramePushed) != 0) all += kArrows[i];
+        }
+        return all;
     }
 
     std::unique_ptr<TestCalendar> m_calendar;
     std::unique_ptr<TestBoxes> m_box;
     Act m_pressed = Act::Release;
+    bool m_held = false;
+    std::optional<std::string> m_typed;
 };
 
 TEST(InputScript, TheCoreRaisesItsEvents) { CorePlayer().Play(kInputScript); }
+
+/// A handler of any event does its worst in the middle of any step.
+TEST(InputScript, TheCoreSurvivesItsHandlers) {
+    for (const char* mischief :
+         {"destroy", "throw", "let DateValue 2031-07-07", "let DateMax 2018-01-01", "let Enabled 0",
+          "let MonthYearSelStyle 0", "let ShowWeekend 0", "key Right", "key F4"}) {
+        CorePlayer().PlayWith(kInputScript, mischief);
+    }
+}
 
 }  // namespace
 }  // namespace velmora::test

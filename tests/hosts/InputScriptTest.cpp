@@ -1,3 +1,5 @@
+#include "calendar/VmCalendar.h"
+#include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/QtDropDownForm.h"
 #include "hosts/qt/VmCalDropDownWidget.h"
 #include "tests/hosts/WidgetSupport.h"
@@ -6,9 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <map>
 #include <memory>
@@ -19,26 +23,32 @@ namespace {
 class QtPlayer : public test::InputPlayer {
     void Make(Kind kind) override {
         m_window = std::make_unique<QWidget>();
+        m_calendar = nullptr;
+        m_box = nullptr;
         if (kind == Kind::Calendar) {
-            Connect(new VmCalendarWidget(m_window.get()), 282, 210);
+            Connect(m_calendar = new VmCalendarWidget(m_window.get()), 282, 210);
         } else {
-            Connect(new VmCalDropDownWidget(m_window.get()), 121, 21);
+            Connect(m_box = new VmCalDropDownWidget(m_window.get()), 121, 21);
         }
+        if (!m_widget) return;
         m_window->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
         m_window->resize(500, 300);
         m_window->show();
         m_window->activateWindow();
-        m_widget->setFocus();
+        if (m_widget) m_widget->setFocus();
     }
 
     template <class AnyWidget>
     void Connect(AnyWidget* widget, int width, int height) {
+        m_widget = widget;
         const auto note = [this, widget](auto signal, const char* name) {
             QObject::connect(widget, signal, Noting(name));
         };
         QObject::connect(widget, &AnyWidget::dateChanged, [this](QDate date) {
             Noting("DateChanged")(date.toString(Qt::ISODate).toStdString());
         });
+        QObject::connect(widget, &AnyWidget::propertyChanged,
+                         [this](const QString& name) { NoteProperty(name.toStdString()); });
         note(&AnyWidget::dayChanged, "DayChanged");
         note(&AnyWidget::monthChanged, "MonthChanged");
         note(&AnyWidget::yearChanged, "YearChanged");
@@ -47,6 +57,7 @@ class QtPlayer : public test::InputPlayer {
         note(&AnyWidget::keyUp, "KeyUp");
         note(&AnyWidget::mouseDown, "MouseDown");
         note(&AnyWidget::mouseUp, "MouseUp");
+        QObject::connect(widget, &AnyWidget::mouseMove, NotingMove());
         if constexpr (requires { &AnyWidget::click; }) {
             note(&AnyWidget::click, "Click");
             note(&AnyWidget::dblClick, "DblClick");
@@ -55,7 +66,6 @@ class QtPlayer : public test::InputPlayer {
             note(&AnyWidget::dropDown, "DropDown");
         }
         widget->setGeometry(150, 10, width, height);
-        m_widget = widget;
     }
 
     void Let(const std::string& property, int value, bool isDate) override {
@@ -81,8 +91,12 @@ class QtPlayer : public test::InputPlayer {
         const int own = stroke.code == 16 ? 1 : stroke.code == 17 ? 2 : stroke.code == 18 ? 4 : 0;
         const QString text = stroke.character ? QString(QChar(stroke.character)) : QString();
         if (!m_widget->hasFocus()) m_widget->setFocus();
-        SendKey(m_widget, stroke.down ? QEvent::KeyPress : QEvent::KeyRelease, key,
-                Modifiers(stroke.shift ^ own), text);
+        const auto send = [&, this](QEvent::Type type) {
+            QKeyEvent event(type, key, Modifiers(stroke.shift ^ own), text, stroke.again);
+            if (m_widget) QApplication::sendEvent(m_widget, &event);
+        };
+        if (stroke.again) send(QEvent::KeyRelease);
+        send(stroke.down ? QEvent::KeyPress : QEvent::KeyRelease);
     }
     static Qt::KeyboardModifiers Modifiers(int shift) {
         Qt::KeyboardModifiers modifiers;
@@ -98,44 +112,116 @@ class QtPlayer : public test::InputPlayer {
                                                   QEvent::MouseButtonRelease};
         QWidget* const target = hand.onForm ? QtDropDownForm::Shared().get() : m_widget;
         const QPoint at(hand.at.x, hand.at.y);
-        const auto button = hand.button == 1 ? Qt::LeftButton : Qt::RightButton;
+        const auto button = hand.button == 0   ? Qt::NoButton
+                            : hand.button == 1 ? Qt::LeftButton
+                                               : Qt::RightButton;
+        if (act == Act::Press && !hand.onForm) target->setFocus();
+        if (!m_widget) return;
         QMouseEvent event(kTypes[static_cast<int>(act)], at, target->mapToGlobal(at),
                           act == Act::Move ? Qt::NoButton : button,
                           act == Act::Release ? Qt::NoButton : button, Modifiers(hand.shift));
         QApplication::sendEvent(target, &event);
     }
-
-    void NextMonth() override {
-        auto* const list = m_widget->findChild<QComboBox*>();
-        list->setFocus();
-        SendKey(list, QEvent::KeyPress, Qt::Key_Down);
+    void LoseMouse() override {
+        QEvent event(QEvent::UngrabMouse);
+        QApplication::sendEvent(m_widget, &event);
     }
-    void ScrollOn() override {
-        for (auto* const bar : m_widget->findChildren<QScrollBar*>()) {
-            if (bar->isVisible()) bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+
+    void Select(const std::string& verb, const std::string& what) override {
+        if (verb == "focus") return (what == "grid" ? m_widget.data() : m_window.get())->setFocus();
+        if (verb == "list") return UseList(*m_widget->findChild<QComboBox*>(), what);
+        if (verb == "spin" || verb == "scroll") {
+            return Click(what == "Up" || what == "back" ? QStyle::SC_ScrollBarSubLine
+                                                        : QStyle::SC_ScrollBarAddLine,
+                         what == "page");
+        }
+        const QPointer<QLineEdit> year = m_widget->findChild<QLineEdit*>();
+        year->setFocus();
+        if (verb == "year") return Strike(year.data(), what);
+        year->selectAll();
+        for (const char letter : what) {
+            SendKey(year, QEvent::KeyPress, QChar::toUpper(letter), {}, QChar(letter));
         }
     }
-    void TypeYear(const std::string& text) override {
-        auto* const year = m_widget->findChild<QLineEdit*>();
-        year->setFocus();
-        year->selectAll();
-        for (const char digit : text) SendKey(year, QEvent::KeyPress, digit, {}, QChar(digit));
-        SendKey(year, QEvent::KeyPress, Qt::Key_Return, {}, "\r");
+    static int KeyOf(const std::string& name) {
+        return name == "PageUp" ? Qt::Key_PageUp
+                                : QKeySequence(QString::fromStdString(name))[0].key();
+    }
+    static void Strike(QPointer<QWidget> widget, const std::string& name) {
+        SendKey(widget, QEvent::KeyPress, KeyOf(name));
+        if (widget) SendKey(widget, QEvent::KeyRelease, KeyOf(name));
+    }
+    static void UseList(QComboBox& list, const std::string& what) {
+        QWidget* const view = list.findChild<QAbstractItemView*>();
+        if (what == "open") {
+            list.setFocus();
+            list.showPopup();
+        } else if (what == "wheel") {
+            const QPointF at = list.rect().center();
+            QWheelEvent event(at, list.mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                              false);
+            QApplication::sendEvent(&list, &event);
+        } else if (view && view->isVisible()) {
+            SendKey(view, QEvent::KeyPress, KeyOf(what));
+            SendKey(&list, QEvent::KeyRelease, KeyOf(what));
+        } else {
+            list.setFocus();
+            Strike(&list, what);
+        }
+    }
+    void Click(QStyle::SubControl part, bool isPage) {
+        for (auto* const bar : m_widget->findChildren<QScrollBar*>()) {
+            if (!bar->isVisible()) continue;
+            if (isPage) return bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+            return velmora::Click(bar, CenterOf(*bar, part));
+        }
     }
 
-    std::string SelectedDate() override {
-        return m_widget->property("dateValue").toDate().toString(Qt::ISODate).toStdString();
+    State See() override {
+        const DaysRef days = m_box ? m_box->dropDownBox().Days() : m_calendar->calendar().Days();
+        State state;
+        state.date = m_widget->property("dateValue").toDate().toString(Qt::ISODate).toStdString();
+        state.shown = TextOf(days->Item(1)->DayDate()).substr(0, 7);
+        if (m_box) {
+            state.text = m_box->text().toStdString();
+            state.open = QtDropDownForm::Shared()->isVisible();
+        } else if (const auto* const list = m_widget->findChild<QComboBox*>();
+                   list && list->isVisible()) {
+            const auto* const view = list->findChild<QAbstractItemView*>();
+            const int month =
+                view && view->isVisible() ? view->currentIndex().row() : list->currentIndex();
+            state.selectors = std::to_string(month + 1) + '/' +
+                              m_widget->findChild<QLineEdit*>()->text().toStdString();
+        }
+        return state;
     }
     void Settle(const std::string&) override {
         QApplication::processEvents();
         QApplication::processEvents();  // a signal of the first paint follows it
     }
+    void Destroy() override { delete m_widget; }
+    bool IsDestroyed() override { return !m_widget; }
+    std::string BrokenInvariant() override {
+        if (!m_widget || QtDropDownForm::Shared()->Form().GetOwner()) return {};
+        const bool runs = QWidget::mouseGrabber() || QtDropDownForm::Shared()->isVisible();
+        return runs ? "something still runs" : "";
+    }
 
     std::unique_ptr<QWidget> m_window;
-    QWidget* m_widget = nullptr;
+    QPointer<QWidget> m_widget;
+    VmCalendarWidget* m_calendar = nullptr;
+    VmCalDropDownWidget* m_box = nullptr;
 };
 
 TEST(InputScript, TheWidgetsRaiseItsEvents) { QtPlayer().Play(test::kInputScript); }
+
+/// A slot of any signal does its worst in the middle of any step.
+TEST(InputScript, TheWidgetsSurviveTheirSlots) {
+    for (const char* mischief :
+         {"destroy", "let DateValue 2031-07-07", "let Enabled 0", "focus away", "key F4"}) {
+        QtPlayer().PlayWith(test::kInputScript, mischief);
+    }
+}
 
 }  // namespace
 }  // namespace velmora

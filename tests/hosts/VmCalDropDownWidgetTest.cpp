@@ -150,54 +150,6 @@ TEST(VmCalDropDownWidget, ClosesWhenWhatItLiesOnIsScrolled) {
     ExpectNothingRuns("scrolled");
 }
 
-/// Any slot does its worst in the middle of any input.
-TEST(VmCalDropDownWidget, SurvivesItsSlots) {
-    const std::function<void(BoxWindow&)> slots_[] = {
-        [](BoxWindow& w) { delete w.box; },
-        [](BoxWindow& w) { w.box->setDropDownState(false); },
-        [](BoxWindow& w) { w.box->setFocus(), w.box->setDropDownState(true); },
-        [](BoxWindow& w) { w.box->setDateValue(QDateTime(QDate(2031, 7, 7), QTime(1, 0))); },
-        [](BoxWindow& w) { w.box->hide(); },
-        [](BoxWindow& w) { w.box->setEnabled(false); },
-    };
-    const std::function<void(BoxWindow&)> inputs[] = {
-        [](BoxWindow& w) {
-            Click(w.box.data(), {140, 12});
-        },
-        [](BoxWindow& w) {
-            w.Key(Qt::Key_F4), w.ClickDay({2024, 6, 2});
-        },
-        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.Key(Qt::Key_PageDown, Qt::ControlModifier); },
-        [](BoxWindow& w) {
-            w.Key(Qt::Key_F4), Click(&TheForm(), {900, 900});
-        },
-        [](BoxWindow& w) {
-            w.box->clearFocus(), w.box->setDropDownState(true);
-            w.hide();
-        },
-        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.move(3, 3); },
-        [](BoxWindow& w) { w.Key(Qt::Key_F4), w.box ? w.box->clearFocus() : void(); },
-    };
-    for (const auto& input : inputs) {
-        for (const auto& slot : slots_) {
-            for (int signal = 0; signal < 9; ++signal) {
-                BoxWindow window;
-                int depth = 0;
-                const auto act = [&] {
-                    if (depth++ == 0 && window.box) slot(window);
-                };
-                Box* const box = window.box;
-                ConnectNth(signal, box, act, &Box::closeUp, &Box::dropDown, &Box::dateChanged,
-                           &Box::dayChanged, &Box::monthChanged, &Box::keyDown, &Box::mouseDown,
-                           &Box::mouseUp, &Box::dateValueChanged);
-                input(window);
-                QApplication::processEvents();
-                if (!window.box || !window.box->dropDownState()) ExpectNothingRuns("any slot");
-            }
-        }
-    }
-}
-
 TEST(VmCalDropDownWidget, DropsAreTakenOrAskedForAsOnACalendar) {
     BoxWindow window;
     Box& box = *window.box;

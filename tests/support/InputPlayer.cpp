@@ -1,5 +1,6 @@
 #include "tests/support/InputPlayer.h"
 
+#include "platform/AutomationError.h"
 #include "platform/Keys.h"
 
 #include <gtest/gtest.h>
@@ -7,11 +8,18 @@
 #include <cstdio>
 #include <cstring>
 #include <sstream>
+#include <stdexcept>
 #include <utility>
-#include <vector>
 
 namespace velmora::test {
 namespace {
+
+constexpr int kCellWidth = 40;
+constexpr int kRowHeight = 26;
+
+struct Mischief : std::runtime_error {
+    using runtime_error::runtime_error;
+};
 
 /// Virtual-key codes; those of letters are the letters.
 const std::map<std::string, int> kKeys = {{"Return", 13},   {"Escape", 27}, {"PageUp", 33},
@@ -29,21 +37,33 @@ std::pair<int, std::string> SplitModifier(const std::string& text) {
 int CodeOfModifier(int bit) { return bit == kShiftAlt ? kKeyAlt : 15 + bit; }
 
 int CharacterOf(int code, int shift) {
+    if (code == kKeyEscape) return code;
     if (shift > kShiftShift) return 0;
-    if (code == kKeyEnter || code == kKeyEscape) return code;
+    if (code == kKeyEnter) return code;
     const bool isLetter = 'A' <= code && code <= 'Z';
     return isLetter ? code + (shift ? 0 : 'a' - 'A') : 0;
+}
+
+int CodeOfKey(const std::string& name) {
+    const auto found = kKeys.find(name);
+    return found == kKeys.end() ? name.front() : found->second;
+}
+
+std::string Call(const char* event, std::initializer_list<int> arguments) {
+    std::string list;
+    for (const int argument : arguments) {
+        list.append(list.empty() ? "" : ", ").append(std::to_string(argument));
+    }
+    return std::string(event) + '(' + list + ") ";
 }
 
 /// The places hold for every font: of an arrow, which the band's caption may make smaller, the part
 /// that it always covers.
 Point PlaceOf(const std::string& name) {
-    constexpr int kCellWidth = 40;
-    constexpr int kRowHeight = 26;
-    static const std::map<std::string, Point> kPlaces = {{"box", {10, 10}},
-                                                         {"outside", {-20, 100}},
-                                                         {"YearBack", {14, 14}},
-                                                         {"MonthForward", {251, 14}}};
+    static const std::map<std::string, Point> kPlaces = {
+        {"box", {10, 10}},         {"outside", {-20, 100}}, {"title", {141, 8}},
+        {"YearBack", {14, 14}},    {"MonthBack", {31, 14}}, {"MonthForward", {251, 14}},
+        {"YearForward", {268, 14}}};
     if (const auto found = kPlaces.find(name); found != kPlaces.end()) return found->second;
     int row = 0;
     int column = 0;
@@ -57,9 +77,10 @@ std::vector<std::string> StepsOf(std::string_view script) {
     for (std::string line; std::getline(lines, line);) {
         if (line.starts_with(' ')) {
             steps.back() += line.substr(line.find_first_not_of(' ') - 1);
-        } else if (!line.empty()) {
-            steps.push_back(line);
+            continue;
         }
+        std::istringstream parts(line);
+        for (std::string part; std::getline(parts >> std::ws, part, ';');) steps.push_back(part);
     }
     return steps;
 }
@@ -87,95 +108,259 @@ std::string InputPlayer::TextOf(float value) {
     return text;
 }
 
+std::string InputPlayer::CellAt(Point at) {
+    return std::to_string((at.y + kRowHeight) / kRowHeight - 2) + ',' +
+           std::to_string((at.x + kCellWidth) / kCellWidth);
+}
+
+void InputPlayer::Note(const std::string& event) {
+    m_log += (m_log.empty() ? "" : " ") + event;
+    if (m_mischief.empty()) {
+        EXPECT_EQ(BrokenInvariant(), "") << event;
+        // A box's date is never older than the event that tells it.
+        if (m_kind == Kind::Box && event.starts_with("DateChanged(")) {
+            EXPECT_EQ(event, "DateChanged(" + See().date + ')');
+        }
+    } else if (m_eventsToMischief-- == 0) {
+        if (m_mischief == "throw") throw Mischief(event);
+        try {
+            Do(m_mischief);
+        } catch (const AutomationError&) {  // a value that is none here
+        }
+    }
+}
+
 void InputPlayer::Play(std::string_view script) {
     for (const std::string& step : StepsOf(script)) PlayStep(step);
 }
 
 void InputPlayer::PlayStep(const std::string& step) {
     std::string act = step;
-    const std::string date = CutOff(act, " = ");
-    const std::string expected = CutOff(act, " -> ");
-    std::string verb, what, more;
-    std::istringstream(act) >> verb >> what >> more;
-    if (!date.empty()) m_date = date;
-
-    Do(verb, what, more);
+    const std::string wanted = CutOff(act, " = ");
+    std::string expected = CutOff(act, " =>");
+    if (step.find(" =>") == std::string::npos) {
+        std::string caused = CutOff(act, " -> ");
+        const std::string after = CutOff(caused, "| ");
+        const auto [before, behind] = OwnEvents(act);
+        expected =
+            before + caused + (caused.empty() || caused.ends_with(' ') ? "" : " ") + behind + after;
+    }
+    expected.erase(0, expected.find_first_not_of(' '));
+    while (expected.ends_with(' ')) expected.pop_back();
+    SCOPED_TRACE(step);
+    Do(act);
     Settle(expected);
-    EXPECT_EQ(std::exchange(m_log, {}), expected) << step;
-    EXPECT_EQ(SelectedDate(), m_date) << step;
+    if (act.starts_with("up ")) m_log.clear();
+    EXPECT_EQ(std::exchange(m_log, {}), expected);
+    EXPECT_EQ(BrokenInvariant(), "");
+    ExpectState(expected, wanted);
 }
 
-void InputPlayer::Do(const std::string& verb, const std::string& what, const std::string& more) {
+/// What a step raises of its own, before and behind what it causes.
+std::pair<std::string, std::string> InputPlayer::OwnEvents(const std::string& act) const {
+    std::string verb, what, more;
+    std::istringstream(act) >> verb >> what >> more;
+    const auto [shift, name] = SplitModifier(what);
+    std::string before, behind;
+    if (verb == "key") {
+        const int code = CodeOfKey(name), character = CharacterOf(code, shift);
+        before = Call("KeyDown", {code, shift});
+        behind = (character ? Call("KeyPress", {character}) : "") + Call("KeyUp", {code, shift});
+    } else if (verb == "click" || verb == "right" || verb == "drag" || verb == "press" ||
+               verb == "release") {
+        const int button = verb == "right" ? kButtonRight : kButtonLeft;
+        const Point from = PlaceOf(name), to = more.empty() ? from : PlaceOf(more);
+        if (verb != "release") before = Call("MouseDown", {button, shift, from.x, from.y});
+        if (verb != "press") behind = Call("MouseUp", {button, shift, to.x, to.y});
+        const bool clicks = m_kind == Kind::Calendar && button == kButtonLeft && to.x >= 0;
+        if (clicks && verb != "press") behind += Call("Click", {});
+    }
+    if (shift) before.insert(0, Call("KeyDown", {CodeOfModifier(shift), shift}));
+    if (shift) behind += Call("KeyUp", {CodeOfModifier(shift), 0});
+    return {before, behind};
+}
+
+void InputPlayer::ExpectState(const std::string& events, const std::string& wanted) {
+    std::string selectors;
+    std::istringstream words(wanted);
+    const auto within = [](const std::string& word) { return word.substr(1, word.size() - 2); };
+    std::optional<std::string> repainted, marked;
+    bool showsOther = false;
+    for (std::string word; words >> word;) {
+        switch (word.front()) {
+            case '(': m_shown = within(word), showsOther = true; break;
+            case '[': selectors = within(word); break;
+            case '{': repainted = within(word); break;
+            case '<': marked = within(word); break;
+            default:
+                m_date = word;
+                if (!showsOther) m_shown = word.substr(0, 7);
+        }
+    }
+    int year = 0, month = 0, day = 0;
+    std::sscanf(m_date.c_str(), "%d-%d-%d", &year, &month, &day);
+    char text[32];
+    std::snprintf(text, sizeof text, "%d/%d/%04d", month, day, year);
+    std::sscanf(m_shown.c_str(), "%d-%d", &year, &month);
+    const auto opens = events.rfind("DropDown("), closes = events.rfind("CloseUp(");
+    if (opens != closes) {
+        m_open = closes == std::string::npos || (opens != std::string::npos && opens > closes);
+        m_open = m_open && !Answer("DropDown");
+    }
+
+    const State state = See();
+    EXPECT_EQ(state.date, m_date);
+    EXPECT_EQ(state.shown, m_shown);
+    if (selectors.empty()) selectors = std::to_string(month) + '/' + std::to_string(year);
+    if (!state.selectors.empty()) {
+        EXPECT_EQ(state.selectors, selectors);
+    }
+    if (state.text) {
+        EXPECT_EQ(*state.text, text);
+    }
+    EXPECT_EQ(state.open, m_open);
+    const auto painted = Repainted();
+    if (painted && repainted) {
+        EXPECT_EQ(*painted, *repainted);
+    }
+    const auto marks = marked ? Marked() : std::nullopt;
+    if (marks) {
+        EXPECT_EQ(*marks, *marked);
+    }
+}
+
+void InputPlayer::PlayWith(std::string_view script, const std::string& mischief) {
+    std::vector<Steps> parts;
+    for (const std::string& step : StepsOf(script)) {
+        if (step == "calendar" || step == "box") parts.emplace_back();
+        parts.back().push_back(step);
+    }
+    for (const Steps& part : parts) {
+        m_mischief = mischief;
+        for (int event = 0; PlayPart(part, event); ++event) {
+        }
+        m_mischief.clear();
+    }
+}
+
+/// Returns whether the part has that event.
+bool InputPlayer::PlayPart(const Steps& part, int eventOfMischief) {
+    m_eventsToMischief = eventOfMischief;
+    int stepsAfter = 0;
+    for (const std::string& step : part) {
+        SCOPED_TRACE(m_mischief + " in event " + std::to_string(eventOfMischief) + ": " + step);
+        std::string act = step;
+        for (const char* arrow : {" = ", " -> ", " =>"}) CutOff(act, arrow);
+        try {
+            Do(act);
+            Settle({});
+        } catch (const Mischief&) {
+        } catch (const AutomationError&) {  // a value that is none any more
+        }
+        m_log.clear();
+        if (IsDestroyed()) return true;
+        if (m_mischief != "throw") {
+            EXPECT_EQ(BrokenInvariant(), "");
+        }
+        if (m_eventsToMischief < 0 && ++stepsAfter > 2) return true;
+    }
+    return m_eventsToMischief < 0;
+}
+
+void InputPlayer::Do(const std::string& act) {
+    std::string verb, what, more;
+    std::istringstream(act) >> verb >> what >> more;
     if (verb == "calendar" || verb == "box") {
         Begin(verb == "box" ? Kind::Box : Kind::Calendar);
     } else if (verb == "let") {
         LetText(what, more);
-    } else if (verb == "key") {
-        Type(what);
-    } else if (verb == "click" || verb == "right" || verb == "double" || verb == "drag") {
-        Press(verb, what, more);
-    } else if (verb == "month") {
-        NextMonth();
-    } else if (verb == "scroll") {
-        ScrollOn();
-    } else if (verb == "year") {
-        TypeYear(what);
+    } else if (verb == "key" || verb == "repeat") {
+        Type(what, verb == "repeat");
+    } else if (verb == "lose") {
+        LoseMouse();
+    } else if (verb == "watch") {
+        m_watches = true;
     } else if (verb == "answer") {
         m_answers[what] = std::stoi(more);
     } else if (verb == "noanswer") {
         m_answers.clear();
+    } else if (verb == "destroy") {
+        Destroy();
+    } else if (verb == "list" || verb == "type" || verb == "year" || verb == "spin" ||
+               verb == "scroll" || verb == "focus") {
+        Select(verb, what);
     } else {
-        ADD_FAILURE() << "no step " << verb;
+        Press(verb, what, more);
     }
 }
 
 void InputPlayer::Begin(Kind kind) {
     m_kind = kind;
+    m_watches = m_open = m_held = false;
+    m_answers.clear();
     Make(kind);
     if (kind == Kind::Box) {
         LetText("DropDownWidth", "282");
         LetText("DropDownHeight", "210");
     }
+    LetText("FirstDayOfWeek", "2");
     m_date = "2024-05-15";
+    m_shown = "2024-05";
     LetText("DateValue", m_date);
     Settle({});
     m_log.clear();  // which today decides
+    if (!IsDestroyed()) Repainted();
 }
 
 void InputPlayer::LetText(const std::string& property, const std::string& value) {
+    if (IsDestroyed()) return;
     int year = 0, month = 0, day = 0;
     const bool isDate = std::sscanf(value.c_str(), "%d-%d-%d", &year, &month, &day) == 3;
     Let(property, isDate ? static_cast<int>(DayFromCivil(year, month, day)) : std::stoi(value),
         isDate);
 }
 
-void InputPlayer::Type(const std::string& key) {
+void InputPlayer::Type(const std::string& key, bool again) {
     const auto [shift, name] = SplitModifier(key);
-    const auto found = kKeys.find(name);
-    const int code = found == kKeys.end() ? name.front() : found->second;
+    const int code = CodeOfKey(name);
     const int character = CharacterOf(code, shift);
-    if (shift) Key({true, CodeOfModifier(shift), shift, 0});
-    Key({true, code, shift, character});
-    Key({false, code, shift, character});
-    if (shift) Key({false, CodeOfModifier(shift), 0, 0});
+    const auto strike = [&, this](const Stroke& stroke) {
+        if (!IsDestroyed()) Key(stroke);
+    };
+    if (shift) strike({true, CodeOfModifier(shift), shift, 0, false});
+    strike({true, code, shift, character, false});
+    if (again) strike({true, code, shift, character, true});
+    strike({false, code, shift, character, false});
+    if (shift) strike({false, CodeOfModifier(shift), 0, 0, false});
 }
 
 void InputPlayer::Press(const std::string& verb, const std::string& from, const std::string& to) {
+    const bool whole = verb == "click" || verb == "right" || verb == "double" || verb == "drag";
+    EXPECT_TRUE(whole || verb == "press" || verb == "move" || verb == "release" || verb == "up")
+        << verb;
     const auto [shift, place] = SplitModifier(from);
-    const int button = verb == "right" ? kButtonRight : kButtonLeft;
-    Hand hand{button, shift, PlaceOf(place), m_kind == Kind::Box && place != "box"};
-    if (shift) Key({true, CodeOfModifier(shift), shift, 0});
-    Mouse(Act::Press, hand);
+    Hand hand{verb == "right" ? kButtonRight : kButtonLeft, shift, PlaceOf(place),
+              m_kind == Kind::Box && place != "box"};
+    const auto act = [&, this](Act what) {
+        if (!IsDestroyed()) Mouse(what, hand);
+    };
+    if (verb == "move") {
+        if (!m_held) hand.button = 0;
+        return act(Act::Move);
+    }
+    if (shift) Key({true, CodeOfModifier(shift), shift, 0, false});
+    m_held = verb == "press";
+    if (verb != "release" && verb != "up") act(Act::Press);
     if (!to.empty()) {
         hand.at = PlaceOf(to);
-        Mouse(Act::Move, hand);
+        act(Act::Move);
     }
-    Mouse(Act::Release, hand);
+    if (verb != "press") act(Act::Release);
     if (verb == "double") {
-        Mouse(Act::DoublePress, hand);
-        Mouse(Act::Release, hand);
+        act(Act::DoublePress);
+        act(Act::Release);
     }
-    if (shift) Key({false, CodeOfModifier(shift), 0, 0});
+    if (shift && !IsDestroyed()) Key({false, CodeOfModifier(shift), 0, 0, false});
 }
 
 }  // namespace velmora::test

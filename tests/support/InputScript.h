@@ -4,136 +4,330 @@
 
 namespace velmora::test {
 
-/// What a user does to a calendar and to a date box, and what events every host must raise for it.
-/// Steps are "what is done -> events = selected date"; without "-> " there are none, without "= "
-/// the date is that of before. An indented line belongs to the step above it.
+/// What a user does to a calendar and to a date box, and what every host must raise and show for
+/// it. Steps are "what is done -> events = state", on one line with ';' between them where nothing
+/// follows; an indented line belongs to the step above it. Keys and clicks have their own events,
+/// KeyDown, KeyPress and KeyUp, MouseDown, MouseUp and a calendar's Click: "->" tells what they
+/// cause between these and '|' what follows them, "=>" tells all.
 ///
-///     calendar, box           a new control at 15 May 2024, its (open) calendar 282 x 210 pixels
+///     calendar, box           a new control at 15 May 2024, its (open) calendar 282 x 210 pixels,
+///                             weeks from Monday: a new part
 ///     let NAME VALUE          a property, by code
-///     key [Ctrl+]NAME         with the modifier's own press and release around it
+///     watch                   from now on "!NAME" tells of each property that has changed
+///     key [Ctrl+]NAME         with the modifier's own press and release around it; `repeat` twice
 ///     click [Ctrl+]PLACE      PLACE is a cell's "row,column" from 1, an arrow of the month band,
-///     right, double           "box", or "outside" of the open calendar
+///     right, double           "title", "box", or "outside" of the open calendar
 ///     drag PLACE PLACE
-///     month, scroll           one on by key in the closed month list, by the scroll bar's button
-///     year TEXT               typed in the year box, with Enter
+///     press, move, release    of which these are made; `up` is a release whose events are free,
+///                             because systems differ on whether it is a click after Escape
+///     lose                    something else takes the mouse
+///     list open, list KEY     the month list; `wheel` for a notch towards the user
+///     type TEXT, year KEY     the year box
+///     spin Up, spin Down      the year's spinner by its arrows
+///     scroll on, back, page   the scroll bar by its arrows, and by twelve months
+///     focus grid, focus away
 ///     answer EVENT NUMBER     from now on a handler sets the event's first argument
 ///     noanswer
 ///
-/// Moves of the mouse are left out: systems repeat and merge them as they like. Clicks at the same
+/// A state is what has changed since the step before: the selected date, "(2024-06)" for the month
+/// that is shown when it is not the date's, and for this step alone "[6/2024]" for the month list
+/// and the year box when they show something else, in the core also "{15,16}" for the repainted
+/// days or `all` and "<3,3>" for the cells and arrows that are marked. The box's text is that of
+/// its date, and its calendar is to be seen from DropDown to CloseUp.
+///
+/// Events of moves are left out: systems repeat and merge them as they like. Clicks at the same
 /// place need another press between them, or some systems make them a double click.
 inline constexpr std::string_view kInputScript = R"(
 calendar
-key Right        -> KeyDown(39, 0) DateChanged(2024-05-16) DayChanged(16) KeyUp(39, 0) = 2024-05-16
-key Left         -> KeyDown(37, 0) DateChanged(2024-05-15) DayChanged(15) KeyUp(37, 0) = 2024-05-15
-key Down         -> KeyDown(40, 0) DateChanged(2024-05-22) DayChanged(22) KeyUp(40, 0) = 2024-05-22
-key Up           -> KeyDown(38, 0) DateChanged(2024-05-15) DayChanged(15) KeyUp(38, 0) = 2024-05-15
-key PageDown     -> KeyDown(34, 0) MonthChanged(6) KeyUp(34, 0) = 2024-06-15
-key PageUp       -> KeyDown(33, 0) MonthChanged(5) KeyUp(33, 0) = 2024-05-15
-key Ctrl+PageDown -> KeyDown(17, 2) KeyDown(34, 2) YearChanged(2025) KeyUp(34, 2) KeyUp(17, 0)
-                   = 2025-05-15
-key Ctrl+PageUp  -> KeyDown(17, 2) KeyDown(33, 2) YearChanged(2024) KeyUp(33, 2) KeyUp(17, 0)
-                   = 2024-05-15
-key Shift+Down   -> KeyDown(16, 1) KeyDown(40, 1) DateChanged(2024-05-22) DayChanged(22)
-                   KeyUp(40, 1) KeyUp(16, 0) = 2024-05-22
-key A            -> KeyDown(65, 0) KeyPress(97) KeyUp(65, 0)
-key Shift+B      -> KeyDown(16, 1) KeyDown(66, 1) KeyPress(66) KeyUp(66, 1) KeyUp(16, 0)
-key Return       -> KeyDown(13, 0) KeyPress(13) KeyUp(13, 0)
-key Escape       -> KeyDown(27, 0) KeyPress(27) KeyUp(27, 0)
-key F4           -> KeyDown(115, 0) KeyUp(115, 0)
-let FirstDayOfWeek 2
-click 3,3        -> MouseDown(1, 0, 100, 117) DateChanged(2024-05-08) DayChanged(8)
-                   MouseUp(1, 0, 100, 117) Click() = 2024-05-08
-right 3,4        -> MouseDown(2, 0, 140, 117) MouseUp(2, 0, 140, 117)
-click 3,3        -> MouseDown(1, 0, 100, 117) MouseUp(1, 0, 100, 117) Click()
-let AlwaysDateChanged 1
-click Ctrl+3,3   -> KeyDown(17, 2) MouseDown(1, 2, 100, 117) DayChanged(8) MouseUp(1, 2, 100, 117)
-                   Click() KeyUp(17, 0)
-let MonthYearSelStyle 1
+key Right        -> DateChanged(2024-05-16) DayChanged(16) = 2024-05-16 {15,16}
+key Left         -> DateChanged(2024-05-15) DayChanged(15) = 2024-05-15
+key Down         -> DateChanged(2024-05-22) DayChanged(22) = 2024-05-22
+key Up           -> DateChanged(2024-05-15) DayChanged(15) = 2024-05-15
+key PageDown     -> MonthChanged(6) = 2024-06-15 {all}
+key PageUp       -> MonthChanged(5) = 2024-05-15
+key Ctrl+PageDown -> YearChanged(2025) = 2025-05-15
+key Ctrl+PageUp  -> YearChanged(2024) = 2024-05-15
+key Shift+Down   -> DateChanged(2024-05-22) DayChanged(22) = 2024-05-22
+key Shift+PageUp -> MonthChanged(4) = 2024-04-15
+repeat Right     -> KeyDown(39, 0) DateChanged(2024-04-16) DayChanged(16) KeyDown(39, 0)
+                   DateChanged(2024-04-17) DayChanged(17) KeyUp(39, 0) = 2024-04-17
+calendar; key A; key Shift+B; key Return; key Escape; key F4
+repeat A         -> KeyDown(65, 0) KeyPress(97) KeyDown(65, 0) KeyPress(97) KeyUp(65, 0)
+let Enabled 0
+key Right        =>
+click 3,3        =>
+click 4,4        =>
+let Enabled 1
+key Right        -> DateChanged(2024-05-16) DayChanged(16) = 2024-05-16
+calendar; watch
+let DateValue 2020-12-31 -> DateChanged(2020-12-31) DayChanged(31) MonthChanged(12)
+                   YearChanged(2020) !DateValue = 2020-12-31 {all}
+key Right        -> DateChanged(2021-01-01) DayChanged(1) MonthChanged(1) YearChanged(2021)
+                   !DateValue = 2021-01-01 {all}
+let DateValue 2021-01-31 -> DateChanged(2021-01-31) DayChanged(31) !DateValue = 2021-01-31 {01,31}
+key PageUp       -> MonthChanged(12) !DateValue = 2020-12-31 {all}
+key Ctrl+PageUp  -> YearChanged(2019) !DateValue = 2019-12-31
+let DateValue 2020-03-03 -> DateChanged(2020-03-03) DayChanged(3) MonthChanged(3) YearChanged(2020)
+                   !DateValue = 2020-03-03
+key Up           -> DateChanged(2020-02-25) DayChanged(25) MonthChanged(2) !DateValue
+                   = 2020-02-25 {all}
+let DateValue 2020-02-29 -> DateChanged(2020-02-29) DayChanged(29) !DateValue = 2020-02-29
+key Ctrl+PageDown -> YearChanged(2021) !DateValue = 2021-02-28
+let DateValue 2021-01-31 -> DateChanged(2021-01-31) DayChanged(31) MonthChanged(1) !DateValue
+                   = 2021-01-31
+key PageDown     -> MonthChanged(2) !DateValue = 2021-02-28
+let DateMin 2021-03-05 -> !DateValue !DateMin = 2021-03-01
+let DateMax 2021-03-05 -> !DateMax
+let FirstDayOfWeek 1 -> !FirstDayOfWeek
+let Enabled 0    -> !Enabled
+calendar; let ShowWeekend 0; let DateMin 2024-05-13; let DateMax 2024-06-10
+let DateValue 2024-06-28 -> DateChanged(2024-06-28) DayChanged(28) MonthChanged(6) = 2024-06-28
+key Right; key Down; key PageDown; key Ctrl+PageDown
+key Left         -> DateChanged(2024-06-27) DayChanged(27) = 2024-06-27
+let DateValue 2024-06-03 -> DateChanged(2024-06-03) DayChanged(3) = 2024-06-03
+key Left         -> DateChanged(2024-05-31) DayChanged(31) MonthChanged(5) = 2024-05-31
+let DateValue 2024-05-01 -> DateChanged(2024-05-01) DayChanged(1) = 2024-05-01
+key Left; key PageUp
+let DateValue 2024-06-01 -> DateChanged(2024-06-01) MonthChanged(6) = 2024-06-01
+key PageUp       -> MonthChanged(5) = 2024-05-01
+key Down         -> DateChanged(2024-05-08) DayChanged(8) = 2024-05-08
+let DateValue 2024-06-23 -> DateChanged(2024-06-23) DayChanged(23) MonthChanged(6) = 2024-06-23
+key Down         -> DateChanged(2024-06-30) DayChanged(30) = 2024-06-30
+let DateMin 200-01-01; let DateMax 4600-12-31
+let DateValue 200-01-01 -> DateChanged(0200-01-01) DayChanged(1) MonthChanged(1)
+                   YearChanged(200) = 0200-01-01
+key Up
+let DateValue 4600-12-31 -> DateChanged(4600-12-31) DayChanged(31) MonthChanged(12)
+                   YearChanged(4600) = 4600-12-31
+key Right
+calendar
+click 3,3        -> DateChanged(2024-05-08) DayChanged(8) = 2024-05-08
+right 3,4; click 3,3; let AlwaysDateChanged 1
+click Ctrl+3,3   -> DayChanged(8)
+click title
 double 4,5       -> MouseDown(1, 0, 180, 143) DateChanged(2024-05-17) DayChanged(17)
                    MouseUp(1, 0, 180, 143) Click() MouseDown(1, 0, 180, 143) DblClick()
                    DayChanged(17) MouseUp(1, 0, 180, 143) = 2024-05-17
-drag 2,1 4,6     -> MouseDown(1, 0, 20, 91) DateChanged(2024-05-18) DayChanged(18)
-                   MouseUp(1, 0, 220, 143) Click() = 2024-05-18
-drag 3,1 outside -> MouseDown(1, 0, 20, 117) MouseUp(1, 0, -20, 100)
-click 1,1        -> MouseDown(1, 0, 20, 65) DateChanged(2024-04-22) DayChanged(22) MonthChanged(4)
-                   MouseUp(1, 0, 20, 65) Click() = 2024-04-22
-click 6,7        -> MouseDown(1, 0, 260, 195) DateChanged(2024-05-05) DayChanged(5) MonthChanged(5)
-                   MouseUp(1, 0, 260, 195) Click() = 2024-05-05
-click MonthForward -> MouseDown(1, 0, 251, 14) MonthChanged(6) MouseUp(1, 0, 251, 14) Click()
-click YearBack   -> MouseDown(1, 0, 14, 14) YearChanged(2023) MouseUp(1, 0, 14, 14) Click()
-key Right        -> KeyDown(39, 0) DateChanged(2024-05-06) DayChanged(6) KeyUp(39, 0) = 2024-05-06
-let ShowWeekend 0
-key Left         -> KeyDown(37, 0) DateChanged(2024-05-03) DayChanged(3) KeyUp(37, 0) = 2024-05-03
-key Right        -> KeyDown(39, 0) DateChanged(2024-05-06) DayChanged(6) KeyUp(39, 0) = 2024-05-06
-let ShowWeekend 1
-let DateMax 2024-08-01
-let DateMin 2024-07-01 = 2024-07-01
-let DateValue 2024-07-30 -> DateChanged(2024-07-30) DayChanged(30) = 2024-07-30
-key Right        -> KeyDown(39, 0) DateChanged(2024-07-31) DayChanged(31) KeyUp(39, 0) = 2024-07-31
-key Right        -> KeyDown(39, 0) DateChanged(2024-08-01) DayChanged(1) MonthChanged(8)
-                   KeyUp(39, 0) = 2024-08-01
-key PageDown     -> KeyDown(34, 0) KeyUp(34, 0)
-key PageUp       -> KeyDown(33, 0) MonthChanged(7) KeyUp(33, 0) = 2024-07-01
-click MonthForward -> MouseDown(1, 0, 251, 14) MonthChanged(8) MouseUp(1, 0, 251, 14) Click()
-click 5,5        -> MouseDown(1, 0, 180, 169) DateChanged(2024-08-30) DayChanged(30) MonthChanged(8)
-                   MouseUp(1, 0, 180, 169) Click() = 2024-08-30
-let DateMax 2030-01-01
-let DateValue 2025-09-30 -> DateChanged(2025-09-30) MonthChanged(9) YearChanged(2025) = 2025-09-30
-answer KeyDown 38
-key Right        -> KeyDown(39, 0) DateChanged(2025-09-23) DayChanged(23) KeyUp(39, 0) = 2025-09-23
-answer KeyDown 0
-key Right        -> KeyDown(39, 0) KeyUp(39, 0)
-noanswer
-let MonthYearSelStyle 2
-month            -> DateChanged(2025-10-30) MonthChanged(10)
-year 2027        -> YearChanged(2027)
-year 1900        -> YearChanged(2027)
-let MonthYearSelStyle 3
-scroll           -> MonthChanged(11)
-key Left         -> KeyDown(37, 0) DateChanged(2025-09-22) DayChanged(22) KeyUp(37, 0) = 2025-09-22
+click 1,1        -> DateChanged(2024-04-22) DayChanged(22) MonthChanged(4) = 2024-04-22
+click 6,7        -> DateChanged(2024-05-05) DayChanged(5) MonthChanged(5) = 2024-05-05
+let DateValue 2020-01-31 -> DateChanged(2020-01-31) DayChanged(31) MonthChanged(1)
+                   YearChanged(2020) = 2020-01-31
+click 2,2        -> DateChanged(2019-12-31) MonthChanged(12) YearChanged(2019) = 2019-12-31
+let DateMin 2019-12-01; click 1,1
+calendar
+drag 2,1 4,6     -> DateChanged(2024-05-18) DayChanged(18) = 2024-05-18
+drag 3,1 outside
+press 3,3        = {08,18} <3,3>
+move 3,3         = {}
+move 3,4         = {08,09} <3,4>
+move outside     = {09,18} <4,6>
+move title       = {} <4,6>
+move 4,6         = {18,18} <4,6>
+key Escape       = <4,6>
+move 3,3         = {} <4,6>
+up 3,3
+press 4,1        = <4,1>
+lose             = {13,18} <4,6>
+release 4,1      => MouseUp(1, 0, 20, 143)
+press 4,2; let Enabled 0
+let Enabled 1    = <4,6>
+release 4,2      => MouseUp(1, 0, 60, 143)
+move 3,3         = {}
+calendar; let MonthYearSelStyle 1
+press MonthForward = {band} <4,3MonthForward>
+move 3,3         = {band} <4,3>
+move MonthForward = {band} <4,3MonthForward>
+release MonthForward -> MonthChanged(6) = (2024-06) <>
+click YearBack   -> YearChanged(2023) = (2023-06)
+click MonthBack  -> MonthChanged(5) = (2023-05)
+click YearForward -> YearChanged(2024) = (2024-05)
+drag MonthBack 3,3 = <4,3>
+drag YearBack MonthForward; drag 3,3 YearForward; right YearBack
+press YearForward = <4,3YearForward>
+key Escape       = {band} <4,3>
+up YearForward
+calendar; let MonthYearSelStyle 1
+click MonthForward -> MonthChanged(6) = (2024-06)
+key Right        -> DateChanged(2024-05-16) DayChanged(16) = 2024-05-16 (2024-06)
+key PageDown     -> MonthChanged(7) = 2024-07-15
+right title
+let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1) = 2024-01-31
+click MonthForward -> MonthChanged(2) = (2024-02)
+right title
+click MonthForward -> MonthChanged(3) = (2024-03)
+key Right        -> DateChanged(2024-02-01) DayChanged(1) MonthChanged(2) = 2024-02-01
+click MonthBack  -> MonthChanged(1) = (2024-01)
+right title
+click MonthBack  -> MonthChanged(12) YearChanged(2023) = (2023-12)
+let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1) = 2024-01-31
+let DateValue 2024-02-29 -> DateChanged(2024-02-29) DayChanged(29) MonthChanged(2) = 2024-02-29
+click YearForward -> YearChanged(2025) = (2025-02)
+key PageDown     -> MonthChanged(3) = 2025-03-28
+let DateMax 2024-08-01 = 2024-08-31
+let DateMin 2024-07-01
+click MonthBack  -> MonthChanged(7) = (2024-07)
+right title; click MonthBack; click YearForward
+let DateValue 2024-07-31 -> DateChanged(2024-07-31) MonthChanged(7) = 2024-07-31
+click MonthForward -> MonthChanged(8) = (2024-08)
+click 5,5        -> DateChanged(2024-08-30) DayChanged(30) MonthChanged(8) = 2024-08-30
+calendar; answer KeyDown 38
+key Right        -> DateChanged(2024-05-08) DayChanged(8) = 2024-05-08
+answer KeyDown 0; key Right
+calendar; let MonthYearSelStyle 2
+list Down        -> DateChanged(2024-06-15) MonthChanged(6) = (2024-06) {all}
+list Return      -> MonthChanged(6)
+list open
+list Down        = [7/2024]
+list Return      -> DateChanged(2024-07-15) MonthChanged(7) = (2024-07)
+list open
+list Down        = [8/2024]
+list Escape      -> MonthChanged(7)
+list Down        -> DateChanged(2024-08-15) MonthChanged(8) = (2024-08)
+list wheel       -> DateChanged(2024-09-15) MonthChanged(9) = (2024-09)
+list Up          -> DateChanged(2024-08-15) MonthChanged(8) = (2024-08)
+let DateMax 2024-09-01
+list Down        -> DateChanged(2024-09-15) MonthChanged(9) = (2024-09)
+list Down        = [10/2024]
+key PageUp       -> MonthChanged(8) = 2024-08-15
+calendar; let MonthYearSelStyle 2
+type 2027        = [5/2027]
+year Return      -> YearChanged(2027) = (2027-05) {all}
+year Return
+type 2999        = [5/2999]
+year Escape
+type 19x         = [5/19x]
+year Return      -> YearChanged(2027)
+type 99999       = [5/99999]
+year Return      -> YearChanged(2027)
+year F4
+type 2024        = [5/2024]
+focus grid       -> YearChanged(2024) = (2024-05)
+type 2025        = [5/2025]
+click 3,3        => YearChanged(2025) MouseDown(1, 0, 100, 117) DateChanged(2025-05-14)
+                   DayChanged(14) YearChanged(2025) MouseUp(1, 0, 100, 117) Click() = 2025-05-14
+type 2026        = [5/2026]
+key Down         => YearChanged(2026) KeyDown(40, 0) DateChanged(2025-05-21) DayChanged(21)
+                   KeyUp(40, 0) = 2025-05-21 (2026-05)
+calendar; let MonthYearSelStyle 2
+year Up          -> YearChanged(2025) = (2025-05)
+year Down        -> YearChanged(2024) = (2024-05)
+year PageUp      -> YearChanged(2034) = (2034-05)
+spin Up          -> YearChanged(2035) = (2035-05) {all}
+spin Down        -> YearChanged(2034) = (2034-05)
+let DateMin 2020-03-01; let DateMax 2036-02-29
+spin Up          -> YearChanged(2035) = (2035-05)
+spin Up          -> YearChanged(2036) = (2036-05)
+spin Up
+type 2019        = [5/2019]
+year Return      -> YearChanged(2036)
+calendar; let MonthYearSelStyle 3
+scroll on        -> MonthChanged(6) = (2024-06) {all}
+scroll page      -> YearChanged(2025) = (2025-06)
+let DateValue 2023-01-31 -> DateChanged(2023-01-31) DayChanged(31) MonthChanged(1)
+                   YearChanged(2023) = 2023-01-31
+scroll back      -> MonthChanged(12) YearChanged(2022) = (2022-12)
+scroll page      -> YearChanged(2023) = (2023-12)
+let DateMax 2024-05-01
+scroll page      -> MonthChanged(5) YearChanged(2024) = (2024-05)
+scroll on
 box
-key Right        -> KeyDown(39, 0) DateChanged(2024-05-16) DayChanged(16) KeyUp(39, 0) = 2024-05-16
-key PageUp       -> KeyDown(33, 0) DateChanged(2024-04-16) MonthChanged(4) KeyUp(33, 0) = 2024-04-16
-key Ctrl+PageDown -> KeyDown(17, 2) KeyDown(34, 2) DateChanged(2025-04-16) YearChanged(2025)
-                   KeyUp(34, 2) KeyUp(17, 0) = 2025-04-16
-key A            -> KeyDown(65, 0) KeyPress(97) KeyUp(65, 0)
-let MonthYearSelStyle 1
-key F4           -> KeyDown(115, 0) DropDown(False) KeyUp(115, 0)
-key Right        -> KeyDown(39, 0) DateChanged(2025-04-17) DayChanged(17) KeyUp(39, 0) = 2025-04-17
-key Ctrl+PageUp  -> KeyDown(17, 2) KeyDown(33, 2) DateChanged(2024-04-17) YearChanged(2024)
-                   KeyUp(33, 2) KeyUp(17, 0) = 2024-04-17
-right 3,3        -> MouseDown(2, 0, 100, 117) MouseUp(2, 0, 100, 117)
-click MonthForward -> MouseDown(1, 0, 251, 14) MonthChanged(5) MouseUp(1, 0, 251, 14)
-click 3,3        -> MouseDown(1, 0, 100, 117) DateChanged(2024-05-14) DayChanged(14) MonthChanged(5)
-                   MouseUp(1, 0, 100, 117) CloseUp() = 2024-05-14
-key F4           -> KeyDown(115, 0) DropDown(False) KeyUp(115, 0)
-click 3,3        -> MouseDown(1, 0, 100, 117) DayChanged(14) MouseUp(1, 0, 100, 117) CloseUp()
-key F4           -> KeyDown(115, 0) DropDown(False) KeyUp(115, 0)
-drag 4,4 outside -> MouseDown(1, 0, 140, 143) MouseUp(1, 0, -20, 100) CloseUp()
-key F4           -> KeyDown(115, 0) DropDown(False) KeyUp(115, 0)
-click outside    -> MouseDown(1, 0, -20, 100) CloseUp()
+watch
+key Right        -> DateChanged(2024-05-16) DayChanged(16) !DateValue = 2024-05-16
+key PageUp       -> DateChanged(2024-04-16) MonthChanged(4) !DateValue = 2024-04-16
+key Ctrl+PageDown -> DateChanged(2025-04-16) YearChanged(2025) !DateValue = 2025-04-16
+key A
+repeat Down      -> KeyDown(40, 0) DateChanged(2025-04-23) DayChanged(23) !DateValue KeyDown(40, 0)
+                   DateChanged(2025-04-30) DayChanged(30) !DateValue KeyUp(40, 0) = 2025-04-30
+let DateValue 2020-01-31 -> !DateValue = 2020-01-31
+key PageUp       -> DateChanged(2019-12-31) MonthChanged(12) YearChanged(2019) !DateValue
+                   = 2019-12-31
+let DateMin 2019-12-05 -> !DateMin
+box
+let DateMin 2024-06-05 = 2024-06-01
+key Left; let DateMax 2024-06-05; key PageDown; let ShowWeekend 0
+let DateValue 2024-06-10 = 2024-06-10
+key Left         -> DateChanged(2024-06-07) DayChanged(7) = 2024-06-07
+key Right        -> DateChanged(2024-06-10) DayChanged(10) = 2024-06-10
+let DateValue 2024-06-28 = 2024-06-28
+key Right
+key F4           -> DropDown(False)
+key Right
+key Left         -> DateChanged(2024-06-27) DayChanged(27) = 2024-06-27
+let DateValue 2024-06-11 = 2024-06-11
+let DateMin 2023-06-01
+let DateMax 2023-06-30 = 2023-06-30
+key PageDown
+box; watch
+key F4           -> DropDown(False)
+key Right        -> DateChanged(2024-05-16) !DateValue DayChanged(16) = 2024-05-16
+key Ctrl+PageUp  -> DateChanged(2023-05-16) !DateValue YearChanged(2023) = 2023-05-16
+click 3,3        -> DateChanged(2023-05-10) !DateValue DayChanged(10) | CloseUp() = 2023-05-10
+let DateValue 2020-03-29 -> !DateValue = 2020-03-29
+key F4           -> DropDown(False)
+click 1,6        -> DateChanged(2020-02-29) !DateValue MonthChanged(2) | CloseUp() = 2020-02-29
+box; let MonthYearSelStyle 1
+key F4           -> DropDown(False)
+right 3,3; drag MonthForward 3,3
+click MonthForward -> MonthChanged(6) = (2024-06)
+move 3,3
+click 3,3        -> DateChanged(2024-06-12) DayChanged(12) MonthChanged(6) | CloseUp() = 2024-06-12
+key F4           -> DropDown(False)
+click YearBack   -> YearChanged(2023) = (2023-06)
+key Escape       -> CloseUp() = (2024-06)
+box
+key F4           -> DropDown(False)
+click 4,3        -> DayChanged(15) | CloseUp()
+key F4           -> DropDown(False)
+drag 4,4 outside -> | CloseUp()
+key F4           -> DropDown(False)
+drag 4,5 title
+drag title 4,6   -> DateChanged(2024-05-18) DayChanged(18) | CloseUp() = 2024-05-18
+key F4           -> DropDown(False)
+click outside    => MouseDown(1, 0, -20, 100) CloseUp()
+key F4           -> DropDown(False)
+drag title outside -> | CloseUp()
+key F4           -> DropDown(False)
+right outside    -> | CloseUp()
+key F4           -> DropDown(False)
+press 3,5; focus away
+release 3,5      -> DateChanged(2024-05-10) DayChanged(10) | CloseUp() = 2024-05-10
 double box       -> MouseDown(1, 0, 10, 10) DropDown(False) MouseUp(1, 0, 10, 10)
                    MouseDown(1, 0, 10, 10) CloseUp() MouseUp(1, 0, 10, 10)
-key Alt+Down     -> KeyDown(18, 4) KeyDown(40, 4) DropDown(False) KeyUp(40, 4) KeyUp(18, 0)
-key Escape       -> KeyDown(27, 0) CloseUp() KeyPress(27) KeyUp(27, 0)
-key Alt+Down     -> KeyDown(18, 4) KeyDown(40, 4) DropDown(False) KeyUp(40, 4) KeyUp(18, 0)
-key Up           -> KeyDown(38, 0) DateChanged(2024-05-07) DayChanged(7) KeyUp(38, 0) = 2024-05-07
-key Alt+Up       -> KeyDown(18, 4) CloseUp() KeyDown(38, 4) KeyUp(38, 4) KeyUp(18, 0)
-key F4           -> KeyDown(115, 0) DropDown(False) KeyUp(115, 0)
-key Return       -> KeyDown(13, 0) CloseUp() KeyPress(13) KeyUp(13, 0)
-key Return       -> KeyDown(13, 0) KeyPress(13) KeyUp(13, 0)
+right box
+key F4           -> DropDown(False)
+focus away       -> CloseUp()
+key F4           -> DropDown(False)
+press 3,4
+key Escape       -> CloseUp()
+release 3,4      =>
+box
+key Alt+Down     -> DropDown(False)
+key Ctrl+Escape
+key Escape       -> CloseUp()
+key Escape
+key Alt+Down     -> DropDown(False)
+key Alt+Up       => KeyDown(18, 4) CloseUp() KeyDown(38, 4) KeyUp(38, 4) KeyUp(18, 0)
+key Alt+Up       -> DropDown(False)
+key Return       -> CloseUp()
+key Return; key Shift+F4
+key F4           -> DropDown(False)
+let Enabled 0    -> CloseUp()
+key F4           =>
+click box        =>
+let DropDownState 1; let Enabled 1
+box
 let DropDownState 1 -> DropDown(False)
-key F4           -> KeyDown(115, 0) CloseUp() KeyUp(115, 0)
+key F4           -> CloseUp()
+let DropDownState 0 -> CloseUp()
 answer DropDown 1
-key F4           -> KeyDown(115, 0) DropDown(False) KeyUp(115, 0)
+key F4           -> DropDown(False)
+let DropDownState 0 -> CloseUp()
+let DropDownState 1 -> DropDown(False)
 noanswer
-key F4           -> KeyDown(115, 0) CloseUp() KeyUp(115, 0)
+key F4           -> CloseUp()
 answer KeyDown 40
-key Left         -> KeyDown(37, 0) DateChanged(2024-05-14) DayChanged(14) KeyUp(37, 0) = 2024-05-14
+key Left         -> DateChanged(2024-05-22) DayChanged(22) = 2024-05-22
 noanswer
-let DateMax 2023-06-30 = 2023-06-30
-key PageDown     -> KeyDown(34, 0) KeyUp(34, 0)
-key PageUp       -> KeyDown(33, 0) DateChanged(2023-05-30) MonthChanged(5) KeyUp(33, 0) = 2023-05-30
 )";
 
 }  // namespace velmora::test

@@ -68,6 +68,20 @@ void TestBoxes::ClickDay(DayNumber day) {
     ReleaseCalendar(static_cast<float>(at.x), static_cast<float>(at.y));
 }
 
+std::string TestBoxes::BrokenInvariant() {
+    for (const Box* each : {&a, &b}) {
+        if (!each->control) continue;
+        const VmCalDropDown& c = *each->control;
+        const DayNumber day = DayOf(c.DateValue());
+        if (day < DayOf(c.DateMin()) || day > DayOf(c.DateMax())) return "DateValue is outside";
+        if (c.Text() != dates.Format(c.DateValue(), "Short Date"))
+            return "Text " + c.Text() + " at " + IsoDate(day);
+    }
+    const bool open = form->GetOwner() != nullptr;
+    if (!open && (visible || timer || calendarWindow.captured)) return "something still runs";
+    return drawing.faults.empty() ? "" : drawing.faults.front();
+}
+
 void TestBoxes::PointAt(Point screen) {
     calendarWindow.cursor = screen;
     if (timer) form->OnTimer();

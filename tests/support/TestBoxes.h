@@ -45,9 +45,11 @@ class FakeHost : public FakeHosting {
 public:
     void PropertyChanged(std::string_view name) override {
         if (log) log->push_back("notify " + std::string(name));
+        if (whenNotified) whenNotified(std::string(name));
     }
 
     std::vector<std::string>* log = nullptr;
+    std::function<void(const std::string&)> whenNotified;
 };
 
 /// Two date boxes on one form with the one drop-down window, at noon of 15 March 2020. The log has
@@ -69,6 +71,8 @@ public:
     void ClickDay(DayNumber day);
     void PressCalendar(float x, float y);
     void ReleaseCalendar(float x, float y);
+    /// As that of `TestCalendar`.
+    std::string BrokenInvariant();
     Point CenterOf(DayNumber day) { return test::CenterOf(form->Calendar(), day); }
     /// The pointer goes there on the screen, and the timer ticks if it runs.
     void PointAt(Point screen);

@@ -187,7 +187,7 @@ std::string TestCalendar::BrokenInvariant() {
 
 void TestCalendar::PropertyChanged(std::string_view name) {
     Note("notify " + std::string(name));
-    if (whenNotified) whenNotified();
+    if (whenNotified) whenNotified(std::string(name));
 }
 
 std::unique_ptr<ComboBox> TestCalendar::CreateMonthList() {

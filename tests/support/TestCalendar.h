@@ -90,7 +90,8 @@ public:
     int childrenMade = 0;
     Size client;
     std::vector<std::string> log;
-    std::function<void()> whenNotified;  // called by every notification of a property
+    std::function<void(const std::string&)> whenNotified;  // of a property
+    bool captured = false;
 
 private:
     template <class Interface>
@@ -105,8 +106,8 @@ private:
 
     WindowHandle Handle() const override { return WindowHandle{7}; }
     Size ClientSize() const override { return client; }
-    void SetCapture() override { Note("capture"); }
-    void ReleaseCapture() override { Note("release capture"); }
+    void SetCapture() override { captured = true, Note("capture"); }
+    void ReleaseCapture() override { captured = false, Note("release capture"); }
     Point ClientToScreen(Point point) const override { return point; }
     Point ScreenToClient(Point point) const override { return point; }
     std::optional<Point> GetCursorPos() const override { return std::nullopt; }

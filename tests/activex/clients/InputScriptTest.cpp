@@ -25,6 +25,7 @@ private:
         form->RemoveAll();
         m_site = kind == Kind::Calendar ? &Add(kCalendarClass, "C", {150, 10, 432, 220})
                                         : &Add(kBoxClass, "B", {150, 10, 271, 31});
+        m_site->onChanged = [this](const std::string& name) { NoteProperty(name); };
         SetForegroundWindow(form->Window());
         m_site->Activate(OLEIVERB_UIACTIVATE);
         EXPECT_TRUE(Serve([&] { return m_site->IsUIActive(); }));
@@ -41,45 +42,88 @@ private:
     }
     void Key(const Stroke& stroke) override {
         if (GetFocus() != Window()) SetFocus(Window());
+        Serve([&] { return GetFocus() == Window(); }, 100);
         (stroke.down ? PressKey : ReleaseKey)(static_cast<WORD>(stroke.code));
     }
     void Mouse(Act act, const Hand& hand) override {
-        const HWND window = hand.onForm && act == Act::Press ? OpenCalendar() : Window();
-        if (act == Act::Press) m_pressed = window;
+        const bool isAim = act == Act::Press || (act == Act::Move && hand.button == 0);
+        if (isAim) m_pressed = hand.onForm ? OpenCalendar() : Window();
         MoveMouse(OnScreen(m_pressed, hand.at.x, hand.at.y));
         if (act == Act::Move) return;
         if (act == Act::Press && hand.at.x < 0) {
-            EXPECT_TRUE(Serve([&] { return GetCapture() == window; }));
+            EXPECT_TRUE(Serve([&] { return GetCapture() == m_pressed; }));
         }
         const bool down = act != Act::Release;
         MouseButton(hand.button == 1 ? (down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP)
                                      : (down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP));
     }
 
-    void NextMonth() override {
-        const Value list = GetProperty(m_site->Control(), "cboMonthhwnd").result;
-        SetFocus(static_cast<HWND>(LongToHandle(list.Number())));
-        TypeKey(VK_DOWN);
-    }
-    void ScrollOn() override {
-        HWND bar = nullptr;
-        do {
-            bar = FindWindowExW(Window(), bar, L"ScrollBar", nullptr);
-        } while (bar && !IsWindowVisible(bar));
-        RECT place{};
-        GetClientRect(bar, &place);
-        Click(OnScreen(bar, place.right - 8, 8));
-    }
-    void TypeYear(const std::string& text) override {
-        const HWND year = FindWindowExW(Window(), nullptr, L"Edit", nullptr);
-        SetFocus(year);
-        SendMessageW(year, EM_SETSEL, 0, -1);
-        for (const char digit : text) TypeKey(static_cast<WORD>(digit));
-        TypeKey(VK_RETURN);
+    void LoseMouse() override {
+        ServeWaiting(form.Get());
+        ReleaseCapture();
     }
 
-    std::string SelectedDate() override {
-        return Readable(GetProperty(m_site->Control(), "DateValue").result.As(VT_DATE).Get());
+    HWND Child(const wchar_t* className) const {
+        HWND child = nullptr;
+        do {
+            child = FindWindowExW(Window(), child, className, nullptr);
+        } while (child && !IsWindowVisible(child));
+        return child;
+    }
+    void Select(const std::string& verb, const std::string& what) override {
+        static const std::map<std::string, WORD> kKeys = {
+            {"Up", VK_UP},         {"Down", VK_DOWN},     {"PageUp", VK_PRIOR},
+            {"Return", VK_RETURN}, {"Escape", VK_ESCAPE}, {"F4", VK_F5}};
+        const HWND child = verb == "list" ? Child(L"ComboBox")
+                           : verb == "focus"
+                               ? (what == "grid" ? Window() : form->Window())
+                               : Child(verb == "type" || verb == "year" ? L"Edit" : L"ScrollBar");
+        if (verb == "spin" || verb == "scroll") return Scroll(child, verb, what);
+        if (GetFocus() != child) SetFocus(child);
+        if (verb == "type") {
+            SendMessageW(child, EM_SETSEL, 0, -1);
+            TypeText(std::wstring(what.begin(), what.end()));
+            Serve([&] { return TextOf(child) == what; });
+        } else if (what == "open") {
+            MoveMouse(OnScreen(form->Window(), 1, 1));  // an open list follows the pointer
+            SendMessageW(child, CB_SHOWDROPDOWN, TRUE, 0);
+        } else if (what == "wheel") {
+            SendMessageW(child, WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+        } else if (verb != "focus") {
+            TypeKey(kKeys.at(what));
+        }
+    }
+    void Scroll(HWND bar, const std::string& verb, const std::string& what) {
+        RECT place{};
+        GetClientRect(bar, &place);
+        if (what == "page") {
+            SendMessageW(Window(), WM_HSCROLL, SB_PAGEDOWN, reinterpret_cast<LPARAM>(bar));
+        } else if (verb == "spin") {
+            Click(OnScreen(bar, place.right / 2, what == "Up" ? 4 : place.bottom - 4));
+        } else {
+            Click(OnScreen(bar, what == "on" ? place.right - 8 : 8, 8));
+        }
+    }
+    static std::string TextOf(HWND window) {
+        char text[16]{};
+        GetWindowTextA(window, text, sizeof text);
+        return text;
+    }
+
+    State See() override {
+        State state;
+        IOleObject* const control = m_site->Control();
+        state.date = Readable(GetProperty(control, "DateValue").result.As(VT_DATE).Get());
+        const Value days = GetProperty(control, "Days").result;
+        const Value first = GetProperty(days.Object(), "Item", {Value(1)}).result;
+        state.shown = Got(first.Object(), "DayDate").substr(0, 7);
+        if (const HWND list = Child(L"ComboBox")) {
+            state.selectors = std::to_string(SendMessageW(list, CB_GETCURSEL, 0, 0) + 1) + '/' +
+                              TextOf(Child(L"Edit"));
+        }
+        const HWND open = FindWindowW(L"VelmoraDropDownForm", nullptr);
+        state.open = open && IsWindowVisible(open);
+        return state;
     }
     void Settle(const std::string& expected) override {
         Serve([&] { return Log().size() >= expected.size(); }, 1000);

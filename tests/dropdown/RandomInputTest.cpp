@@ -1,9 +1,8 @@
-#include "platform/Keys.h"
+#include "tests/support/TestBoxes.h"
 #include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <random>
 
 namespace velmora::test {
@@ -43,7 +42,7 @@ void Act(TestCalendar& test, std::mt19937& random) {
     }
 }
 
-TEST(Calendar, HoldsItsInvariantsOnARandomWalk) {
+TEST(RandomInput, LeavesACalendarWhole) {
     std::mt19937 random(20200315);
     TestCalendar test;
     test.calendar->Events().MonthChanged.Connect([&](std::int16_t&) {
@@ -69,53 +68,41 @@ TEST(Calendar, HoldsItsInvariantsOnARandomWalk) {
     }
 }
 
-/// A handler of any event does its worst in the middle of any input.
-TEST(Calendar, SurvivesEveryHandlerInEverySequence) {
-    using Handler = std::function<void(TestCalendar&)>;
-    const Handler handlers[] = {
-        [](TestCalendar& t) { t.calendar.reset(); },
-        [](TestCalendar& t) { t.calendar->DateValue(DateOf(Day(2031, 7, 7))); },
-        [](TestCalendar& t) { t.calendar->DateMax(DateOf(Day(2018, 1, 1))); },
-        [](TestCalendar& t) { t.calendar->Enabled(false); },
-        [](TestCalendar& t) { t.calendar->MonthYearSelStyle(VmMonthSelNone); },
-        [](TestCalendar& t) { t.calendar->ShowWeekend(false); },
-        [](TestCalendar& t) { t.Key(kKeyRight); },
+TEST(RandomInput, LeavesTwoBoxesWhole) {
+    std::mt19937 random(31);
+    const auto pick = [&](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
     };
-    const std::function<void(TestCalendar&)> inputs[] = {
-        [](TestCalendar& t) { t.calendar->DateValue(DateOf(Day(2021, 4, 4))); },
-        [](TestCalendar& t) { t.Key(kKeyRight); },
-        [](TestCalendar& t) { t.Key(kKeyPageDown); },
-        [](TestCalendar& t) {
-            t.Press(Day(2021, 1, 2));
-            if (t.calendar) t.Release(Day(2021, 1, 2));
-        },
-        [](TestCalendar& t) { t.calendar->OnMonthListClick(4); },
-        [](TestCalendar& t) { t.calendar->OnYearText("2019"); },
-        [](TestCalendar& t) { t.calendar->OnYearSpinner(-2019); },
-        [](TestCalendar& t) { t.calendar->OnDateScroll(MonthIndex(Day(2022, 2, 2))); },
-        [](TestCalendar& t) { t.Paint(); },
-    };
-    for (const auto& input : inputs) {
-        for (const auto& handler : handlers) {
-            for (int event = 0; event < 8; ++event) {
-                TestCalendar test;
-                test.calendar->DateValue(DateOf(Day(2020, 12, 31)));
-                test.calendar->MonthYearSelStyle(VmMonthSelCombo);
-                int depth = 0;
-                const auto act = [&](auto&...) {
-                    if (depth++ == 0 && test.calendar) handler(test);
-                };
-                CalendarEvents& events = test.calendar->Events();
-                ConnectNth(event, act, events.DateChanged, events.DayChanged, events.MonthChanged,
-                           events.YearChanged, events.KeyDown, events.MouseDown, events.MouseUp);
-                if (event == 7) test.whenNotified = [&] { act(); };
-                input(test);
-                if (!test.calendar) continue;
-                EXPECT_EQ(test.BrokenInvariant(), "");
-                test.whenNotified = nullptr;
-                EXPECT_TRUE(test.Paint().empty());
+    TestBoxes test;
+    for (int step = 0; step < 20'000; ++step) {
+        TestBoxes::Box& box = pick(0, 1) == 0 ? test.a : test.b;
+        const DayNumber near = DayOf(box.control->DateValue()) + pick(-60, 60);
+        try {
+            switch (pick(0, 9)) {
+                case 0: box.control->DropDownState(pick(0, 1) == 1); break;
+                case 1: box.control->DateMax(DateOf(near)); break;
+                case 2: box.control->DateMin(DateOf(near)); break;
+                case 3: box.control->DateMax(DateOf(Day(4600, 1, 1))); break;
+                case 4: box.control->DateMin(DateOf(Day(200, 1, 1))); break;
+                case 5: test.PressCalendar(static_cast<float>(pick(-50, 300)), 90); break;
+                case 6: test.ReleaseCalendar(static_cast<float>(pick(-50, 300)), 90); break;
+                case 7: test.PointAt({pick(0, 600), pick(0, 300)}); break;
+                default: test.Key(box, pick(32, 41), pick(0, 7));
             }
+        } catch (const AutomationError& refused) {
+            ASSERT_EQ(refused.Number(), ErrorNumber::InvalidPropertyValue);
         }
+        for (const TestBoxes::Box* each : {&test.a, &test.b}) {
+            const VmCalDropDown& c = *each->control;
+            ASSERT_TRUE(c.DateMin().value <= DayOf(c.DateValue()) &&
+                        DayOf(c.DateValue()) <= c.DateMax().value)
+                << step;
+            ASSERT_EQ(c.Text(), test.dates.Format(c.DateValue(), "Short Date")) << step;
+            ASSERT_EQ(c.DropDownState(), test.form->GetOwner() == &c) << step;
+        }
+        ASSERT_EQ(test.visible, test.form->GetOwner() != nullptr);
+        test.log.clear();
+        test.drawing.Forget();
     }
 }
 
