@@ -42,7 +42,6 @@ void VmCalDropDown::ShowDropDown() {
     m_form.SetOwner(this);
     m_opening = true;
     const Rect place = DropDownPlace();
-    m_store.FollowMonth(DayOf(m_store.DateValue()));
     m_form.Load(m_store);
 
     bool cancel = false;

@@ -166,7 +166,6 @@ void VmCalDropDown::ReadProps(PropertyBag& bag) {
         }
     }
     m_loading = false;
-    UpdateDateText(DateValue());
 }
 
 /// False for a value of the wrong type, or one that is refused. The two limits are stored together.
