@@ -1,7 +1,5 @@
 #include "apps/vmhost/FormFile.h"
-#include "tests/activex/support/ClientTest.h"
-
-#include <utility>
+#include "tests/activex/support/ComponentRows.h"
 
 namespace velmora::vmhost {
 namespace {
@@ -33,66 +31,14 @@ void Rewind(const Saved& place) {
     }
 }
 
-/// Every readable property as text, objects by what shows in them.
-std::vector<std::string> StateOf(const ControlSite& site) {
-    std::vector<std::string> state;
-    for (const PropertyInfo& property : PropertiesOf(site.Control())) {
-        if (property.name == "hWnd" || property.name == "cboMonthhwnd") continue;
-        const Value value = GetProperty(site.Control(), property.name).result;
-        state.push_back(property.name + " = " + Readable(value.Get()));
-        if (value.Type() == VT_DATE) state.push_back(std::to_string(value.Real()));
-        ComPtr<IFont> font;
-        if (!value.Object() ||
-            FAILED(value.Object()->QueryInterface(IID_PPV_ARGS(font.GetAddressOf())))) {
-            continue;
-        }
-        Value name;  // by its own interface: by name, each part would load a type library
-        CY size{};
-        BOOL bold = FALSE;
-        V_VT(&name) = VT_BSTR;
-        font->get_Name(&V_BSTR(&name));
-        font->get_Size(&size);
-        font->get_Bold(&bold);
-        state.push_back(name.Text() + ' ' + std::to_string(size.Lo) + (bold ? " bold" : ""));
-    }
-    return state;
-}
-
 class Persistence : public ClientTest {
 protected:
     /// A control with nothing left at its default that a container may save.
-    ControlSite& AddChanged(const char* classText) {
-        ControlSite& site = Add(classText, "Changed", kCalendarPlace);
-        const ComPtr<IFontDisp> font = MakeFont("Tahoma", 14);
-        EXPECT_TRUE(PutProperty(font.Get(), "Bold", true).Succeeded());
-        for (const PropertyInfo& property : PropertiesOf(site.Control())) {
-            if (!property.writable) continue;
-            const Value value = GetProperty(site.Control(), property.name).result;
-            if (property.name.ends_with("Color")) {
-                PutProperty(site.Control(), property.name, Value(0x123456));
-            } else if (property.name.ends_with("Font")) {
-                PutProperty(site.Control(), property.name, font.Get());
-            } else if (property.name.ends_with("Appearance") ||
-                       property.name.ends_with("Alignment")) {
-                PutProperty(site.Control(), property.name, Value(value.Number() ? 0 : 1));
-            }
-        }
-        const std::pair<const char*, Value> others[] = {
-            {"DateMin", Value::Date(DayNumber(1500, 2, 1))},
-            {"DateMax", Value::Date(DayNumber(2500, 2, 28))},
-            {"DateValue", Value::Date(DayNumber(1601, 12, 31) - 0.25)},  // at 6 o'clock
-            {"FirstDayOfWeek", 3},
-            {"ShowWeekend", false},
-            {"MonthYearSelStyle", 1},
-            {"Enabled", false},
-            {"MousePointer", short{2}},
-            {"MonthDisplay", 1},
-            {"WeekDayDisplay", 3},
-            {"DateFormat", "yyyy, \"mmm\" \xC3\xA4"}};
-        for (const auto& [name, value] : others) {
-            const bool put = PutProperty(site.Control(), name, value).Succeeded();
-            EXPECT_EQ(put, classText == kBoxClass || name != std::string_view("DateFormat"))
-                << name;
+    ControlSite& AddChanged(const PublishedClass& published) {
+        ControlSite& site = Add(published.name, "Changed", kCalendarPlace);
+        for (const PropertyRow& row : published.rows) {
+            const Value value = ValueOf(row, row.Changed());
+            EXPECT_TRUE(PutProperty(site.Control(), row.name, value).Succeeded()) << row.name;
         }
         return site;
     }
@@ -105,16 +51,18 @@ protected:
 };
 
 TEST_F(Persistence, GoesRoundByEveryInterfaceAndCrosswise) {
-    for (const char* classText : {kCalendarClass, kBoxClass}) {
-        ControlSite& original = AddChanged(classText);
-        const std::vector<std::string> state = StateOf(original);
+    for (const PublishedClass& published : kClasses) {
+        ControlSite& original = AddChanged(published);
+        const std::string face = FaceOf(original.Control(), published.rows);
         for (const Medium first : kMedia) {
-            ControlSite& copy = Add(classText, "Copy", kCalendarPlace, SaveOf(original, first));
-            EXPECT_EQ(StateOf(copy), state) << classText << " by " << static_cast<int>(first);
+            ControlSite& copy =
+                Add(published.name, "Copy", kCalendarPlace, SaveOf(original, first));
             for (const Medium second : kMedia) {
-                ControlSite& third = Add(classText, "Third", kCalendarPlace, SaveOf(copy, second));
-                EXPECT_EQ(StateOf(third), state) << classText << " by " << static_cast<int>(first)
-                                                 << " and " << static_cast<int>(second);
+                ControlSite& third =
+                    Add(published.name, "Third", kCalendarPlace, SaveOf(copy, second));
+                EXPECT_EQ(FaceOf(third.Control(), published.rows), face)
+                    << published.name << " by " << static_cast<int>(first) << " and "
+                    << static_cast<int>(second);
                 form->Remove(third);
             }
             form->Remove(copy);
@@ -125,19 +73,19 @@ TEST_F(Persistence, GoesRoundByEveryInterfaceAndCrosswise) {
 
 TEST_F(Persistence, FormsGoThroughAFile) {
     for (const Medium medium : kMedia) {
-        AddChanged(kCalendarClass);
-        AddChanged(kBoxClass);
-        std::vector<std::vector<std::string>> states;
-        for (const auto& site : form->Sites()) states.push_back(StateOf(*site.Get()));
+        std::vector<std::string> faces;
+        for (const PublishedClass& published : kClasses) {
+            faces.push_back(FaceOf(AddChanged(published).Control(), published.rows));
+        }
         wchar_t folder[MAX_PATH];
         GetTempPathW(MAX_PATH, folder);
         const std::wstring path = folder + std::to_wstring(GetCurrentProcessId()) + L"-form.vmform";
         SaveForm(*form.Get(), path, medium);
         LoadForm(*form.Get(), path);
-        ASSERT_EQ(form->Sites().size(), 2U);
-        for (std::size_t index = 0; index < 2; ++index) {
-            EXPECT_EQ(StateOf(*form->Sites()[index].Get()), states[index]);
-            EXPECT_TRUE(EqualRect(&form->Sites()[index]->Place(), &kCalendarPlace));
+        ASSERT_EQ(form->Sites().size(), std::size(kClasses));
+        for (std::size_t i = 0; i < std::size(kClasses); ++i) {
+            EXPECT_EQ(FaceOf(form->Sites()[i]->Control(), kClasses[i].rows), faces[i]);
+            EXPECT_TRUE(EqualRect(&form->Sites()[i]->Place(), &kCalendarPlace));
         }
         DeleteFileW(path.c_str());
         form->RemoveAll();
