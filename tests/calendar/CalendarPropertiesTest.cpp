@@ -1,5 +1,6 @@
 #include "calendar/CProperties.h"
 #include "tests/support/PropertyCases.h"
+#include "tests/support/TestBoxes.h"
 #include "tests/support/TestCalendar.h"
 
 namespace velmora::test {
@@ -49,18 +50,25 @@ TEST(CProperties, BeginsAndRefusesAsTheCalendar) {
     }
 }
 
-TEST(CalendarProperties, ReadOnlyAndUnknownNamesCannotBeSet) {
+TEST(CalendarProperties, RefuseBitmapsAsIconsAndOtherDropModes) {
     TestCalendar test;
-    for (const char* name : {"Days", "SelectedDay", "NoSuchName"}) {
-        EXPECT_EQ(NumberOf([&] { test.calendar->LetMember(name, ObjectRef()); }),
-                  ErrorNumber::MemberNotFound);
+    CProperties holder(test.dates);
+    TestBoxes boxes;
+    const auto bitmap = std::make_shared<StdPicture>(PictureType::Bitmap, Size{}, nullptr);
+    for (AutomationObject* const object : std::initializer_list<AutomationObject*>{
+             test.calendar.get(), &holder, boxes.a.control.get()}) {
+        const auto numberOf = [&](const char* name) {
+            return NumberOf([&] { object->LetMember(name, ObjectRef(bitmap)); });
+        };
+        EXPECT_EQ(numberOf("MouseIcon"), ErrorNumber::InvalidPropertyValue);
+        EXPECT_EQ(numberOf("Days"), ErrorNumber::MemberNotFound);
+        EXPECT_EQ(numberOf("NoSuchName"), ErrorNumber::MemberNotFound);
     }
-    EXPECT_EQ(test.calendar->GetMember("days"), Variant(ObjectRef(test.calendar->Days())));
-    EXPECT_EQ(NumberOf([&] { test.calendar->GetMember("NoSuchName"); }),
-              ErrorNumber::MemberNotFound);
-    for (const int refused : {-1, 3}) {
-        const auto mode = static_cast<VmOLEDropModeConstants>(refused);
-        EXPECT_EQ(NumberOf([&] { test.calendar->OLEDropMode(mode); }),
+    for (const int mode : {-1, 3}) {
+        const auto refused = static_cast<VmOLEDropModeConstants>(mode);
+        EXPECT_EQ(NumberOf([&] { test.calendar->OLEDropMode(refused); }),
+                  ErrorNumber::InvalidPropertyValue);
+        EXPECT_EQ(NumberOf([&] { boxes.a.control->OLEDropMode(refused); }),
                   ErrorNumber::InvalidPropertyValue);
     }
 }

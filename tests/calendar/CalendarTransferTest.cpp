@@ -127,7 +127,13 @@ TEST(CalendarTransfer, SkipsWhatIsMissingOrRefusedAndReportsTheFirst) {
         void LetMember(std::string_view, const Variant&) override {}
     };
     TestCalendar test;
-    EXPECT_EQ(NumberOf([&] { test.calendar->SetProps(Holder()); }), ErrorNumber::MemberNotFound);
+    test.calendar->MonthYearSelStyle(VmMonthSelScrollbar);
+    for (int i = 0; i < 2; ++i) {  // the second one moves no date
+        test.dateScroll.shown = "moved by the user";
+        EXPECT_EQ(NumberOf([&] { test.calendar->SetProps(Holder()); }),
+                  ErrorNumber::MemberNotFound);
+        EXPECT_EQ(test.dateScroll.shown, "-10799..13200: 1413");  // September 2017
+    }
     EXPECT_EQ(test.calendar->FirstDayOfWeek(), VmSunday);
     EXPECT_EQ(test.calendar->MonthDisplay(), VmMonthAbbrName);
     EXPECT_EQ(DayOf(test.calendar->SelectedDate()), 43000);
@@ -149,6 +155,9 @@ TEST(CProperties, ClipsItsDateAndKeepsItsDaysInStep) {
     holder.DateMin(DateOf(Day(2019, 2, 1)));
     holder.DateValue(Date(1));
     EXPECT_EQ(DayOf(holder.DateValue()), Day(2019, 2, 1));
+    holder.Limits(DateOf(Day(2024, 2, 3)), DateOf(Day(2024, 5, 3)));
+    EXPECT_EQ(DayOf(holder.DateValue()), Day(2024, 2, 1));
+    EXPECT_EQ(holder.Days()->Count(), 29);
 }
 
 }  // namespace

@@ -118,7 +118,7 @@ TEST(MemoryBag, FontsInItAreCopiesAndForeignObjectsAreRefused) {
     EXPECT_EQ(bag.Values().size(), 1u);
 }
 
-TEST(PropertiesText, EveryValueComesBackUnderEveryName) {
+TEST(PropertiesText, EveryValueComesBackUnderEveryNameAndEveryCutIsNoticed) {
     MemoryBag bag;
     int number = 0;
     for (const Variant& value : AwkwardValues()) {
@@ -133,6 +133,11 @@ TEST(PropertiesText, EveryValueComesBackUnderEveryName) {
     ASSERT_EQ(copy.Values().size(), bag.Values().size());
     for (const auto& [name, value] : bag.Values()) {
         EXPECT_EQ(Described(copy.ReadProperty(name, 77.0)), Described(value)) << name;
+    }
+    for (std::size_t length = 0; length + 1 < content.size(); ++length) {
+        EXPECT_THROW(ParseProperties(std::string_view(content).substr(0, length)),
+                     PropertyFileError)
+            << length;
     }
 }
 
@@ -231,20 +236,6 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
         EXPECT_EQ(error.Line(), line) << error.what();
         EXPECT_NE(std::string(error.what()).find(reason), std::string::npos)
             << error.what() << "\nwhere it should say: " << reason;
-    }
-}
-
-TEST(PropertiesText, EveryCutIsNoticed) {
-    MemoryBag bag;
-    int number = 0;
-    for (const Variant& value : AwkwardValues()) {
-        bag.WriteProperty(std::to_string(number++), value, Variant());
-    }
-    const std::string content = FormatProperties(bag);
-    for (std::size_t length = 0; length + 1 < content.size(); ++length) {
-        EXPECT_THROW(ParseProperties(std::string_view(content).substr(0, length)),
-                     PropertyFileError)
-            << length;
     }
 }
 

@@ -63,53 +63,19 @@ private:
     }
 };
 
-/// A value that is refused, by error 6 (overflow), 13 (type) or 380 (value): a number, a text that
-/// is none, Null, or an object of another kind.
-struct Refused {
-    enum What { Number, Words, Nothing, WrongObject } what;
-    double number;
-    int error;  // 0: it is ignored
-};
-
-inline std::vector<Refused> RefusedBy(const PropertyRow& row) {
-    const auto number = [](double value, int error = 380) {
-        return Refused{Refused::Number, value, error};
-    };
-    const Refused words{Refused::Words, 0, 13};
-    const Refused null{Refused::Nothing, 0, 13};
-    const Refused object{Refused::WrongObject, 0, 13};
+/// Numbers that are refused with error 380; a `Pointer` ignores them. Text that is none, Null and
+/// an object of another kind are error 13 wherever they mean nothing, 5000000000 is error 6 where
+/// whole numbers are taken, and a bitmap as an `Icon` error 380.
+inline std::vector<double> RefusedNumbers(const PropertyRow& row) {
     switch (row.kind) {
-        case Kind::Choice:
-            return {number(row.low - 1),
-                    number(row.high + 1),
-                    number(-2147483648.0),
-                    number(2147483647),
-                    number(5e9, 6),
-                    words,
-                    null,
-                    object};
-        case Kind::Color:
-            return {number(0x01000000),
-                    number(0x7F000000),
-                    number(0xFF000000),
-                    number(0x40ABCDEF),
-                    number(5e9, 6),
-                    words,
-                    null,
-                    object};
-        case Kind::Flag:
-        case Kind::Moment: return {words, null, object};
+        case Kind::Choice: return {row.low - 1, row.high + 1, -2147483648.0, 2147483647};
+        case Kind::Color: return {0x01000000, 0x7F000000, 0xFF000000, 0x40ABCDEF};
         case Kind::Limit:
-        case Kind::Day:
-            return {number(-620911), number(986522), words, null, object};  // years 199, 4601
-        case Kind::Font: return {words, object};
-        case Kind::Icon: return {{Refused::WrongObject, 0, 380}, words};
-        case Kind::Pointer:
-            return {number(-1, 0), number(16, 0), number(98, 0), number(100, 0), words};
-        case Kind::Extent: return {number(-15), words};
-        case Kind::Format: return {};
+        case Kind::Day: return {-620911, 986522};  // 31 December 199, 1 January 4601
+        case Kind::Pointer: return {-1, 16, 98, 100};
+        case Kind::Extent: return {-15};
+        default: return {};
     }
-    return {};
 }
 
 constexpr PropertyRow Choice(std::string_view name, double initial, double high, double low = 0) {
