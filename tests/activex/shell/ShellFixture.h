@@ -6,7 +6,24 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+#include <vector>
+
 namespace velmora {
+
+/// What is done to the control, what it calls then, and what it has become.
+struct Step {
+    const char* what;
+    std::function<HRESULT()> act;
+    std::string calls;
+    std::string state = "inactive";
+    HRESULT result = S_OK;
+};
+
+inline void ServeWaiting() {
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageW(&message);
+}
 
 /// A calendar and a container for it. Whatever a test does, nothing may be left of the control.
 class ShellFixture : public testing::Test {
@@ -70,6 +87,32 @@ protected:
         IUnknown* const sink = static_cast<IOleClientSite*>(container.Get());
         EXPECT_EQ(Point(events)->Advise(sink, &cookie), S_OK);
         return cookie;
+    }
+
+    void Play(const std::vector<Step>& steps) {
+        for (const Step& step : steps) {
+            EXPECT_EQ(step.act(), step.result) << step.what;
+            ServeWaiting();
+            EXPECT_EQ(container->TakeLog(), step.calls) << step.what;
+            EXPECT_EQ(State(), step.state) << step.what;
+        }
+    }
+    std::string State() const {
+        std::string state = "inactive";
+        const HWND window = Window();
+        if (window) state = IsWindowVisible(window) ? "shown" : "hidden";
+        if (window && GetFocus() == window) state += " focus";
+        if (As<IPersistStreamInit>()->IsDirty() == S_OK) state += " dirty";
+        return state;
+    }
+    HRESULT Change(::VmMonthDisplayConstants display) {
+        return As<::_VmCalendar>()->put_MonthDisplay(display);
+    }
+    HRESULT AmbientChanged(DISPID id) { return As<IOleControl>()->OnAmbientPropertyChange(id); }
+    HWND MonthList() const {
+        long window = 0;
+        As<::_VmCalendar>()->get_cboMonthhwnd(&window);
+        return static_cast<HWND>(LongToHandle(window));
     }
 
     ComPtr<ScriptedContainer> container;
