@@ -1,46 +1,55 @@
 #include "calendar/CProperties.h"
 
-#include <utility>
+#include "calendar/PropertyAccess.h"
 
 namespace velmora {
 namespace {
 
-constexpr auto kMembers = CommonMembers<CProperties>();
+constexpr auto kMembers = MembersOf<CProperties>(Slots());
+
+/// Whether setters would have taken both limits.
+bool AreLimits(const CalendarState& state) {
+    try {
+        CheckYear(state.dateMin);
+        CheckYear(state.dateMax);
+    } catch (const AutomationError&) {
+        return false;
+    }
+    return DayOf(state.dateMin) <= DayOf(state.dateMax);
+}
 
 }  // namespace
 
-CProperties::CProperties(const Dates& dates) : m_dates(dates) { Move(DateOf(dates.Today())); }
-
-Variant CProperties::GetMember(std::string_view name) const {
-    return MemberOf(kMembers, name).get(*this);
+CProperties::CProperties(const Dates& dates, WindowProperties* window)
+    : m_dates(dates), m_window(window ? *window : m_ownWindow) {
+    Move(DateOf(dates.Today()));
 }
+
+Variant CProperties::GetMember(std::string_view name) const { return kMembers.Get(*this, name); }
 
 void CProperties::LetMember(std::string_view name, const Variant& value) {
-    LetByName(kMembers, *this, name, value);
+    kMembers.Let(*this, name, value);
 }
 
-void CProperties::DateMax(Date value) {
-    if (StoreDateMax(m_state, value)) Move(m_state.dateMax);
+void CProperties::Let(const LimitProperty& property, Date value) {
+    if (property.keep(m_state, value)) Move(m_state.*property.field);
 }
 
-void CProperties::DateMin(Date value) {
-    if (StoreDateMin(m_state, value)) Move(m_state.dateMin);
+void CProperties::Let(const DateProperty&, const Variant& value) {
+    if (value.Type() != VarType::Empty) MoveInto(ToDate(value));
 }
 
-void CProperties::Limits(Date minimum, Date maximum) {
-    CalendarState checked;
-    checked.dateMin = Date(kFirstDay);
-    checked.dateMax = Date(kLastDay);
-    StoreDateMin(checked, minimum);
-    StoreDateMax(checked, maximum);
-    m_state.dateMin = checked.dateMin;
-    m_state.dateMax = checked.dateMax;
-    DateValue(Variant(m_state.dateValue));
+void CProperties::Restored(const CalendarState& defaults) {
+    if (!AreLimits(m_state)) {
+        m_state.dateMin = defaults.dateMin;
+        m_state.dateMax = defaults.dateMax;
+    }
+    m_state.dateMin = DateOf(FirstOfMonth(DayOf(m_state.dateMin)));
+    m_state.dateMax = DateOf(LastOfMonth(DayOf(m_state.dateMax)));
+    MoveInto(m_state.dateValue);
 }
 
-void CProperties::DateValue(const Variant& value) {
-    if (value.Type() == VarType::Empty) return;
-    const Date date = ToDate(value);
+void CProperties::MoveInto(Date date) {
     if (DayOf(date) < DayOf(m_state.dateMin)) {
         Move(m_state.dateMin);
     } else {
@@ -61,17 +70,6 @@ void CProperties::FollowMonth(DayNumber day) {
 
 DayRef CProperties::SelectedDay() const {
     return m_days->Item(static_cast<std::int16_t>(DayOfMonth(DayOf(m_state.dateValue))));
-}
-
-void CProperties::MouseIcon(PictureRef value) {
-    if (value && value->Type() != PictureType::Icon) {
-        throw AutomationError(ErrorNumber::InvalidPropertyValue);
-    }
-    m_mouseIcon = std::move(value);
-}
-
-void CProperties::MousePointer(std::int16_t value) {
-    if (IsMousePointer(value)) m_mousePointer = value;
 }
 
 }  // namespace velmora

@@ -4,26 +4,17 @@
 
 namespace velmora {
 
-void VmCalendar::DateMax(Date value) {
-    const bool clamps = StoreDateMax(m_state, value);
-    ApplyLimit(kDateMax.name, clamps, m_state.dateMax);
-}
-
-void VmCalendar::DateMin(Date value) {
-    const bool clamps = StoreDateMin(m_state, value);
-    ApplyLimit(kDateMin.name, clamps, m_state.dateMin);
-}
-
 /// Moving the date to a limit raises no event and paints nothing: the container alone learns of it.
-void VmCalendar::ApplyLimit(std::string_view name, bool clamps, Date limit) {
+void VmCalendar::Let(const LimitProperty& property, Date value) {
+    const bool clamps = property.keep(m_state, value);
     if (clamps) {
-        m_state.dateValue = limit;
-        ShowDate(limit);
+        m_state.dateValue = m_state.*property.field;
+        ShowDate(m_state.dateValue);
     }
     SyncSelectors();
     const Lifetime::Watch alive(m_lifetime);
     if (clamps) m_platform.hosting.PropertyChanged(kDateValue.name);
-    if (alive) m_platform.hosting.PropertyChanged(name);
+    if (alive) m_platform.hosting.PropertyChanged(property.name);
 }
 
 Variant VmCalendar::DateValue() const {

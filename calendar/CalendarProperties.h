@@ -1,44 +1,11 @@
 #pragma once
 
-#include "calendar/CalendarState.h"
-#include "model/VmDays.h"
+#include "calendar/DateLimits.h"
+#include "calendar/PropertyRows.h"
 
 #include <cstdint>
-#include <string_view>
 
 namespace velmora {
-
-/// What a successful setter does after it has stored the value and told the container.
-enum class AfterEffect { Nothing, Repaint, MonthBand, WeekDayRow };
-
-/// A published property that lives in the state. Where that is all there is to it, the row serves
-/// its setter; a property with a story of its own has a row for its name and storage.
-template <class T>
-struct Property {
-    using Value = T;
-
-    std::string_view name;  // published name, also the saved key
-    T CalendarState::*field;
-    bool (*admits)(const T&) = nullptr;  // false refuses with error 380
-    AfterEffect effect = AfterEffect::Repaint;
-
-    const T& Get(const CalendarState& state, const VmDays&) const { return state.*field; }
-    void Store(CalendarState& state, VmDays&, const T& value) const { state.*field = value; }
-};
-
-/// A default colour of days: it lives in the day collection.
-struct DayColorProperty {
-    using Value = OLE_COLOR;
-
-    std::string_view name;
-    OLE_COLOR (VmDays::*get)() const noexcept;
-    void (VmDays::*set)(OLE_COLOR) noexcept;
-    bool (*admits)(const OLE_COLOR&);
-    AfterEffect effect = AfterEffect::Repaint;
-
-    OLE_COLOR Get(const CalendarState&, const VmDays& days) const { return (days.*get)(); }
-    void Store(CalendarState&, VmDays& days, OLE_COLOR value) const { (days.*set)(value); }
-};
 
 /// The signed value lies in the inclusive range.
 template <auto kLowest, auto kHighest>
@@ -47,8 +14,12 @@ constexpr bool Within(const decltype(kLowest)& value) {
 }
 
 /// 0..15 are the platform's pointers, 99 is the mouse icon.
-constexpr bool IsMousePointer(std::int16_t value) {
+constexpr bool IsMousePointer(const std::int16_t& value) {
     return (0 <= value && value <= 15) || value == 99;
+}
+
+inline bool IsIconOrNone(const PictureRef& picture) {
+    return !picture || picture->Type() == PictureType::Icon;
 }
 
 constexpr bool AdmitsColor(const OLE_COLOR& color) { return IsPropertyColor(color); }
@@ -58,9 +29,9 @@ inline constexpr auto kAdmitsTextAlignment = Within<VmTextTopLeft, VmTextBottomR
 
 inline constexpr Property<VmAppearanceConstants> kAppearance{
     "Appearance", &CalendarState::appearance, kAdmitsAppearance};
-inline constexpr Property<Date> kDateMax{"DateMax", &CalendarState::dateMax};
-inline constexpr Property<Date> kDateMin{"DateMin", &CalendarState::dateMin};
-inline constexpr Property<Date> kDateValue{"DateValue", &CalendarState::dateValue};
+inline constexpr LimitProperty kDateMax{"DateMax", &CalendarState::dateMax, StoreDateMax};
+inline constexpr LimitProperty kDateMin{"DateMin", &CalendarState::dateMin, StoreDateMin};
+inline constexpr DateProperty kDateValue{"DateValue", &CalendarState::dateValue};
 inline constexpr Property<VmAppearanceConstants> kDayAppearance{
     "DayAppearance", &CalendarState::dayAppearance, kAdmitsAppearance};
 inline constexpr DayColorProperty kDayDefaultBackColor{
@@ -72,7 +43,8 @@ inline constexpr DayColorProperty kDayDefaultForeColor{
     "DayDefaultForeColor", &VmDays::DefaultForeColor, &VmDays::DefaultForeColor, AdmitsColor};
 inline constexpr Property<VmTextAlignmentConstants> kDayCaptionAlignment{
     "DayCaptionAlignment", &CalendarState::dayCaptionAlignment, kAdmitsTextAlignment};
-inline constexpr Property<FontRef> kDayFont{"DayFont", &CalendarState::dayFont};
+inline constexpr Property<FontRef> kDayFont{"DayFont", &CalendarState::dayFont, nullptr,
+                                            AfterEffect::Repaint, Saved::Always};
 inline constexpr Property<VmTextAlignmentConstants> kDayNumberAlignment{
     "DayNumberAlignment", &CalendarState::dayNumberAlignment, kAdmitsTextAlignment};
 inline constexpr Property<VmPictureAlignmentConstants> kDayPictureAlignment{
@@ -81,12 +53,16 @@ inline constexpr Property<VmPictureAlignmentConstants> kDayPictureAlignment{
 inline constexpr Property<VmWeekDays> kFirstDayOfWeek{
     "FirstDayOfWeek", &CalendarState::firstDayOfWeek, Within<VmSunday, VmSaturday>};
 inline constexpr Property<VmAppearanceConstants> kMonthAppearance{
-    "MonthAppearance", &CalendarState::monthAppearance, kAdmitsAppearance};
-inline constexpr Property<OLE_COLOR> kMonthBackColor{
-    "MonthBackColor", &CalendarState::monthBackColor, AdmitsColor, AfterEffect::MonthBand};
+    "MonthAppearance", &CalendarState::monthAppearance, kAdmitsAppearance, AfterEffect::Repaint,
+    Saved::Always};
+inline constexpr Property<OLE_COLOR> kMonthBackColor{"MonthBackColor",
+                                                     &CalendarState::monthBackColor, AdmitsColor,
+                                                     AfterEffect::MonthBand, Saved::Always};
 inline constexpr Property<VmMonthDisplayConstants> kMonthDisplay{
-    "MonthDisplay", &CalendarState::monthDisplay, Within<VmMonthFullName, VmMonthAbbrName>};
-inline constexpr Property<FontRef> kMonthFont{"MonthFont", &CalendarState::monthFont};
+    "MonthDisplay", &CalendarState::monthDisplay, Within<VmMonthFullName, VmMonthAbbrName>,
+    AfterEffect::Repaint, Saved::Always};
+inline constexpr Property<FontRef> kMonthFont{"MonthFont", &CalendarState::monthFont, nullptr,
+                                              AfterEffect::Repaint, Saved::Always};
 inline constexpr Property<OLE_COLOR> kMonthForeColor{
     "MonthForeColor", &CalendarState::monthForeColor, AdmitsColor, AfterEffect::MonthBand};
 inline constexpr Property<VmMonthYearSelStyleConstants> kMonthYearSelStyle{
@@ -97,26 +73,86 @@ inline constexpr Property<OLE_COLOR> kSelectedDayBackColor{
 inline constexpr Property<OLE_COLOR> kSelectedDayForeColor{
     "SelectedDayForeColor", &CalendarState::selectedDayForeColor, AdmitsColor};
 inline constexpr Property<OLE_COLOR> kTodayBackColor{"TodayBackColor",
-                                                     &CalendarState::todayBackColor, AdmitsColor};
+                                                     &CalendarState::todayBackColor, AdmitsColor,
+                                                     AfterEffect::Repaint, Saved::Always};
 inline constexpr Property<OLE_COLOR> kTodayForeColor{"TodayForeColor",
-                                                     &CalendarState::todayForeColor, AdmitsColor};
+                                                     &CalendarState::todayForeColor, AdmitsColor,
+                                                     AfterEffect::Repaint, Saved::Always};
 inline constexpr Property<VmAppearanceConstants> kWeekDayAppearance{
-    "WeekDayAppearance", &CalendarState::weekDayAppearance, kAdmitsAppearance};
+    "WeekDayAppearance", &CalendarState::weekDayAppearance, kAdmitsAppearance, AfterEffect::Repaint,
+    Saved::Always};
 inline constexpr Property<OLE_COLOR> kWeekDayBackColor{
-    "WeekDayBackColor", &CalendarState::weekDayBackColor, AdmitsColor, AfterEffect::WeekDayRow};
+    "WeekDayBackColor", &CalendarState::weekDayBackColor, AdmitsColor, AfterEffect::WeekDayRow,
+    Saved::Always};
 inline constexpr Property<VmWeekDayDisplayConstants> kWeekDayDisplay{
-    "WeekDayDisplay", &CalendarState::weekDayDisplay, Within<VmWeekdayNone, VmWeekDayLetter>};
-inline constexpr Property<FontRef> kWeekDayFont{"WeekDayFont", &CalendarState::weekDayFont};
+    "WeekDayDisplay", &CalendarState::weekDayDisplay, Within<VmWeekdayNone, VmWeekDayLetter>,
+    AfterEffect::Repaint, Saved::Always};
+inline constexpr Property<FontRef> kWeekDayFont{"WeekDayFont", &CalendarState::weekDayFont, nullptr,
+                                                AfterEffect::Repaint, Saved::Always};
 inline constexpr Property<OLE_COLOR> kWeekDayForeColor{
     "WeekDayForeColor", &CalendarState::weekDayForeColor, AdmitsColor, AfterEffect::WeekDayRow};
 inline constexpr Property<VmTextAlignmentConstants> kWeekDayCaptionAlignment{
     "WeekDayCaptionAlignment", &CalendarState::weekDayCaptionAlignment, kAdmitsTextAlignment};
-inline constexpr Property<bool> kShowWeekend{"ShowWeekend", &CalendarState::showWeekend};
+inline constexpr Property<bool> kShowWeekend{"ShowWeekend", &CalendarState::showWeekend, nullptr,
+                                             AfterEffect::Repaint, Saved::Always};
 
-/// Properties that live elsewhere: only their names are here.
-inline constexpr std::string_view kDays = "Days";
-inline constexpr std::string_view kEnabled = "Enabled";
-inline constexpr std::string_view kMouseIcon = "MouseIcon";
-inline constexpr std::string_view kMousePointer = "MousePointer";
+inline constexpr WindowProperty<bool> kEnabled{
+    "Enabled", &WindowProperties::Enabled, &WindowProperties::Enabled,
+    nullptr,   AfterEffect::Repaint,       Unfit::Refused,
+    Copied::No};
+inline constexpr WindowProperty<PictureRef> kMouseIcon{"MouseIcon", &WindowProperties::MouseIcon,
+                                                       &WindowProperties::MouseIcon, IsIconOrNone};
+inline constexpr WindowProperty<std::int16_t> kMousePointer{"MousePointer",
+                                                            &WindowProperties::MousePointer,
+                                                            &WindowProperties::MousePointer,
+                                                            IsMousePointer,
+                                                            AfterEffect::Nothing,
+                                                            Unfit::Ignored};
+inline constexpr DaysProperty kDays{"Days"};
+inline constexpr SelectedDayProperty kSelectedDay{"SelectedDay"};
+
+/// The properties that are reached by name, in the order of their slots.
+using Slots = Rows<kAppearance, kDateMax, kDateMin, kDateValue, kDayAppearance,
+                   kDayDefaultBackColor, kDayOtherMonthForeColor, kDayDefaultForeColor,
+                   kDayCaptionAlignment, kDayFont, kDayNumberAlignment, kDayPictureAlignment, kDays,
+                   kEnabled, kFirstDayOfWeek, kMonthAppearance, kMonthBackColor, kMonthDisplay,
+                   kMonthFont, kMonthForeColor, kMonthYearSelStyle, kMouseIcon, kMousePointer,
+                   kSelectedDay, kSelectedDayBackColor, kSelectedDayForeColor, kTodayBackColor,
+                   kTodayForeColor, kWeekDayAppearance, kWeekDayBackColor, kWeekDayDisplay,
+                   kWeekDayFont, kWeekDayForeColor, kWeekDayCaptionAlignment, kShowWeekend>;
+
+/// The second day back colour is part of the saved format.
+using WriteOrder =
+    Rows<kAppearance, kSelectedDayBackColor, kSelectedDayForeColor, kDateValue, kDayAppearance,
+         kDayCaptionAlignment, kDayDefaultBackColor, kDayOtherMonthForeColor, kDayDefaultForeColor,
+         kDayFont, kDayNumberAlignment, kDayPictureAlignment, kDayDefaultBackColor, kEnabled,
+         kFirstDayOfWeek, kMonthAppearance, kMonthBackColor, kMonthDisplay, kMonthFont,
+         kMonthForeColor, kDateMax, kDateMin, kMonthYearSelStyle, kMouseIcon, kMousePointer,
+         kShowWeekend, kTodayBackColor, kTodayForeColor, kWeekDayAppearance, kWeekDayBackColor,
+         kWeekDayCaptionAlignment, kWeekDayDisplay, kWeekDayFont, kWeekDayForeColor>;
+static_assert(Covers<WriteOrder>(Slots(), kIsSaved));
+
+/// Two day colours are read twice.
+using ReadOrder =
+    Rows<kAppearance, kSelectedDayBackColor, kSelectedDayForeColor, kDayAppearance,
+         kDayCaptionAlignment, kDayDefaultBackColor, kDayDefaultForeColor, kDayFont,
+         kDayNumberAlignment, kDayPictureAlignment, kDayDefaultBackColor, kDayOtherMonthForeColor,
+         kDayDefaultForeColor, kEnabled, kFirstDayOfWeek, kMonthAppearance, kMonthBackColor,
+         kMonthDisplay, kMonthFont, kMonthForeColor, kMouseIcon, kMousePointer, kDateMax, kDateMin,
+         kDateValue, kMonthYearSelStyle, kShowWeekend, kTodayBackColor, kTodayForeColor,
+         kWeekDayAppearance, kWeekDayBackColor, kWeekDayDisplay, kWeekDayFont,
+         kWeekDayCaptionAlignment, kWeekDayForeColor>;
+static_assert(Covers<ReadOrder>(Slots(), kIsSaved));
+
+/// The order of `SetProps`.
+using CopyOrder =
+    Rows<kAppearance, kSelectedDayBackColor, kSelectedDayForeColor, kDayAppearance,
+         kDayCaptionAlignment, kDayFont, kDayNumberAlignment, kDayPictureAlignment,
+         kDayDefaultBackColor, kDayOtherMonthForeColor, kDayDefaultForeColor, kFirstDayOfWeek,
+         kMonthAppearance, kMonthBackColor, kMonthDisplay, kMonthFont, kMonthForeColor, kMouseIcon,
+         kMousePointer, kDateMax, kDateMin, kDateValue, kMonthYearSelStyle, kShowWeekend,
+         kTodayBackColor, kTodayForeColor, kWeekDayAppearance, kWeekDayBackColor, kWeekDayDisplay,
+         kWeekDayFont, kWeekDayCaptionAlignment, kWeekDayForeColor>;
+static_assert(Covers<CopyOrder>(Slots(), kIsCopied));
 
 }  // namespace velmora

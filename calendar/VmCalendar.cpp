@@ -9,9 +9,6 @@ namespace {
 constexpr AboutText kAbout{"Velmora Calendar Controls", VELMORA_VERSION,
                            "https://velmoracalendar.example/"};
 
-/// A copy of its own for each property, so that a change of one font leaves the others alone.
-FontRef CopyOf(const FontRef& font) { return std::make_shared<StdFont>(*font); }
-
 std::vector<std::string> MonthNamesOf(const Dates& dates) {
     return {dates.Locale().monthNames.begin(), dates.Locale().monthNames.end()};
 }
@@ -32,14 +29,9 @@ void VmCalendar::InitProperties() { InitProperties(DateOf(m_platform.dates.Today
 
 void VmCalendar::InitProperties(Date selected) {
     const bool announced = m_state.monthAnnounced;
-    m_state = CalendarState{};
+    m_state = NewState(selected);
     m_state.monthAnnounced = announced;
-    m_state.dateValue = selected;
     m_state.shownDate = selected;
-    const FontRef font = m_platform.hosting.AmbientFont();
-    m_state.dayFont = CopyOf(font);
-    m_state.monthFont = CopyOf(font);
-    m_state.weekDayFont = CopyOf(font);
     m_days->LoadMonth(DayOf(m_state.shownDate));
     m_state.ready = true;
     SyncSelectors();
@@ -61,24 +53,10 @@ void VmCalendar::Announce(std::string_view property, AfterEffect effect) {
     }
 }
 
-void VmCalendar::Enabled(bool value) {
-    m_platform.windowing.Enabled(value);
+void VmCalendar::Let(const WindowProperty<bool>& property, bool value) {
+    property.Store(Storage(), value);
     EndPress();
-    Announce(kEnabled, AfterEffect::Repaint);
-}
-
-void VmCalendar::MouseIcon(PictureRef value) {
-    if (value && value->Type() != PictureType::Icon) {
-        throw AutomationError(ErrorNumber::InvalidPropertyValue);
-    }
-    m_platform.windowing.MouseIcon(std::move(value));
-    Announce(kMouseIcon, AfterEffect::Nothing);
-}
-
-void VmCalendar::MousePointer(std::int16_t value) {
-    if (!IsMousePointer(value)) return;
-    m_platform.windowing.MousePointer(value);
-    Announce(kMousePointer, AfterEffect::Nothing);
+    Announce(property.name, property.effect);
 }
 
 VmOLEDropModeConstants VmCalendar::OLEDropMode() const {

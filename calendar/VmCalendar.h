@@ -51,13 +51,13 @@ public:
     /// `DateValue` down to it without events and without a repaint. Error 380: year outside
     /// 200..4600, or earlier than `DateMin`.
     Date DateMax() const { return m_state.dateMax; }
-    void DateMax(Date value);
+    void DateMax(Date value) { Let(kDateMax, value); }
 
     /// Earliest date that can be selected; always the first day of its month. Setting it moves an
     /// earlier `DateValue` up to it without events and without a repaint. Error 380: year outside
     /// 200..4600, or later than `DateMax`.
     Date DateMin() const { return m_state.dateMin; }
-    void DateMin(Date value);
+    void DateMin(Date value) { Let(kDateMin, value); }
 
     /// The selected date. Reads as text in the locale's short form; takes a date, a number (day
     /// number) or text. Empty, and another time on the same day, change nothing. Raises, each only
@@ -103,7 +103,7 @@ public:
 
     /// The control window's own state. A disabled calendar is grey and ignores keys and mouse.
     bool Enabled() const { return m_platform.windowing.Enabled(); }
-    void Enabled(bool value);
+    void Enabled(bool value) { Let(kEnabled, value); }
 
     /// First column of the full week, 1 (Sunday)..7. Without the weekend it is always Monday.
     VmWeekDays FirstDayOfWeek() const { return m_state.firstDayOfWeek; }
@@ -131,10 +131,10 @@ public:
     /// Pointer over the calendar while `MousePointer` is 99. Null for none. Error 380: a picture
     /// that is no icon.
     PictureRef MouseIcon() const { return m_platform.windowing.MouseIcon(); }
-    void MouseIcon(PictureRef value);
+    void MouseIcon(const PictureRef& value) { Let(kMouseIcon, value); }
     /// 0..15 or 99; any other value is ignored without an error.
     std::int16_t MousePointer() const { return m_platform.windowing.MousePointer(); }
-    void MousePointer(std::int16_t value);
+    void MousePointer(std::int16_t value) { Let(kMousePointer, value); }
 
     /// The day of the shown month whose number is that of `DateValue`. Error 381: a month without
     /// that day is shown.
@@ -202,16 +202,18 @@ public:
     /// A property by its row: the getter and the setter of that name.
     template <class Row>
     typename Row::Value Get(const Row& property) const {
-        return property.Get(m_state, *m_days);
+        return property.Get(PropertyStorage{m_state, *m_days, m_platform.windowing});
     }
+    Variant Get(const DateProperty&) const { return DateValue(); }
     template <class Row>
     void Let(const Row& property, const typename Row::Value& value) {
-        if (property.admits && !property.admits(value)) {
-            throw AutomationError(ErrorNumber::InvalidPropertyValue);
-        }
-        property.Store(m_state, *m_days, value);
+        if (!Admit(property, value)) return;
+        property.Store(Storage(), value);
         Announce(property.name, property.effect);
     }
+    void Let(const WindowProperty<bool>& property, bool value);
+    void Let(const LimitProperty& property, Date value);
+    void Let(const DateProperty&, const Variant& value) { DateValue(value); }
     std::string_view TypeName() const override { return "VmCalendar"; }
     /// The published properties by name, in any case, converted to their types.
     Variant GetMember(std::string_view name) const override;
@@ -284,11 +286,12 @@ public:
     void OnDateScroll(int value);
 
 private:
+    CalendarStorage Storage() { return {m_state, *m_days, m_platform.windowing}; }
+    CalendarState NewState(Date selected) const;
     void Announce(std::string_view property, AfterEffect effect);
 
     // Dates
     bool IsSelectable(DayNumber day) const noexcept { return IsInLimits(m_state, day); }
-    void ApplyLimit(std::string_view name, bool clamps, Date limit);
     bool ShowDate(Date date);
     void SyncSelectors();
     /// Whether the grid goes along with the selection, or only when the month's number changes:

@@ -30,9 +30,9 @@ void VmCalDropDown::ToggleDropDown() {
 /// pixels.
 Rect VmCalDropDown::DropDownPlace() const {
     const Size box = m_platform.windowing.ClientSize();
-    const int left = m_alignment == VmRightJustified ? box.width - 1 - m_widthPixels : 0;
+    const int left = m_box.alignment == VmRightJustified ? box.width - 1 - m_box.widthPixels : 0;
     const Point corner = m_platform.windowing.ClientToScreen({left, box.height});
-    return {corner.x, corner.y, corner.x + m_widthPixels, corner.y + m_heightPixels};
+    return {corner.x, corner.y, corner.x + m_box.widthPixels, corner.y + m_box.heightPixels};
 }
 
 void VmCalDropDown::ShowDropDown() {

@@ -15,7 +15,7 @@ namespace {
 }  // namespace
 
 VmCalDropDown::VmCalDropDown(const BoxPlatform& platform, DropDownForm& form)
-    : m_platform(platform), m_form(form), m_store(platform.dates) {
+    : m_platform(platform), m_form(form), m_store(platform.dates, &platform.windowing) {
     m_store.Days()->DayChanged.Connect([this](Date& day, std::string&) { CopyDecoration(day); });
 }
 
@@ -27,10 +27,6 @@ void VmCalDropDown::Abandon() {
     if (!OwnsForm()) return;
     m_form.SetOwner(nullptr);
     m_form.Close();
-}
-
-void VmCalDropDown::Notify(std::string_view key) {
-    if (!m_loading) m_platform.hosting.PropertyChanged(key);
 }
 
 /// An open calendar shows the new value; then the container learns of it.
@@ -47,116 +43,54 @@ void VmCalDropDown::PassOn(std::string_view member) {
     m_opening = opening;
 }
 
-void VmCalDropDown::Let(const Property<VmMonthYearSelStyleConstants>& property,
-                        VmMonthYearSelStyleConstants value) {
-    if (value != VmMonthSelNone && value != VmMonthSelArrows) Refuse();
+void VmCalDropDown::Let(const WindowProperty<bool>& property, bool value) {
     m_store.Let(property, value);
+    const Lifetime::Watch alive(m_lifetime);
+    OnWindowChanged();
+    if (alive) Notify(InBox(property).key);
+}
+
+void VmCalDropDown::Let(const LimitProperty& property, Date value) {
+    m_store.Let(property, value);
+    UpdateDateText(DateValue());
     StoreChanged(property.name, property.name);
 }
 
-void VmCalDropDown::Let(const Property<VmAppearanceConstants>& property,
-                        VmAppearanceConstants value) {
-    m_store.Let(property, value);
-    const bool isWhole = property.name == kAppearance.name;
-    StoreChanged(property.name, isWhole ? DropDownKeys::kAppearance : property.name);
+void VmCalDropDown::Let(const DateProperty& property, const Variant& value) {
+    m_store.Let(property, Variant(ToDate(value)));  // Empty and Null are no dates
+    ++m_dateChanges;
+    UpdateDateText(DateValue());
+    StoreChanged(property.name, property.name);
 }
 
-void VmCalDropDown::DateFormat(std::string value) {
-    m_dateFormat = std::move(value);
-    UpdateDateText(DateValue());
-    Notify(DropDownKeys::kDateFormat);
+void VmCalDropDown::Announce(std::string_view key, BoxEffect effect) {
+    if (effect == BoxEffect::Repaint) RepaintControl();
+    if (effect == BoxEffect::DateText) UpdateDateText(DateValue());
+    Notify(key);
 }
 
 void VmCalDropDown::UpdateDateText(Date date) {
-    std::string text = m_platform.dates.Format(date, m_dateFormat);
+    std::string text = m_platform.dates.Format(date, m_box.dateFormat);
     if (text == m_text) return;
     m_text = std::move(text);
     RepaintControl();
 }
 
-void VmCalDropDown::DateMax(Date value) {
-    m_store.DateMax(value);
-    UpdateDateText(DateValue());
-    StoreChanged(kDateMax.name, kDateMax.name);
-}
-
-void VmCalDropDown::DateMin(Date value) {
-    m_store.DateMin(value);
-    UpdateDateText(DateValue());
-    StoreChanged(kDateMin.name, kDateMin.name);
-}
-
-void VmCalDropDown::DateValue(const Variant& value) {
-    const Date date = ToDate(value);  // Empty and Null are no dates
-    m_store.DateValue(date);
-    ++m_dateChanges;
-    UpdateDateText(DateValue());
-    StoreChanged(kDateValue.name, kDateValue.name);
-}
-
-void VmCalDropDown::ComboFont(FontRef value) {
-    m_comboFont = std::move(value);
-    RepaintControl();
-    Notify(DropDownKeys::kComboFont);
-}
-
-void VmCalDropDown::DropDownAlignment(VmDropDownAlignmentConstants value) {
-    if (value < VmLeftJustified || value > VmRightJustified) Refuse();
-    m_alignment = value;
-    Notify(DropDownKeys::kAlignment);
-}
-
-std::int32_t VmCalDropDown::DropDownHeight() const {
-    return SizeInContainer(m_heightPixels, Axis::Vertical);
-}
-std::int32_t VmCalDropDown::DropDownWidth() const {
-    return SizeInContainer(m_widthPixels, Axis::Horizontal);
-}
-void VmCalDropDown::DropDownHeight(std::int32_t value) {
-    SetSize(m_heightPixels, value, Axis::Vertical, DropDownKeys::kHeight);
-}
-void VmCalDropDown::DropDownWidth(std::int32_t value) {
-    SetSize(m_widthPixels, value, Axis::Horizontal, DropDownKeys::kWidth);
-}
-
-void VmCalDropDown::SetSize(std::int32_t& pixels, std::int32_t value, Axis axis,
-                            std::string_view key) {
+void VmCalDropDown::Let(const SizeProperty& property, std::int32_t value) {
     const double wanted = ToPixels(value, ContainerScaleMode(m_platform.hosting),
-                                   m_platform.windowing.PixelsPerInch(), axis);
+                                   m_platform.windowing.PixelsPerInch(), property.axis);
     const double rounded = std::nearbyint(wanted);
+    constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
     if (rounded < 0) Refuse();
-    pixels = rounded < std::numeric_limits<std::int32_t>::max()
-                 ? static_cast<std::int32_t>(rounded)
-                 : std::numeric_limits<std::int32_t>::max();
-    Notify(key);
+    m_box.*property.field = rounded < kMost ? static_cast<std::int32_t>(rounded) : kMost;
+    Notify(property.key);
 }
 
-std::int32_t VmCalDropDown::SizeInContainer(std::int32_t pixels, Axis axis) const {
-    const double size = FromPixels(pixels, ContainerScaleMode(m_platform.hosting),
-                                   m_platform.windowing.PixelsPerInch(), axis);
-    return size < std::numeric_limits<std::int32_t>::max()
-               ? static_cast<std::int32_t>(std::lround(size))
-               : std::numeric_limits<std::int32_t>::max();
-}
-
-void VmCalDropDown::Enabled(bool value) {
-    m_platform.windowing.Enabled(value);
-    const Lifetime::Watch alive(m_lifetime);
-    OnWindowChanged();
-    if (alive) Notify(DropDownKeys::kEnabled);
-}
-
-void VmCalDropDown::MouseIcon(PictureRef value) {
-    m_store.MouseIcon(value);
-    m_platform.windowing.MouseIcon(std::move(value));
-    StoreChanged(kMouseIcon, DropDownKeys::kMouseIcon);
-}
-
-void VmCalDropDown::MousePointer(std::int16_t value) {
-    if (!IsMousePointer(value)) return;
-    m_store.MousePointer(value);
-    m_platform.windowing.MousePointer(value);
-    StoreChanged(kMousePointer, DropDownKeys::kMousePointer);
+std::int32_t VmCalDropDown::Get(const SizeProperty& property) const {
+    const double size = FromPixels(m_box.*property.field, ContainerScaleMode(m_platform.hosting),
+                                   m_platform.windowing.PixelsPerInch(), property.axis);
+    constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
+    return size < kMost ? static_cast<std::int32_t>(std::lround(size)) : kMost;
 }
 
 VmOLEDropModeConstants VmCalDropDown::OLEDropMode() const {
@@ -173,10 +107,10 @@ void VmCalDropDown::AboutBox() { m_form.Calendar().AboutBox(); }
 void VmCalDropDown::RepaintControl() { m_platform.drawing.InvalidateRect(hWnd(), nullptr); }
 
 void VmCalDropDown::OnPaint(SurfaceHandle surface) {
-    if (!m_comboFont) m_comboFont = m_platform.hosting.AmbientFont();
+    if (!m_box.comboFont) m_box.comboFont = m_platform.hosting.AmbientFont();
     const DropDownView view{.client = m_platform.windowing.ClientSize(),
                             .text = m_text,
-                            .font = *m_comboFont,
+                            .font = *m_box.comboFont,
                             .enabled = TakesInput(),
                             .focused = m_hasFocus,
                             .buttonDown = m_buttonDown};

@@ -3,27 +3,13 @@
 #include "calendar/CProperties.h"
 #include "dropdown/DropDownEvents.h"
 #include "dropdown/DropDownForm.h"
+#include "dropdown/DropDownProperties.h"
 #include "platform/Platform.h"
-#include "platform/ScaleMode.h"
 
 #include <cstdint>
 #include <string>
 
 namespace velmora {
-
-/// The names under which the box saves its properties and reports their changes, where they are not
-/// the properties' own.
-namespace DropDownKeys {
-inline constexpr std::string_view kComboFont = "ComboFont";
-inline constexpr std::string_view kDateFormat = "ComboDateFormat";
-inline constexpr std::string_view kAlignment = "DropDownAlignment";
-inline constexpr std::string_view kHeight = "DropDownHeight";
-inline constexpr std::string_view kWidth = "DropDownWidth";
-inline constexpr std::string_view kEnabled = "ComboEnabled";
-inline constexpr std::string_view kMouseIcon = "ComboMouseIcon";
-inline constexpr std::string_view kMousePointer = "ComboMousePointer";
-inline constexpr std::string_view kAppearance = "DropDownAppearance";
-}  // namespace DropDownKeys
 
 /// The window of a date box.
 class BoxWindowing : public Windowing {
@@ -61,60 +47,77 @@ public:
 
     DropDownEvents& Events() noexcept { return m_events; }
 
-    /// A calendar-facing property by its row; `kMonthYearSelStyle` takes 0 and 1 only.
+    /// A property by its row: the getter and the setter of that name. `kMonthYearSelStyle` takes 0
+    /// and 1 only.
     template <class Row>
     typename Row::Value Get(const Row& property) const {
         return m_store.Get(property);
     }
+    template <class T>
+    const T& Get(const BoxProperty<T>& property) const {
+        return m_box.*property.field;
+    }
+    Variant Get(const DateProperty&) const { return DateValue(); }
+    std::int32_t Get(const SizeProperty& property) const;
+    bool Get(const DropDownStateProperty&) const { return m_droppedDown; }
     template <class Row>
     void Let(const Row& property, const typename Row::Value& value) {
+        if (!AdmitInBox(property, value)) return;
         m_store.Let(property, value);
-        StoreChanged(property.name, property.name);
+        StoreChanged(property.name, InBox(property).key);
     }
-    void Let(const Property<VmMonthYearSelStyleConstants>& property,
-             VmMonthYearSelStyleConstants value);
-    void Let(const Property<VmAppearanceConstants>& property, VmAppearanceConstants value);
+    template <class T>
+    void Let(const BoxProperty<T>& property, const T& value) {
+        Admit(property, value);
+        m_box.*property.field = value;
+        Announce(property.key, property.effect);
+    }
+    void Let(const WindowProperty<bool>& property, bool value);
+    void Let(const LimitProperty& property, Date value);
+    void Let(const DateProperty& property, const Variant& value);
+    void Let(const SizeProperty& property, std::int32_t value);
+    void Let(const DropDownStateProperty&, bool value) { DropDownState(value); }
     std::string_view TypeName() const override { return "VmCalDropDown"; }
     Variant GetMember(std::string_view name) const override;
     void LetMember(std::string_view name, const Variant& value) override;
     Date ToDate(const Variant& value) const { return m_platform.dates.ToDate(value); }
 
     /// Format expression or named format of the text; an empty one gives the general form.
-    const std::string& DateFormat() const { return m_dateFormat; }
-    void DateFormat(std::string value);
+    const std::string& DateFormat() const { return m_box.dateFormat; }
+    void DateFormat(const std::string& value) { Let(kDateFormat, value); }
     /// The text that the box shows.
     const std::string& Text() const { return m_text; }
 
     /// As the calendar's limits; a date beyond them moves to them.
     Date DateMax() const { return m_store.DateMax(); }
-    void DateMax(Date value);
+    void DateMax(Date value) { Let(kDateMax, value); }
     Date DateMin() const { return m_store.DateMin(); }
-    void DateMin(Date value);
+    void DateMin(Date value) { Let(kDateMin, value); }
     /// Takes a date, a day number or date text; keeps its time; a date beyond the limits becomes
     /// the limit. Error 13: no date.
     Date DateValue() const { return m_store.DateValue(); }
-    void DateValue(const Variant& value);
+    void DateValue(const Variant& value) { Let(kDateValue, value); }
 
     /// The days of the month of `DateValue`; of the shown month while the calendar is open.
     const DaysRef& Days() const { return m_store.Days(); }
     DayRef SelectedDay() const { return m_store.SelectedDay(); }
 
-    const FontRef& ComboFont() const { return m_comboFont; }
-    void ComboFont(FontRef value);
+    const FontRef& ComboFont() const { return m_box.comboFont; }
+    void ComboFont(const FontRef& value) { Let(kComboFont, value); }
     /// 0 or 1, else error 380.
-    VmDropDownAlignmentConstants DropDownAlignment() const { return m_alignment; }
-    void DropDownAlignment(VmDropDownAlignmentConstants value);
+    VmDropDownAlignmentConstants DropDownAlignment() const { return m_box.alignment; }
+    void DropDownAlignment(VmDropDownAlignmentConstants value) { Let(kDropDownAlignment, value); }
     /// Size of the drop-down in the units of the container. Error 380: below 0 pixels.
-    std::int32_t DropDownHeight() const;
-    void DropDownHeight(std::int32_t value);
-    std::int32_t DropDownWidth() const;
-    void DropDownWidth(std::int32_t value);
+    std::int32_t DropDownHeight() const { return Get(kDropDownHeight); }
+    void DropDownHeight(std::int32_t value) { Let(kDropDownHeight, value); }
+    std::int32_t DropDownWidth() const { return Get(kDropDownWidth); }
+    void DropDownWidth(std::int32_t value) { Let(kDropDownWidth, value); }
     bool Enabled() const { return m_platform.windowing.Enabled(); }
-    void Enabled(bool value);
+    void Enabled(bool value) { Let(kEnabled, value); }
     PictureRef MouseIcon() const { return m_platform.windowing.MouseIcon(); }
-    void MouseIcon(PictureRef value);
+    void MouseIcon(const PictureRef& value) { Let(kMouseIcon, value); }
     std::int16_t MousePointer() const { return m_platform.windowing.MousePointer(); }
-    void MousePointer(std::int16_t value);
+    void MousePointer(std::int16_t value) { Let(kMousePointer, value); }
     /// True from a successful or cancelled opening until the next close. True gives the box the
     /// focus and opens; False closes, with `CloseUp` also when it was closed. Nothing while
     /// disabled.
@@ -168,7 +171,8 @@ private:
     bool TakesInput() const { return m_platform.windowing.TakesInput(); }
     void StoreChanged(std::string_view member, std::string_view key);
     void PassOn(std::string_view member);
-    void Notify(std::string_view key);
+    void Announce(std::string_view key, BoxEffect effect);
+    void Notify(std::string_view key) { m_platform.hosting.PropertyChanged(key); }
     void UpdateDateText(Date date);
     void TakeCalendarDate();
     void CopyDecoration(Date day);
@@ -181,26 +185,17 @@ private:
     bool StepByKey(std::int16_t keyCode, std::int16_t shift);
     void StepOwnDate(Date date);
 
-    bool Restore(std::string_view key, std::string_view member, const Variant& value,
-                 Date& maximum);
-    void SetSize(std::int32_t& pixels, std::int32_t value, Axis axis, std::string_view key);
     float InContainer(float pixels, Axis axis) const;
-    std::int32_t SizeInContainer(std::int32_t pixels, Axis axis) const;
 
     BoxPlatform m_platform;
     DropDownForm& m_form;
     CProperties m_store;
     DropDownEvents m_events;
     Lifetime m_lifetime;
-    std::string m_dateFormat = "Short Date";
+    BoxState m_box;
     std::string m_text;
-    FontRef m_comboFont;
-    VmDropDownAlignmentConstants m_alignment = VmLeftJustified;
-    std::int32_t m_heightPixels = 200;
-    std::int32_t m_widthPixels = 250;
     bool m_droppedDown = false;
     bool m_hasFocus = false;
-    bool m_loading = false;      // saved values come in, which is no news for the container
     bool m_opening = false;      // what the calendar reports while it is loaded is no news
     bool m_pendingDrop = false;  // opens with the focus that has been asked for
     bool m_noLostFocus = false;

@@ -3,7 +3,6 @@
 #include "platform/AutomationError.h"
 #include "platform/NumberText.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -17,16 +16,7 @@ double TextToDouble(const std::string& text) {
     return number;
 }
 
-constexpr char ToLower(char c) noexcept {
-    return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 }  // namespace
-
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) noexcept {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return ToLower(x) == ToLower(y); });
-}
 
 void RaiseTypeMismatch() { throw AutomationError(ErrorNumber::TypeMismatch); }
 

@@ -4,7 +4,9 @@
 #include "platform/Values.h"
 #include "platform/Variant.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -40,8 +42,14 @@ Variant ToVariant(const T& value);
 
 [[noreturn]] void RaiseTypeMismatch();
 
-/// Member names are the same in any case (ASCII).
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) noexcept;
+/// The order of member names, which are the same in any case (ASCII).
+constexpr bool PrecedesIgnoringCase(std::string_view a, std::string_view b) noexcept {
+    constexpr auto lower = [](char c) {
+        return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [=](char x, char y) { return lower(x) < lower(y); });
+}
 
 template <class T>
 std::shared_ptr<T> ToObject(const Variant& value) {
@@ -66,6 +74,12 @@ T FromVariant(const Variant& value) {
         return date ? *date : Date(ToDouble(value));
     } else if constexpr (std::is_same_v<T, FontRef> || std::is_same_v<T, PictureRef>) {
         return ToObject<typename T::element_type>(value);
+    } else if constexpr (std::is_same_v<T, std::string>) {
+        const auto* text = value.As<std::string>();
+        if (!text) RaiseTypeMismatch();
+        return *text;
+    } else if constexpr (std::is_same_v<T, std::int32_t>) {
+        return ToInt32(value);
     } else {
         static_assert(std::is_same_v<T, std::int16_t>);
         const std::int32_t number = ToInt32(value);

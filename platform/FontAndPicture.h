@@ -23,6 +23,11 @@ struct StdFont : Object {
 
 using FontRef = std::shared_ptr<StdFont>;
 
+/// A font of its own, so that a change of one leaves the others alone; null stays null.
+inline FontRef CopyOf(const FontRef& font) {
+    return font ? std::make_shared<StdFont>(*font) : nullptr;
+}
+
 enum class PictureType : std::int16_t {
     None = 0,
     Bitmap = 1,

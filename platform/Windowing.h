@@ -45,26 +45,30 @@ public:
     virtual void Position(int minimum, int maximum, int value) = 0;
 };
 
-/// One control's window: its state, its children, its place on the screen. Coordinates are pixels.
-class Windowing {
+/// The published properties that live on a control's window.
+class WindowProperties {
 public:
-    virtual ~Windowing() = default;
+    virtual ~WindowProperties() = default;
 
-    virtual WindowHandle Handle() const = 0;
-    virtual Size ClientSize() const = 0;
-    virtual double PixelsPerInch() const = 0;
-
-    /// The window's own state; what it looks like depends on `TakesInput`.
+    /// The window's own state; what it looks like depends on `Windowing::TakesInput`.
     virtual bool Enabled() const = 0;
     virtual void Enabled(bool enabled) = 0;
-    /// Enabled, and so is every window around it.
-    virtual bool TakesInput() const = 0;
-
     /// 0 default, 1..15 the platform's pointers, 99 the mouse icon.
     virtual std::int16_t MousePointer() const = 0;
     virtual void MousePointer(std::int16_t pointer) = 0;
     virtual PictureRef MouseIcon() const = 0;
     virtual void MouseIcon(PictureRef icon) = 0;
+};
+
+/// One control's window: its state, its children, its place on the screen. Coordinates are pixels.
+class Windowing : public WindowProperties {
+public:
+    virtual WindowHandle Handle() const = 0;
+    virtual Size ClientSize() const = 0;
+    virtual double PixelsPerInch() const = 0;
+
+    /// Enabled, and so is every window around it.
+    virtual bool TakesInput() const = 0;
     /// 0 none, 1 manual (events only), 2 automatic (the platform answers by itself).
     virtual std::int32_t OLEDropMode() const = 0;
     virtual void OLEDropMode(std::int32_t mode) = 0;

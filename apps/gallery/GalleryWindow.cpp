@@ -47,6 +47,9 @@ GalleryWindow::GalleryWindow(QDate date, QWidget* parent)
     ShowPage(0);
 }
 
+/// Its children end after it, and the focus leaves them then.
+GalleryWindow::~GalleryWindow() { disconnect(qApp, nullptr, this, nullptr); }
+
 void GalleryWindow::ShowPage(int index) {
     QLayout& place = *m_pages->widget(index)->layout();
     if (place.isEmpty()) place.addWidget(Pages()[static_cast<std::size_t>(index)].make(m_date));

@@ -15,6 +15,7 @@ class GalleryWindow : public QMainWindow {
 
 public:
     explicit GalleryWindow(QDate date, QWidget* parent = nullptr);
+    ~GalleryWindow() override;
 
     /// 0..`Pages().size()` - 1.
     void ShowPage(int index);

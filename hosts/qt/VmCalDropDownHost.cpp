@@ -103,7 +103,7 @@ void VmCalDropDownWidget::Host::WindowChanged() {
 
 void VmCalDropDownWidget::Host::EnabledChanged() {
     WindowChanged();
-    if (m_windowing.TakeEnabledChange()) PropertyChanged(DropDownKeys::kEnabled);
+    if (m_windowing.TakeEnabledChange()) PropertyChanged(InBox(kEnabled).key);
 }
 
 void VmCalDropDownWidget::Host::LocaleChanged() {

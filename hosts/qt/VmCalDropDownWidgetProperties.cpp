@@ -27,12 +27,12 @@ QFont VmCalDropDownWidget::comboFont() const {
     return m_host->FontOf(m_host->dropDown.ComboFont());
 }
 void VmCalDropDownWidget::setComboFont(const QFont& value) {
-    m_host->Set<FontRef>("comboFont", &VmCalDropDown::ComboFont, Host::NewFont(value));
+    m_host->LetFont("comboFont", kComboFont, value);
 }
 
 QString VmCalDropDownWidget::dateFormat() const { return ToQString(m_host->dropDown.DateFormat()); }
 void VmCalDropDownWidget::setDateFormat(const QString& value) {
-    m_host->Set<std::string>("dateFormat", &VmCalDropDown::DateFormat, value.toStdString());
+    m_host->Let("dateFormat", kDateFormat, value.toStdString());
 }
 
 QDate VmCalDropDownWidget::dateMax() const { return ToQDate(DayOf(m_host->dropDown.DateMax())); }
@@ -191,7 +191,7 @@ QPixmap VmCalDropDownWidget::mouseIcon() const {
     return QPixmap::fromImage(ToQImage(m_host->dropDown.MouseIcon()));
 }
 void VmCalDropDownWidget::setMouseIcon(const QPixmap& value) {
-    m_host->Set<PictureRef>("mouseIcon", &VmCalDropDown::MouseIcon, iconPicture(value.toImage()));
+    m_host->Let("mouseIcon", kMouseIcon, iconPicture(value.toImage()));
 }
 
 int VmCalDropDownWidget::mousePointer() const { return m_host->dropDown.MousePointer(); }

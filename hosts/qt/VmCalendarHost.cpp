@@ -117,7 +117,7 @@ void VmCalendarWidget::Host::LoseMouse() {
 void VmCalendarWidget::Host::EnabledChanged() {
     m_clickBegun = false;
     calendar.OnWindowChanged();
-    if (m_windowing.TakeEnabledChange()) PropertyChanged(kEnabled);
+    if (m_windowing.TakeEnabledChange()) PropertyChanged(kEnabled.name);
 }
 
 void VmCalendarWidget::Host::LocaleChanged() {

@@ -161,7 +161,8 @@ QPixmap VmCalendarWidget::mouseIcon() const {
     return QPixmap::fromImage(ToQImage(m_host->calendar.MouseIcon()));
 }
 void VmCalendarWidget::setMouseIcon(const QPixmap& value) {
-    m_host->Set<PictureRef>("mouseIcon", &VmCalendar::MouseIcon, iconPicture(value.toImage()));
+    m_host->Set<const PictureRef&>("mouseIcon", &VmCalendar::MouseIcon,
+                                   iconPicture(value.toImage()));
 }
 
 int VmCalendarWidget::mousePointer() const { return m_host->calendar.MousePointer(); }

@@ -155,9 +155,6 @@ TEST(CProperties, ClipsItsDateAndKeepsItsDaysInStep) {
     holder.DateMin(DateOf(Day(2019, 2, 1)));
     holder.DateValue(Date(1));
     EXPECT_EQ(DayOf(holder.DateValue()), Day(2019, 2, 1));
-    holder.Limits(DateOf(Day(2024, 2, 3)), DateOf(Day(2024, 5, 3)));
-    EXPECT_EQ(DayOf(holder.DateValue()), Day(2024, 2, 1));
-    EXPECT_EQ(holder.Days()->Count(), 29);
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ TEST_F(DropDown, RefusedSavedValuesGiveTheDefaults) {
         if (row.kind != Kind::Choice && row.kind != Kind::Limit) continue;
         EXPECT_EQ(ReadBack(box, row), row.initial) << row.name;
     }
-    EXPECT_EQ(box.DropDownHeight(), 0);
+    EXPECT_EQ(box.DropDownHeight(), 200);
     EXPECT_EQ(DateOfBox(), Day(1100, 1, 1));
     EXPECT_EQ(box.Text(), "1100");
 }

@@ -42,6 +42,14 @@ struct PropertyRow {
     bool copied = true;   // by `SetProps`, and from a box to its calendar
     Repaint repaint = Repaint::Whole;
 
+    // In front of what uses it: clang instantiates it there.
+    template <class T>
+    constexpr PropertyRow With(T PropertyRow::*field, T value) const {
+        PropertyRow row = *this;
+        row.*field = value;
+        return row;
+    }
+
     /// A value that differs from the initial one.
     constexpr double Changed() const { return low != initial ? low : high; }
     /// The name under which it is saved and its change is reported.
@@ -53,14 +61,6 @@ struct PropertyRow {
     constexpr PropertyRow NotCopied() const { return With(&PropertyRow::copied, false); }
     constexpr PropertyRow As(Form other) const { return With(&PropertyRow::form, other); }
     constexpr PropertyRow Repaints(Repaint part) const { return With(&PropertyRow::repaint, part); }
-
-private:
-    template <class T>
-    constexpr PropertyRow With(T PropertyRow::*field, T value) const {
-        PropertyRow row = *this;
-        row.*field = value;
-        return row;
-    }
 };
 
 /// Numbers that are refused with error 380; a `Pointer` ignores them. Text that is none, Null and

@@ -10,16 +10,6 @@ namespace {
 
 constexpr std::string_view kFonts[] = {"ComboFont", "DayFont", "MonthFont", "WeekDayFont"};
 
-/// Keys of the saved format whose property has another name.
-struct Renamed {
-    std::string_view key;
-    std::string_view property;
-};
-constexpr Renamed kRenamed[] = {{DropDownKeys::kDateFormat, "DateFormat"},
-                                {DropDownKeys::kEnabled, kEnabled},
-                                {DropDownKeys::kMouseIcon, kMouseIcon},
-                                {DropDownKeys::kMousePointer, kMousePointer}};
-
 using MouseMember = void (VmCalDropDown::*)(std::int16_t, std::int16_t, float, float);
 
 void CallMouse(VmCalDropDown& box, MouseMember member, const short* button, const short* shift,
@@ -175,10 +165,7 @@ void DropDownControl::OnDropModeChanged() {
 }
 
 std::string_view DropDownControl::PropertyOfKey(std::string_view key) const {
-    for (const Renamed& renamed : kRenamed) {
-        if (renamed.key == key) return renamed.property;
-    }
-    return key;
+    return NameOfKey(BoxOrder(), key);
 }
 
 bool DropDownControl::WantsKey(WORD virtualKey, bool) const {
