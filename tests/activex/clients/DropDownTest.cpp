@@ -50,6 +50,15 @@ protected:
         EXPECT_TRUE(Serve([&] { return IsOpen(box) && OpenCalendar(); }));
         EXPECT_EQ(GetFocus(), box.ControlWindow());
     }
+    /// Which keys are its own and not its form's.
+    DWORD KeysOfBox() const {
+        ComPtr<IOleControl> control;
+        box.Control()->QueryInterface(IID_IOleControl,
+                                      reinterpret_cast<void**>(control.GetAddressOf()));
+        CONTROLINFO info{sizeof info, nullptr, 0, 77};
+        control->GetControlInfo(&info);
+        return info.dwFlags;
+    }
     void MoveForm(int x, int y) {
         SetWindowPos(form->Window(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     }
@@ -73,10 +82,12 @@ TEST_F(DropDowns, CloseByWhatHappensOutside) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.how);
         Open();
+        EXPECT_EQ(KeysOfBox(), CTRLINFO_EATS_RETURN | CTRLINFO_EATS_ESCAPE);
         c.close();
         EXPECT_TRUE(Serve([&] { return !IsOpen(box); }));
         ServeWaiting(form.Get());
         EXPECT_EQ(OpenCalendar(), nullptr);
+        EXPECT_EQ(KeysOfBox(), 0u);
         EXPECT_EQ(VisibleWindows(), 2) << "the form and the other window";
         EXPECT_EQ(GetCapture(), nullptr);
         EXPECT_EQ(GetFocus(), c.focus);

@@ -1,3 +1,4 @@
+#include "apps/vmhost/Persistence.h"
 #include "hosts/activex/control/DropDownControl.h"
 #include "hosts/activex/win32/WinText.h"
 #include "tests/activex/shell/ShellFixture.h"
@@ -49,6 +50,9 @@ TEST_F(Container, FollowsTheContainersLanguageAndFont) {
         SendMessageW(MonthList(), CB_GETLBTEXT, 4, reinterpret_cast<LPARAM>(name));
         EXPECT_STREQ(name, may);
     }
+    V_I4(&container->ambients[DISPID_AMBIENT_LOCALEID]) = 0x7FFF;  // no language
+    AmbientChanged(DISPID_AMBIENT_LOCALEID);
+    EXPECT_GT(SendMessageW(MonthList(), CB_GETLBTEXTLEN, 4, 0), 0);
     wchar_t face[] = L"Tahoma";
     FONTDESC description{sizeof description, face, {.int64 = 140000}, FW_BOLD, 0, TRUE, 0, 0};
     VARIANT& ambient = container->ambients[DISPID_AMBIENT_FONT];
@@ -108,7 +112,19 @@ TEST_F(Container, AsksBeforeAChangeAndTellsAfterIt) {
     CreateStreamOnHGlobal(nullptr, TRUE, &stream);
     As<IPersistStreamInit>()->Save(stream.Get(), FALSE);
     stream->Seek({}, STREAM_SEEK_SET, nullptr);
-    Play({{"load", [&] { return As<IPersistStreamInit>()->Load(stream.Get()); }, ""}});
+    const auto bag = Adopt(new vmhost::TextBag);
+    OwnedVariant negative;
+    V_VT(&negative) = VT_I4;
+    V_I4(&negative) = -5;
+    bag->Write(L"_ExtentX", &negative);
+    SIZEL extent{};
+    const auto loadBag = [&] {
+        EXPECT_EQ(As<IPersistPropertyBag>()->Load(bag.Get(), nullptr), S_OK);
+        return object->GetExtent(DVASPECT_CONTENT, &extent);
+    };
+    Play({{"bag", loadBag, ""},
+          {"load", [&] { return As<IPersistStreamInit>()->Load(stream.Get()); }, ""}});
+    EXPECT_EQ(extent.cx, 6615) << "nothing is narrower than nothing";
     Connect(IID_IPropertyNotifySink);
     container->refuseNextEdit = true;
     Play({{"refused by one", [&] { return Change(::VmMonthFullName); }, "OnRequestEdit(19)",

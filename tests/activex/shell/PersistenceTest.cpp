@@ -25,7 +25,6 @@ protected:
         return display;
     }
     void Change() { As<::_VmCalendar>()->put_MonthDisplay(::VmMonthAbbrName); }
-    void Renew() { object = Adopt<IOleObject>(new CalendarControl); }
 };
 
 TEST_F(Persistence, IsInitialisedOnce) {
@@ -99,6 +98,10 @@ TEST_F(Persistence, AStorageGoesThroughItsStates) {
     EXPECT_EQ(storage->SaveCompleted(nullptr), S_OK);
     EXPECT_EQ(storage->IsDirty(), S_FALSE);
     EXPECT_EQ(container->TakeLog(), "OnSave");
+    Change();
+    EXPECT_EQ(storage->Save(second.Get(), FALSE), S_OK);
+    EXPECT_EQ(storage->SaveCompleted(nullptr), S_OK);
+    EXPECT_EQ(storage->IsDirty(), S_OK) << "a copy was saved, its own storage was not";
     EXPECT_EQ(storage->Save(second.Get(), FALSE), S_OK);
     EXPECT_EQ(storage->HandsOffStorage(), S_OK);
     EXPECT_EQ(storage->HandsOffStorage(), E_UNEXPECTED);
