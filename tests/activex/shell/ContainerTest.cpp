@@ -1,3 +1,4 @@
+#include "apps/vmhost/Automation.h"
 #include "apps/vmhost/Persistence.h"
 #include "hosts/activex/control/DropDownControl.h"
 #include "hosts/activex/win32/WinText.h"
@@ -129,6 +130,8 @@ TEST_F(Container, AsksBeforeAChangeAndTellsAfterIt) {
     container->refuseNextEdit = true;
     Play({{"refused by one", [&] { return Change(::VmMonthFullName); }, "OnRequestEdit(19)",
            "inactive", kSetNotPermitted}});
+    EXPECT_EQ(vmhost::GetProperty(object.Get(), "MonthBackColor").result.Type(), VT_I4)
+        << "no script has unsigned numbers";
     ::VmMonthDisplayConstants display{};
     As<::_VmCalendar>()->get_MonthDisplay(&display);
     EXPECT_EQ(display, ::VmMonthAbbrName);

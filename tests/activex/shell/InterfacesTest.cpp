@@ -146,6 +146,7 @@ TEST_F(Interfaces, EnumerateWhatTheCallerOwns) {
     EXPECT_EQ(verbs->Skip(1), S_OK);
     ASSERT_EQ(verbs->Clone(&copy), S_OK);
     EXPECT_EQ(copy->Skip(2), S_FALSE);
+    EXPECT_EQ(copy->Skip(1), S_FALSE);
     EXPECT_EQ(copy->Next(1, items, nullptr), S_FALSE) << "not beyond the end";
     EXPECT_EQ(verbs->Next(2, items, nullptr), E_POINTER);
 
