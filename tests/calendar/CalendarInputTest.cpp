@@ -30,6 +30,27 @@ TEST(CalendarKeyboard, LeavesTheKeysToAnOpenList) {
     EXPECT_EQ(test.TakeLog(), (Log{"KeyDown 39 0"}));
 }
 
+TEST(CalendarEvents, AreToldToThoseThatWereThereAndStillAre) {
+    Log log;
+    std::optional<Event<>> event(std::in_place);
+    event->Connect([&] {
+        log.push_back("first");
+        if (log.size() == 1) event->Connect([&] { log.push_back("new"); });
+    });
+    const auto second = event->Connect([&] { log.push_back("second"); });
+    event->Raise();
+    EXPECT_EQ(Joined(log), "first, second");
+    event->Disconnect(second);
+    event->Raise();
+    EXPECT_EQ(Joined(log), "first, second, first, new");
+    log.clear();
+    event.emplace();
+    event->Connect([&] { event.reset(); });
+    event->Connect([&] { log.push_back("behind the end"); });
+    event->Raise();
+    EXPECT_EQ(log, Log());
+}
+
 TEST(CalendarMouse, WhatEscapeHasEndedNoReleaseDoes) {
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelArrows);

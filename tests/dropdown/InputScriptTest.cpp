@@ -18,7 +18,7 @@ class CorePlayer : public InputPlayer {
         m_calendar.reset();
         m_typed.reset();
         m_pressed = Act::Release;
-        m_held = false;
+        m_held = m_painted = false;
         const auto told = [this](const std::string& name) { NoteProperty(name); };
         if (kind == Kind::Calendar) {
             m_calendar = std::make_unique<TestCalendar>(Size{282, 210});
@@ -185,7 +185,12 @@ class CorePlayer : public InputPlayer {
         return state;
     }
     void Settle(const std::string&) override {
-        if (m_calendar && !IsDestroyed()) m_calendar->Paint();
+        // The first paint has an event; the others before a mischief are as without it.
+        if (!m_calendar || IsDestroyed() ||
+            (std::exchange(m_painted, true) && IsBeforeMischief())) {
+            return;
+        }
+        m_calendar->Paint();
     }
 
     void Destroy() override {
@@ -206,7 +211,7 @@ class CorePlayer : public InputPlayer {
         }
         return all;
     }
-    /// The cells in the selection's colour and the pushed arrows.
+    /// The cells in the selection's colour.
     std::optional<std::string> Marked() override {
         if (!m_calendar) return std::nullopt;
         StrictDrawing& drawing = m_calendar->drawing;
@@ -214,12 +219,18 @@ class CorePlayer : public InputPlayer {
         m_calendar->Paint();
         std::string all;
         for (const StrictDrawing::Fill& fill : drawing.fills) {
-            if (fill.color == drawing.GetSysColor(13))
-                all += CellAt({fill.rect.left, fill.rect.top});
+            if (fill.color != drawing.GetSysColor(13)) continue;
+            all += CellAt({fill.rect.left, fill.rect.top});
         }
+        return all;
+    }
+    std::optional<std::string> Pushed() override {
+        if (!m_calendar) return std::nullopt;
         constexpr const char* kArrows[] = {"YearBack", "YearForward", "MonthBack", "MonthForward"};
-        for (std::size_t i = 0; i < drawing.frameStates.size(); ++i) {
-            if ((drawing.frameStates[i] & kFramePushed) != 0) all += kArrows[i];
+        std::string all;
+        const auto& states = m_calendar->drawing.frameStates;  // of the paint before
+        for (std::size_t i = 0; i < states.size(); ++i) {
+            if ((states[i] & kFramePushed) != 0) all += kArrows[i];
         }
         return all;
     }
@@ -228,6 +239,7 @@ class CorePlayer : public InputPlayer {
     std::unique_ptr<TestBoxes> m_box;
     Act m_pressed = Act::Release;
     bool m_held = false;
+    bool m_painted = false;
     std::optional<std::string> m_typed;
 };
 

@@ -195,6 +195,20 @@ class QtPlayer : public test::InputPlayer {
         }
         return state;
     }
+    /// As the screen shows it, not as it would be painted anew.
+    std::optional<std::string> Marked() override {
+        if (!m_calendar) return std::nullopt;
+        const QImage image =
+            m_window->screen()->grabWindow(m_window->winId(), 150, 10, 282, 210).toImage();
+        std::string all;
+        for (QPoint at(3, 55); at.y() < 200;
+             at += QPoint(at.x() > 240 ? -240 : 40, at.x() > 240 ? 26 : 0)) {
+            if (image.pixelColor(at) == m_widget->palette().color(QPalette::Highlight)) {
+                all += CellAt({at.x(), at.y()});
+            }
+        }
+        return all;
+    }
     void Settle(const std::string&) override {
         QApplication::processEvents();
         QApplication::processEvents();  // a signal of the first paint follows it

@@ -69,6 +69,7 @@ protected:
     virtual std::string BrokenInvariant() { return {}; }
     virtual std::optional<std::string> Repainted() { return std::nullopt; }
     virtual std::optional<std::string> Marked() { return std::nullopt; }
+    virtual std::optional<std::string> Pushed() { return std::nullopt; }
 
     /// A handler that notes an event with its arguments and answers it as the script wants.
     auto Noting(const std::string& event) {
@@ -95,6 +96,7 @@ protected:
         return found == m_answers.end() ? std::nullopt : std::optional(found->second);
     }
     const std::string& Log() const { return m_log; }
+    bool IsBeforeMischief() const { return !m_mischief.empty() && m_eventsToMischief >= 0; }
     static std::string TextOf(const Date& value);  // 2024-05-15
     /// The name of a place of the calendar, as the script has it.
     static std::string CellAt(Point at);

@@ -32,7 +32,7 @@ namespace velmora::test {
 /// A state is what has changed since the step before: the selected date, "(2024-06)" for the month
 /// that is shown when it is not the date's, and for this step alone "[6/2024]" for the month list
 /// and the year box when they show something else, in the core also "{15,16}" for the repainted
-/// days or `all` and "<3,3>" for the cells and arrows that are marked. The box's text is that of
+/// days or `all` and "^MonthBack" for a pushed arrow, there and in Qt "<3,3>" for the marked cell. The box's text is that of
 /// its date, and its calendar is to be seen from DropDown to CloseUp.
 ///
 /// Events of moves are left out: systems repeat and merge them as they like. Clicks at the same
@@ -134,16 +134,16 @@ let Enabled 1    = <4,6>
 release 4,2      => MouseUp(1, 0, 60, 143)
 move 3,3         = {}
 calendar; let MonthYearSelStyle 1
-press MonthForward = {band} <4,3MonthForward>
+press MonthForward = {band} <4,3> ^MonthForward
 move 3,3         = {band} <4,3>
-move MonthForward = {band} <4,3MonthForward>
+move MonthForward = {band} <4,3> ^MonthForward
 release MonthForward -> MonthChanged(6) = (2024-06) <>
 click YearBack   -> YearChanged(2023) = (2023-06)
 click MonthBack  -> MonthChanged(5) = (2023-05)
 click YearForward -> YearChanged(2024) = (2024-05)
 drag MonthBack 3,3 = <4,3>
 drag YearBack MonthForward; drag 3,3 YearForward; right YearBack
-press YearForward = <4,3YearForward>
+press YearForward = <4,3> ^YearForward
 key Escape       = {band} <4,3>
 up YearForward
 calendar; let MonthYearSelStyle 1

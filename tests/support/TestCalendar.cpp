@@ -151,11 +151,6 @@ void TestCalendar::Press(DayNumber day) {
     calendar->OnMouseDown(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
 }
 
-void TestCalendar::MoveTo(DayNumber day) {
-    const Point at = CenterOf(day);
-    calendar->OnMouseMove(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
-}
-
 void TestCalendar::Release(DayNumber day) {
     const Point at = CenterOf(day);
     calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));

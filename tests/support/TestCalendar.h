@@ -74,7 +74,6 @@ public:
     const std::vector<std::string>& Paint();
     const std::vector<std::string>& Paint(const Rect& exposed);
     void Press(DayNumber day);
-    void MoveTo(DayNumber day);
     void Release(DayNumber day);
     void Clicks(DayNumber day) { Press(day), Release(day); }
     Point CenterOf(DayNumber day) { return test::CenterOf(*calendar, day); }
@@ -118,13 +117,6 @@ private:
 
     void PropertyChanged(std::string_view name) override;
 };
-
-/// Connects to one of some events, counted from 0.
-template <class Handler, class... Events>
-void ConnectNth(int wanted, Handler handler, Events&... events) {
-    int index = 0;
-    ((index++ == wanted ? void(events.Connect(handler)) : void()), ...);
-}
 
 std::string IsoDate(DayNumber day);
 /// What is not empty of a log, separated by ", ".
