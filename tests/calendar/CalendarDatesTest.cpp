@@ -77,6 +77,31 @@ TEST(CalendarDates, AHandlerThatMovesTheDateAgainEndsTheFirstSequence) {
     EXPECT_EQ(test.BrokenInvariant(), "");
 }
 
+TEST(CalendarDates, AHandlerThatMovesTheDateEndsAStepOfTheMonthToo) {
+    TestCalendar test;
+    test.calendar->DateValue(DateOf(Day(2020, 1, 15)));
+    bool moved = false;
+    test.calendar->Events().MonthChanged.Connect([&](std::int16_t&) {
+        if (!std::exchange(moved, true)) test.calendar->DateValue(DateOf(Day(2020, 5, 5)));
+    });
+    test.TakeLog();
+    test.calendar->OnDateScroll(MonthIndex(Day(2019, 12, 1)));
+    EXPECT_EQ(Joined(test.TakeLog()),
+              "MonthChanged 12, DateChanged 2020-05-05, DayChanged 5, MonthChanged 5, notify "
+              "DateValue, repaint");
+}
+
+TEST(CalendarDates, WhatAHandlerChangesWaitsForTheOneRepaint) {
+    TestCalendar test;
+    test.calendar->Events().YearChanged.Connect(
+        [&](std::int16_t&) { test.calendar->MonthBackColor(0x123456); });
+    test.TakeLog();
+    test.calendar->DateValue(DateOf(Day(2021, 5, 5)));
+    EXPECT_EQ(Joined(test.TakeLog()),
+              "DateChanged 2021-05-05, DayChanged 5, MonthChanged 5, YearChanged 2021, notify "
+              "MonthBackColor, notify DateValue, repaint");
+}
+
 TEST(CalendarDates, InitRaisesMonthAndYearAndTheFirstPaintTheMonthOnceMore) {
     TestCalendar test;
     EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3", "YearChanged 2020", "repaint"}));

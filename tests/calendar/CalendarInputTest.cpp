@@ -83,6 +83,18 @@ TEST(CalendarSelectors, EscapeInTheListCancelsUntilItsKeyIsReleased) {
     EXPECT_TRUE(test.TakeLog().empty());
 }
 
+TEST(CalendarSelectors, FollowTheLocale) {
+    TestCalendar test;
+    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
+    test.Paint();
+    DateLocale locale;
+    locale.monthNames[6] = "juillet";
+    test.dates.Locale(std::make_shared<DateLocale>(locale));
+    test.calendar->OnLocaleChanged();
+    EXPECT_NE(test.monthList.items.find("June, juillet, August"), std::string::npos);
+    EXPECT_EQ(test.monthList.shown, "2");
+}
+
 TEST(CalendarSelectors, ATypedYearIsDroppedWhenItsBoxIsGone) {
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelCombo);

@@ -175,6 +175,9 @@ class CorePlayer : public InputPlayer {
         const DaysRef days = m_box ? Box().Days() : Calendar().Days();
         state.shown = IsoDate(DayOf(days->Item(1)->DayDate())).substr(0, 7);
         state.date = IsoDate(DayOf(m_box ? Box().DateValue() : Calendar().SelectedDate()));
+        if (m_calendar) {
+            EXPECT_EQ(m_calendar->captured, m_held);
+        }
         if (m_box) {
             state.text = Box().Text();
             state.open = m_box->visible;
@@ -190,7 +193,9 @@ class CorePlayer : public InputPlayer {
             (std::exchange(m_painted, true) && IsBeforeMischief())) {
             return;
         }
+        TakeRepaints();
         m_calendar->Paint();
+        m_calendar->TakeLog();
     }
 
     void Destroy() override {
@@ -202,14 +207,16 @@ class CorePlayer : public InputPlayer {
         return m_calendar ? m_calendar->BrokenInvariant() : m_box->BrokenInvariant();
     }
     std::optional<std::string> Repainted() override {
-        if (!m_calendar) return std::nullopt;
-        std::string all;
+        return m_calendar ? std::optional(m_repainted) : std::nullopt;
+    }
+    /// Before the next paint, which may find more.
+    void TakeRepaints() {
+        m_repainted.clear();
         for (const std::string& entry : m_calendar->TakeLog()) {
             if (!entry.starts_with("repaint")) continue;
-            if (!all.empty()) all += ',';
-            all += entry == "repaint" ? "all" : entry.substr(entry.find_last_of(" -") + 1);
+            if (!m_repainted.empty()) m_repainted += ',';
+            m_repainted += entry == "repaint" ? "all" : entry.substr(entry.find_last_of(" -") + 1);
         }
-        return all;
     }
     /// The cells in the selection's colour.
     std::optional<std::string> Marked() override {
@@ -240,6 +247,7 @@ class CorePlayer : public InputPlayer {
     Act m_pressed = Act::Release;
     bool m_held = false;
     bool m_painted = false;
+    std::string m_repainted;
     std::optional<std::string> m_typed;
 };
 

@@ -32,8 +32,8 @@ namespace velmora::test {
 /// A state is what has changed since the step before: the selected date, "(2024-06)" for the month
 /// that is shown when it is not the date's, and for this step alone "[6/2024]" for the month list
 /// and the year box when they show something else, in the core also "{15,16}" for the repainted
-/// days or `all` and "^MonthBack" for a pushed arrow, there and in Qt "<3,3>" for the marked cell. The box's text is that of
-/// its date, and its calendar is to be seen from DropDown to CloseUp.
+/// days or `all` and "^MonthBack" for a pushed arrow, there and in Qt "<3,3>" for the marked cell.
+/// The box's text is that of its date, and its calendar is to be seen from DropDown to CloseUp.
 ///
 /// Events of moves are left out: systems repeat and merge them as they like. Clicks at the same
 /// place need another press between them, or some systems make them a double click.

@@ -37,13 +37,12 @@ protected:
 class TestCalendar::List : public Child<ComboBox> {
 public:
     using Child::Child;
-    void Items(std::span<const std::string> items) override { m_count = items.size(); }
+    void Items(std::span<const std::string> items) override {
+        m_child.items = Joined({items.begin(), items.end()});
+    }
     int ListIndex() const override { return std::stoi(m_child.shown); }
     void ListIndex(int index) override { m_child.shown = std::to_string(index); }
     bool DroppedDown() const override { return m_child.dropped; }
-
-private:
-    std::size_t m_count = 0;
 };
 
 class TestCalendar::Box : public Child<TextBox> {

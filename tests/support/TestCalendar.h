@@ -54,6 +54,7 @@ struct FakeChild {
     bool visible = false;
     std::string shown;  // list index, text, or "minimum..maximum: value"
     bool dropped = false;
+    std::string items;
 };
 
 /// The middle of a day's cell, or a place far away from all when it has none.

@@ -57,11 +57,15 @@ TEST(CalendarWindow, MonthIsChosenFromTheListByMouseAndKeyboard) {
 
     Input::Keys({"alt+Down", "Up", "Up", "Return"});
     EXPECT_EQ(window.TakeLog(), "date:2024-06-15 month:6");
-    Input::Keys({"alt+Down", "Down", "Escape"});
-    EXPECT_EQ(window.TakeLog(), "month:6");
-    EXPECT_EQ(list.currentIndex(), 5);
     Input::Keys({"Down"});
-    EXPECT_EQ(window.TakeLog(), "date:2024-07-15 month:7") << "the Escape is over";
+    EXPECT_EQ(window.TakeLog(), "date:2024-07-15 month:7");
+    Input::Keys({"Return"});
+    EXPECT_EQ(window.TakeLog(), "month:7");
+    Input::Keys({"alt+Down", "Down", "Escape"});
+    EXPECT_EQ(window.TakeLog(), "month:7");
+    EXPECT_EQ(list.currentIndex(), 6);
+    Input::Keys({"Down"});
+    EXPECT_EQ(window.TakeLog(), "date:2024-08-15 month:8") << "the Escape is over";
     Input::Keys({"Tab", "1", "9", "9", "9", "Tab"});
     EXPECT_EQ(window.TakeLog(), "year:1999");
     EXPECT_TRUE(window.after().hasFocus());
