@@ -22,17 +22,6 @@ void Check(TestCalendar& test) {
     if (!test.drawing.faults.empty()) Fail(test.drawing.faults.front());
 }
 
-void Paint(TestCalendar& test) {
-    if (const auto& faults = test.Paint(); !faults.empty()) Fail(faults.front());
-    for (const auto& blit : test.drawing.blits) {
-        if (blit.left < 0 || blit.top < 0 || blit.right > test.client.width ||
-            blit.bottom > test.client.height) {
-            Fail("a paint left the control");
-        }
-    }
-    test.drawing.Forget();
-}
-
 void UseMouse(TestCalendar& test, ByteReader& deeds) {
     const auto x = static_cast<float>(deeds.Take<std::int8_t>() * 2);
     const auto y = static_cast<float>(deeds.Take<std::int8_t>() * 2);
@@ -84,6 +73,24 @@ void Do(TestCalendar& test, ByteReader& deeds) {
     }
 }
 
+}  // namespace
+
+void Fail(const std::string& what) {
+    std::fprintf(stderr, "finding: %s\n", what.c_str());
+    std::abort();
+}
+
+void Paint(TestCalendar& test) {
+    if (const auto& faults = test.Paint(); !faults.empty()) Fail(faults.front());
+    for (const auto& blit : test.drawing.blits) {
+        if (blit.left < 0 || blit.top < 0 || blit.right > test.client.width ||
+            blit.bottom > test.client.height) {
+            Fail("a paint left the control");
+        }
+    }
+    test.drawing.Forget();
+}
+
 void SaveAndLoad(const VmCalendar& calendar) {
     MemoryBag saved;
     calendar.WriteProps(saved);
@@ -93,13 +100,6 @@ void SaveAndLoad(const VmCalendar& calendar) {
     TestCalendar other;
     other.calendar->ReadProps(loaded);
     Check(other);
-}
-
-}  // namespace
-
-void Fail(const std::string& what) {
-    std::fprintf(stderr, "finding: %s\n", what.c_str());
-    std::abort();
 }
 
 void LiveThrough(PropertyBag& bag, ByteReader deeds) {

@@ -7,6 +7,13 @@
 #include <string>
 #include <string_view>
 
+namespace velmora {
+class VmCalendar;
+namespace test {
+class TestCalendar;
+}
+}  // namespace velmora
+
 namespace velmora::fuzz {
 
 /// Ends the program with a message, as a finding.
@@ -36,6 +43,11 @@ public:
 private:
     std::string_view m_rest;
 };
+
+/// Paints the whole; a leak, a fault of the drawing or a pixel outside is a finding.
+void Paint(test::TestCalendar& test);
+/// What the calendar saves must be loadable, and saved again the same.
+void SaveAndLoad(const VmCalendar& calendar);
 
 /// What happens to a calendar with those values: it is read, painted, worked with by keyboard,
 /// mouse and selectors, and saved; what it saves must be loadable. `deeds` chooses what is done.

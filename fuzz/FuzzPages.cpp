@@ -1,0 +1,108 @@
+#include "fuzz/FuzzValues.h"
+#include "platform/AutomationError.h"
+#include "proppages/PropertyPages.h"
+#include "tests/support/TestBoxes.h"
+
+#include <array>
+
+namespace velmora::fuzz {
+namespace {
+
+/// A list, check box or text of a page; what the page sets comes back as an edit.
+struct Field : PageList, PageCheckBox, PageText {
+    void Enabled(bool) override {}
+    void Items(std::span<const std::string_view> items) override {
+        count = static_cast<int>(items.size());
+    }
+    int ListIndex() const override { return index; }
+    void ListIndex(int value) override { index = value, edited(); }
+    bool Checked() const override { return index > 0; }
+    void Checked(bool value) override { index = value ? 1 : 0, edited(); }
+    std::string Text() const override { return text; }
+    void Text(const std::string& value) override { text = value, edited(); }
+    void ForeColor(Rgb) override {}
+
+    int count = 2;
+    int index = -1;
+    std::string text;
+    std::function<void()> edited = [] {};
+};
+
+struct Site : PageSite {
+    void Changed(bool value) override { changed = value; }
+    void MessageBox(const std::string&) override {}
+    bool changed = false;
+};
+
+/// The three pages over one control.
+class Pages {
+public:
+    Pages(AutomationObject& object, const Dates& dates)
+        : m_general({m_f[0], m_f[1], m_f[2], m_f[3], m_f[4], m_f[5], m_f[6], m_f[7], m_f[8], m_f[9],
+                     m_f[10], m_f[11]},
+                    m_site, dates),
+          m_dropDown({m_f[12], m_f[13], m_f[14]}, m_site, dates),
+          m_day({m_f[15], m_f[16], m_f[17], m_f[18], m_f[19]}, m_site, dates) {
+        for (const std::size_t i : {8u, 9u, 10u}) {
+            m_f[i].edited = [this, i] { m_general.OnDateText(m_f[i]); };
+        }
+        m_f[11].edited = [this] { m_general.OnFormatText(); };
+        m_f[13].edited = [this] { m_dropDown.OnWidthText(); };
+        m_f[14].edited = [this] { m_dropDown.OnHeightText(); };
+        AutomationObject* const selected[] = {&object};
+        for (PropertyPage* const page : m_pages) page->SelectionChanged(selected);
+        if (m_site.changed) Fail("loading marks a page as changed");
+    }
+
+    void Edit(ByteReader& bytes) {
+        Field& field = m_f[bytes.Take<std::uint8_t>() % m_f.size()];
+        const auto index = bytes.Take<std::uint8_t>();
+        if (field.count > 0) field.ListIndex(index % (field.count + 1) - 1);
+        field.Text(std::string(bytes.TakeText(index % 32)));
+    }
+    void Apply(ByteReader& bytes) {
+        const bool before = m_site.changed;
+        try {
+            m_pages[bytes.Take<std::uint8_t>() % 3]->ApplyChanges();
+        } catch (const AutomationError&) {
+            if (m_site.changed != before) Fail("a refused page counts as applied");
+        }
+    }
+
+private:
+    std::array<Field, 20> m_f;
+    Site m_site;
+    GeneralPP m_general;
+    DropDownPP m_dropDown;
+    DayPP m_day;
+    PropertyPage* m_pages[3] = {&m_general, &m_dropDown, &m_day};
+};
+
+}  // namespace
+}  // namespace velmora::fuzz
+
+/// What users type and choose on the pages of a calendar or a date box.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace velmora;
+    constexpr int kMostDeeds = 64;
+    fuzz::ByteReader bytes(data, size);
+    test::TestCalendar calendar;
+    test::TestBoxes boxes;
+    const bool isBox = bytes.Take<std::uint8_t>() % 2 == 1;
+    AutomationObject& object =
+        isBox ? static_cast<AutomationObject&>(*boxes.a.control) : *calendar.calendar;
+    auto pages = std::make_unique<fuzz::Pages>(object, calendar.dates);
+    for (int i = 0; i < kMostDeeds && !bytes.AtEnd(); ++i) {
+        switch (bytes.Take<std::uint8_t>() % 8) {
+            case 0:
+                fuzz::Set(object, bytes);
+                pages = std::make_unique<fuzz::Pages>(object, calendar.dates);
+                break;
+            case 1:
+            case 2: pages->Apply(bytes); break;
+            default: pages->Edit(bytes); break;
+        }
+        if (const auto broken = calendar.BrokenInvariant(); !broken.empty()) fuzz::Fail(broken);
+    }
+    return 0;
+}
