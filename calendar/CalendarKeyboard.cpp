@@ -42,6 +42,17 @@ void VmCalendar::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
     if (StepByKey(keyCode, shift)) keyCode = 0;
 }
 
+bool VmCalendar::WantsKey(std::int16_t keyCode, bool inChild) const {
+    switch (keyCode) {
+        case kKeyHome:
+        case kKeyEnd:
+        case kKeyEnter:
+        case kKeyEscape:
+        case kKeyF4: return inChild;  // the month list's and the year box's
+        default: return DaysOf(keyCode) != 0 || MonthsOf(keyCode, 0) != 0;
+    }
+}
+
 /// Returns whether the step was made; a refused one has changed nothing.
 bool VmCalendar::StepByKey(std::int16_t keyCode, std::int16_t shift) {
     const int months = MonthsOf(keyCode, shift);

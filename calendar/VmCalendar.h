@@ -192,7 +192,7 @@ public:
     /// True: a click on the selected day raises `DayChanged`, which else raises nothing.
     void AlwaysDateChanged(bool value) { m_state.alwaysDateChanged = value; }
     /// Starts a drag from the control; the drag events follow.
-    void OleDrag() { m_platform.hosting.OleDrag(); }
+    void OleDrag() { m_platform.hosting.StartDrag(); }
     VmOLEDropModeConstants OLEDropMode() const;
     void OLEDropMode(VmOLEDropModeConstants value);
     void AboutBox();
@@ -245,6 +245,9 @@ public:
     /// key code is 0 when the calendar used the key.
     void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);
     void OnKeyPress(std::int16_t& keyAscii);
+    /// Whether the key belongs to the calendar before its container's own keys, or to the child
+    /// that has the focus. Tab does not.
+    bool WantsKey(std::int16_t keyCode, bool inChild) const;
     void OnKeyUp(std::int16_t& keyCode, std::int16_t& shift);
 
     void OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y);

@@ -56,6 +56,21 @@ void VmCalDropDown::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
     if (ActOnKey(key, shift) && alive) keyCode = 0;
 }
 
+bool VmCalDropDown::WantsKey(std::int16_t keyCode, bool) const {
+    switch (keyCode) {
+        case kKeyLeft:
+        case kKeyRight:
+        case kKeyUp:
+        case kKeyDown:
+        case kKeyPageUp:
+        case kKeyPageDown:
+        case kKeyF4: return true;
+        case kKeyEnter:
+        case kKeyEscape: return m_droppedDown;
+        default: return false;
+    }
+}
+
 /// Returns whether the key was used.
 bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
     const bool alt = (shift & (kShiftCtrl | kShiftAlt)) == kShiftAlt;

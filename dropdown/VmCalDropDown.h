@@ -134,7 +134,7 @@ public:
     void MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void MouseMove(std::int16_t button, std::int16_t shift, float x, float y);
     void MouseUp(std::int16_t button, std::int16_t shift, float x, float y);
-    void OleDrag() { m_platform.hosting.OleDrag(); }
+    void OleDrag() { m_platform.hosting.StartDrag(); }
     void AboutBox();
 
     // What a host tells the box. Coordinates are pixels of the client area.
@@ -148,6 +148,8 @@ public:
     /// On return the key code is 0 when the box used the key.
     void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);
     void OnKeyPress(std::int16_t& keyAscii);
+    /// Whether the key belongs to the box before its container's own keys. Tab does not.
+    bool WantsKey(std::int16_t keyCode, bool inChild) const;
     void OnKeyUp(std::int16_t& keyCode, std::int16_t& shift);
     void OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y);

@@ -55,7 +55,7 @@ public:
     virtual std::optional<std::int16_t> ContainerScaleMode() const = 0;
     virtual std::optional<std::int16_t> ParentScaleMode() const = 0;
     /// Starts a drag from the control's window and returns when it has ended.
-    virtual void OleDrag() = 0;
+    virtual void StartDrag() = 0;
     virtual void ShowAboutBox(const AboutText& text) = 0;
 };
 

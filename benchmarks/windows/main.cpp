@@ -34,7 +34,7 @@ public:
     FontRef AmbientFont() const override { return m_font; }
     std::optional<std::int16_t> ContainerScaleMode() const override { return 3; }
     std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
-    void OleDrag() override {}
+    void StartDrag() override {}
     void ShowAboutBox(const AboutText&) override {}
 
 private:

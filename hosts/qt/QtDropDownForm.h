@@ -41,7 +41,7 @@ public:
     explicit FormHosting(QWidget& window) : QtHosting(window), m_window(window) {}
 
     void PropertyChanged(std::string_view) override {}
-    void OleDrag() override {}
+    void StartDrag() override {}
     /// In the middle of the active window, as this one is mostly hidden.
     void ShowAboutBox(const AboutText& text) override;
 

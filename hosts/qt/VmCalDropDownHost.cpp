@@ -57,7 +57,7 @@ void VmCalDropDownWidget::Host::PropertyChanged(std::string_view name) {
     if (widget) emit widget->propertyChanged(published);
 }
 
-void VmCalDropDownWidget::Host::OleDrag() {
+void VmCalDropDownWidget::Host::StartDrag() {
     if (std::exchange(m_dragging, true)) return;
     const QPointer<VmCalDropDownWidget> widget(&m_widget);
     dropDown.OnWindowChanged();  // the drag takes the release

@@ -69,7 +69,7 @@ public:
     explicit Host(VmCalDropDownWidget& widget);
 
     void PropertyChanged(std::string_view name) override;
-    void OleDrag() override;
+    void StartDrag() override;
 
     DropTarget<VmCalDropDown>& Drops() noexcept { return m_drops; }
     void FocusGained();

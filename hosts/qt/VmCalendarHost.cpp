@@ -53,7 +53,7 @@ void VmCalendarWidget::Host::PropertyChanged(std::string_view name) {
     if (widget) emit widget->propertyChanged(published);
 }
 
-void VmCalendarWidget::Host::OleDrag() {
+void VmCalendarWidget::Host::StartDrag() {
     if (std::exchange(m_dragging, true)) return;
     const QPointer<VmCalendarWidget> widget(&m_widget);
     LoseMouse();  // the drag takes the release

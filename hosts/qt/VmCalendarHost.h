@@ -22,7 +22,7 @@ public:
     explicit Host(VmCalendarWidget& widget);
 
     void PropertyChanged(std::string_view name) override;
-    void OleDrag() override;
+    void StartDrag() override;
 
     /// False when nothing was drawn. Emits nothing before it returns.
     bool Paint(QPainter& painter, const QRegion& exposed);
