@@ -81,8 +81,14 @@ void CalendarPainter::PaintExposed(SurfaceHandle window, std::span<const Rect> e
     m_drawing.SetBkMode(window, BackgroundMode::Transparent);
     switch (ZoneOf(exposed)) {
         case Zone::Cells: PaintCells(window, exposed); break;
-        case Zone::MonthBand: PaintMonthCaption(window); break;
-        case Zone::WeekDayRow: PaintWeekDayRow(window); break;
+        case Zone::MonthBand:
+            PaintMonthCaption(window);
+            PaintGridTop(window);
+            break;
+        case Zone::WeekDayRow:
+            PaintWeekDayRow(window);
+            PaintGridTop(window);
+            break;
         case Zone::Several: PaintCalendar(window); break;
     }
 }
@@ -90,6 +96,8 @@ void CalendarPainter::PaintExposed(SurfaceHandle window, std::span<const Rect> e
 CalendarPainter::Zone CalendarPainter::ZoneOf(std::span<const Rect> exposed) const noexcept {
     constexpr std::size_t kFew = 8;  // more is quicker composed as a whole
     const CalendarLayout& layout = m_view.layout;
+    // Without room for rows and columns the parts lie upon each other and the frame.
+    if (layout.rowHeight < 2 || layout.cellWidth < 2) return Zone::Several;
     const Rect cells{1, layout.gridTop + 1, layout.client.width - 1,
                      layout.gridTop + kGridRows * layout.rowHeight + 1};
     const auto allIn = [&](const Rect& zone) {
@@ -122,7 +130,7 @@ void CalendarPainter::PaintAll(SurfaceHandle surface) {
 void CalendarPainter::PaintGaps(SurfaceHandle surface) {
     const CalendarLayout& layout = m_view.layout;
     Rect gap = layout.Client();
-    if (layout.cellWidth > 0 && layout.rowHeight > 0) {
+    if (layout.cellWidth > 1 && layout.rowHeight > 1) {  // else a cell is no more than edges
         gap.top = layout.gridTop + kGridRows * layout.rowHeight + 1;
         if (gap.top >= gap.bottom - 1) return;
     }
@@ -249,6 +257,14 @@ void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> ex
     }
     const auto pressed = m_view.chosen ? m_grid.DayCellRect(*m_view.chosen) : std::nullopt;
     if (pressed) PaintCellEdges(surface, *pressed, m_shadowPen, m_highlightPen);
+}
+
+/// The line that closes the bands is the one above the first week of a flat grid.
+void CalendarPainter::PaintGridTop(SurfaceHandle surface) {
+    if (m_view.state.dayAppearance == VmAppearance3D) return;
+    const Selection pen(m_drawing, surface, m_darkShadowPen);
+    m_drawing.MoveToEx(surface, 1, m_view.layout.gridTop);
+    m_drawing.LineTo(surface, m_view.layout.client.width - 1, m_view.layout.gridTop);
 }
 
 /// Every cell raised. The edges of neighbouring cells go through the whole grid as one line, in an

@@ -62,6 +62,7 @@ private:
     void PaintDayCell(SurfaceHandle surface, DayNumber day, const Rect& cell);
     template <class Paint>
     void ForEachCell(std::span<const Rect> exposed, Paint paint);
+    void PaintGridTop(SurfaceHandle surface);
     void PaintGridEdges(SurfaceHandle surface);
     void PaintCellEdges(SurfaceHandle surface, const Rect& cell, const OwnedObject& topLeft,
                         const OwnedObject& bottomRight);
