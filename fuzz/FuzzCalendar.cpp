@@ -82,7 +82,8 @@ void Fail(const std::string& what) {
 
 void Paint(TestCalendar& test) {
     if (const auto& faults = test.Paint(); !faults.empty()) Fail(faults.front());
-    for (const auto& blit : test.drawing.blits) {
+    for (const auto& copy : test.drawing.Of("copy")) {
+        const Rect& blit = copy.rect;
         if (blit.left < 0 || blit.top < 0 || blit.right > test.client.width ||
             blit.bottom > test.client.height) {
             Fail("a paint left the control");

@@ -26,7 +26,7 @@ class PainterCanvas;
 ///
 /// Belongs to the user-interface thread. Cheap to make: what it caches is shared by the process and
 /// ends with the application object.
-class QtDrawing final : public Drawing {
+class QtDrawing : public Drawing {
 public:
     /// System colours are the active colours of the widget's palette, whether it has the focus or
     /// not; from the application's palette when null. The widget must live longer.

@@ -123,31 +123,6 @@ TEST_F(DropDown, FormatsByEveryToken) {
     }
 }
 
-TEST_F(DropDown, PaintsItsStatesAndAnySize) {
-    struct Case {
-        bool enabled, focused;
-        Rgb text;
-        std::size_t fills;
-    };
-    for (const Case& c : {Case{true, false, StrictDrawing::SystemRgb(8), 2},
-                          Case{true, true, StrictDrawing::SystemRgb(14), 3},
-                          Case{false, true, StrictDrawing::SystemRgb(17), 2}}) {
-        box.Enabled(c.enabled);
-        c.focused ? box.OnGotFocus() : box.OnLostFocus();
-        test.drawing.Forget();
-        box.OnPaint(StrictDrawing::kWindowSurface);
-        ASSERT_EQ(test.drawing.texts.size(), 1u);
-        EXPECT_EQ(test.drawing.texts[0].color, c.text);
-        EXPECT_EQ(test.drawing.texts[0].rect, (Rect{5, 3, 129, 19}));
-        EXPECT_EQ(test.drawing.fills.size(), c.fills);
-    }
-    for (const Size size : {Size{0, 0}, Size{18, 20}, Size{5, 5}, Size{150, 0}, Size{150, 3}}) {
-        test.a.window->screen = {0, 0, size.width, size.height};
-        box.OnPaint(StrictDrawing::kWindowSurface);
-    }
-    EXPECT_TRUE(test.drawing.FaultsAfterPaint().empty());
-}
-
 TEST_F(DropDown, OpeningRepaintsNothingOfTheBox) {
     test.drawing.Forget();
     test.Key(test.a, kKeyF4);

@@ -225,7 +225,7 @@ class CorePlayer : public InputPlayer {
         drawing.Forget();
         m_calendar->Paint();
         std::string all;
-        for (const StrictDrawing::Fill& fill : drawing.fills) {
+        for (const StrictDrawing::Call& fill : drawing.Of("fill")) {
             if (fill.color != drawing.GetSysColor(13)) continue;
             all += CellAt({fill.rect.left, fill.rect.top});
         }
@@ -235,9 +235,9 @@ class CorePlayer : public InputPlayer {
         if (!m_calendar) return std::nullopt;
         constexpr const char* kArrows[] = {"YearBack", "YearForward", "MonthBack", "MonthForward"};
         std::string all;
-        const auto& states = m_calendar->drawing.frameStates;  // of the paint before
-        for (std::size_t i = 0; i < states.size(); ++i) {
-            if ((states[i] & kFramePushed) != 0) all += kArrows[i];
+        const auto frames = m_calendar->drawing.Of("frame");  // of the paint before
+        for (std::size_t i = 0; i < frames.size(); ++i) {
+            if ((frames[i].flags & kFramePushed) != 0) all += kArrows[i];
         }
         return all;
     }

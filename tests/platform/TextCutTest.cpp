@@ -22,7 +22,7 @@ TEST(TextCut, AHugeCaptionIsKeptWholeAndDrawnCut) {
         test.drawing.Forget();
         test.Paint();
         std::size_t drawn = 0;
-        for (const auto& text : test.drawing.texts) drawn += text.text.size();
+        for (const auto& text : test.drawing.Of("text")) drawn += text.text.size();
         EXPECT_GT(drawn, 1000u) << alignment;
         EXPECT_LT(drawn, 20000u) << alignment;
         EXPECT_EQ(test.calendar->Days()->Item(5)->Caption(), caption);

@@ -1,5 +1,9 @@
 #include "tests/support/StrictDrawing.h"
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
+#include <sstream>
 #include <utility>
 
 namespace velmora::test {
@@ -13,17 +17,87 @@ constexpr bool IsDefault(ObjectHandle object) {
     return object != ObjectHandle::None && object < ObjectHandle{100};
 }
 
+constexpr Rect Intersect(const Rect& a, const Rect& b) {
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
+}
+
+std::string Described(const LogFont& font) {
+    std::ostringstream text;
+    text << font.faceName << ' ' << font.points << (font.bold ? " bold" : "")
+         << (font.italic ? " italic" : "") << (font.underline ? " underline" : "")
+         << (font.strikeOut ? " strikeOut" : "");
+    return text.str();
+}
+
+std::ostream& operator<<(std::ostream& out, const Rect& rect) {
+    return out << rect.left << ',' << rect.top << ' ' << rect.right << ',' << rect.bottom;
+}
+
+std::string Described(const StrictDrawing::Call& call) {
+    std::ostringstream out;
+    out << (call.surface == StrictDrawing::kWindowSurface ? "window " : "") << call.name << ' '
+        << call.rect;
+    const Rgb system = call.color - StrictDrawing::SystemRgb(0);
+    if (call.name == "fill" || call.name == "line" || call.name == "text") {
+        system < 100 ? out << " sys" << system : out << ' ' << std::hex << call.color;
+    }
+    if (call.flags != 0) out << " 0x" << std::hex << call.flags;
+    if (!call.text.empty()) out << " \"" << call.text << '"';
+    if (!call.font.empty()) out << ' ' << call.font;
+    return out.str();
+}
+
+/// Does it for every pixel of the box that may be drawn on.
+template <class State, class Draw>
+void ForPixels(State& surface, const Rect& box, Draw draw) {
+    if (!surface.pixels) return;
+    const auto [width, height] = surface.pixels->size;
+    for (const Rect& visible : surface.region) {
+        const Rect part = Intersect(Intersect(box, visible), {0, 0, width, height});
+        for (int y = part.top; y < part.bottom; ++y) {
+            std::uint32_t* const row = surface.pixels->data.data() + std::ptrdiff_t{y} * width;
+            for (int x = part.left; x < part.right; ++x) draw(row[x], x, y);
+        }
+    }
+}
+
+constexpr Rect kEverything{-40000, -40000, 40000, 40000};
+
 }  // namespace
 
 void StrictDrawing::Forget() {
-    fills.clear();
-    texts.clear();
-    frameStates.clear();
-    pictures.clear();
-    blits.clear();
+    calls.clear();
+    damage.clear();
     invalidated.clear();
     invalidatedWindows.clear();
     creations = 0;
+}
+
+std::vector<StrictDrawing::Call> StrictDrawing::Of(std::string_view name) const {
+    std::vector<Call> result;
+    std::copy_if(calls.begin(), calls.end(), std::back_inserter(result),
+                 [&](const Call& call) { return call.name == name; });
+    return result;
+}
+
+std::vector<std::string> StrictDrawing::Described() const {
+    std::vector<std::string> lines;
+    const Call* before = nullptr;
+    for (const Call& call : calls) {
+        const bool goesOn = before && call.name == "line" && before->name == "line" &&
+                            call.color == before->color && call.rect.left == before->rect.right &&
+                            call.rect.top == before->rect.bottom;
+        if (goesOn) {
+            std::ostringstream end;
+            end << ' ' << call.rect.right << ',' << call.rect.bottom;
+            lines.back() += end.str();
+        } else {
+            lines.push_back(test::Described(call));
+        }
+        before = &call;
+    }
+    return lines;
 }
 
 const std::vector<std::string>& StrictDrawing::FaultsAfterPaint() {
@@ -31,11 +105,19 @@ const std::vector<std::string>& StrictDrawing::FaultsAfterPaint() {
         if (thing.kind != Kind::Picture) Fault("an object is alive after the paint");
     }
     if (m_surfaces.size() != 1) Fault("a memory surface is alive after the paint");
-    for (const auto& [kind, object] : m_surfaces[kWindowSurface].selected) {
+    const SurfaceState& window = m_surfaces[kWindowSurface];
+    for (const auto& [kind, object] : window.selected) {
         if (!IsDefault(object)) Fault("an object stays selected after the paint");
     }
-    if (m_saved != 0) Fault("a clip stays after the paint");
+    if (!window.saved.empty()) Fault("a clip stays after the paint");
     return faults;
+}
+
+void StrictDrawing::DrawWindowOn(std::shared_ptr<Pixels> pixels, std::span<const Rect> exposed) {
+    SurfaceState& window = m_surfaces[kWindowSurface];
+    window.pixels = std::move(pixels);
+    window.region.assign(exposed.begin(), exposed.end());
+    ForPixels(window, kEverything, [](std::uint32_t& pixel, int, int) { pixel ^= 0x80000000u; });
 }
 
 ObjectHandle StrictDrawing::Make(Thing thing) {
@@ -55,11 +137,29 @@ StrictDrawing::SurfaceState* StrictDrawing::Surface(SurfaceHandle handle) {
     return &found->second;
 }
 
-const StrictDrawing::Thing* StrictDrawing::SelectedThing(SurfaceHandle surface, Kind kind) {
-    SurfaceState* state = Surface(surface);
-    if (!state || !state->selected.count(kind)) return nullptr;
-    const auto found = m_objects.find(state->selected[kind]);
+const StrictDrawing::Thing* StrictDrawing::SelectedThing(SurfaceState& surface, Kind kind) {
+    const auto selected = surface.selected.find(kind);
+    if (selected == surface.selected.end()) return nullptr;
+    const auto found = m_objects.find(selected->second);
     return found == m_objects.end() ? nullptr : &found->second;
+}
+
+void StrictDrawing::Note(Call call) {
+    if (notesCalls) calls.push_back(std::move(call));
+}
+
+void StrictDrawing::Pattern(SurfaceState& surface, const Rect& box, const Call& call) {
+    if (!surface.pixels) return;
+    const std::hash<std::string_view> hash;
+    const auto seed = static_cast<std::uint32_t>(hash(call.name) + 3 * hash(call.text) +
+                                                 5 * hash(call.font) + 7 * call.color + call.flags);
+    const auto [left, top, right, bottom] = call.rect;
+    const auto width = static_cast<std::uint32_t>(right - left);
+    const auto height = static_cast<std::uint32_t>(bottom - top);
+    ForPixels(surface, box, [=](std::uint32_t& pixel, int x, int y) {
+        pixel = seed + 101 * width + 10007 * height + 1009 * static_cast<std::uint32_t>(x - left) +
+                100003 * static_cast<std::uint32_t>(y - top);
+    });
 }
 
 ObjectHandle StrictDrawing::CreateBrushIndirect(const LogBrush& brush) {
@@ -68,7 +168,9 @@ ObjectHandle StrictDrawing::CreateBrushIndirect(const LogBrush& brush) {
 ObjectHandle StrictDrawing::CreatePenIndirect(const LogPen& pen) {
     return Make({Kind::Pen, pen.color});
 }
-ObjectHandle StrictDrawing::CreateFontIndirectA(const LogFont&) { return Make({Kind::Font}); }
+ObjectHandle StrictDrawing::CreateFontIndirectA(const LogFont& font) {
+    return Make({Kind::Font, 0, test::Described(font)});
+}
 
 ObjectHandle StrictDrawing::SelectObject(SurfaceHandle surface, ObjectHandle object) {
     SurfaceState* state = Surface(surface);
@@ -84,6 +186,7 @@ ObjectHandle StrictDrawing::SelectObject(SurfaceHandle surface, ObjectHandle obj
     }
     const Kind kind = found->second.kind == Kind::Picture ? Kind::Bitmap : found->second.kind;
     auto [place, isNew] = state->selected.try_emplace(kind, Default(static_cast<int>(kind)));
+    if (found->second.pixels) state->pixels = found->second.pixels;
     return std::exchange(place->second, object);
 }
 
@@ -102,13 +205,34 @@ void StrictDrawing::DeleteObject(ObjectHandle object) {
 }
 
 void StrictDrawing::FillRect(SurfaceHandle surface, const Rect& rect, ObjectHandle brush) {
-    if (!Surface(surface) || brush == ObjectHandle::None) return;
+    SurfaceState* state = Surface(surface);
+    if (!state || brush == ObjectHandle::None) return;
     const auto found = m_objects.find(brush);
-    if (found == m_objects.end()) {
-        Fault("an unknown brush fills");
-    } else {
-        fills.push_back({surface, rect, found->second.color});
-    }
+    if (found == m_objects.end()) return Fault("an unknown brush fills");
+    const Rgb color = found->second.color;
+    Note({"fill", surface, rect, color});
+    ForPixels(*state, rect, [=](std::uint32_t& pixel, int, int) { pixel = color; });
+}
+
+void StrictDrawing::MoveToEx(SurfaceHandle surface, int x, int y) {
+    if (SurfaceState* state = Surface(surface)) state->position = {x, y};
+}
+
+void StrictDrawing::LineTo(SurfaceHandle surface, int x, int y) {
+    SurfaceState* state = Surface(surface);
+    if (!state) return;
+    const auto [fromX, fromY] = std::exchange(state->position, {x, y});
+    const Thing* pen = SelectedThing(*state, Kind::Pen);
+    if (!pen) return;
+    const Rgb color = pen->color;
+    Note({"line", surface, {fromX, fromY, x, y}, color});
+    if (fromX != x && fromY != y) Fault("a slanted line is drawn");
+    Rect box{std::min(fromX, x + 1), std::min(fromY, y + 1), std::max(fromX + 1, x),
+             std::max(fromY + 1, y)};
+    if (fromX == x) box = {x, box.top, x + 1, box.bottom};
+    if (fromY == y) box = {box.left, y, box.right, y + 1};
+    if (fromX == x && fromY == y) return;
+    ForPixels(*state, box, [=](std::uint32_t& pixel, int, int) { pixel = color; });
 }
 
 void StrictDrawing::SetTextColor(SurfaceHandle surface, Rgb color) {
@@ -119,19 +243,57 @@ void StrictDrawing::SetTextColor(SurfaceHandle surface, Rgb color) {
 int StrictDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rect,
                              std::uint32_t flags) {
     SurfaceState* state = Surface(surface);
+    const Size extent{static_cast<int>(text.size()) * 6, 12};
     if ((flags & kTextCalcRect) != 0) {
-        rect.right = rect.left + static_cast<int>(text.size()) * 6;
-        rect.bottom = rect.top + 12;
+        rect.right = rect.left + extent.width;
+        rect.bottom = rect.top + extent.height;
     } else if (state) {
-        texts.push_back({std::string(text), rect, flags, state->textColor});
+        const Thing* font = SelectedThing(*state, Kind::Font);
+        const Call call{"text",
+                        surface,
+                        rect,
+                        state->textColor,
+                        flags,
+                        std::string(text),
+                        font ? font->description : ""};
+        const int x = (flags & kTextRight) ? rect.right - extent.width : rect.left;
+        const int y = (flags & kTextBottom) ? rect.bottom - extent.height : rect.top;
+        Pattern(*state, Intersect(rect, {x, y, x + extent.width, y + extent.height}), call);
+        Note(call);
     }
     return 12;
+}
+
+void StrictDrawing::DrawFrameControl(SurfaceHandle surface, const Rect& rect, FrameControl,
+                                     std::uint32_t flags) {
+    const Call call{"frame", surface, rect, 0, flags};
+    if (SurfaceState* state = Surface(surface)) Pattern(*state, rect, call);
+    Note(call);
+}
+
+void StrictDrawing::DrawEdge(SurfaceHandle surface, const Rect& rect, std::uint32_t edge,
+                             std::uint32_t sides) {
+    const Call call{"edge", surface, rect, 0, edge << 8 | sides};
+    SurfaceState* state = Surface(surface);
+    Note(call);
+    if (!state) return;
+    const int width = edge == kSunken ? 2 : 1;
+    const auto [left, top, right, bottom] = rect;
+    for (const Rect& side :
+         {Rect{left, top, left + width, bottom}, Rect{left, top, right, top + width},
+          Rect{right - width, top, right, bottom}, Rect{left, bottom - width, right, bottom}}) {
+        Pattern(*state, side, call);
+    }
+}
+
+void StrictDrawing::DrawFocusRect(SurfaceHandle surface, const Rect& rect) {
+    if (Surface(surface)) Note({"focus", surface, rect});
 }
 
 SurfaceHandle StrictDrawing::CreateCompatibleDC(SurfaceHandle) {
     if (++creations == failAt) return SurfaceHandle::None;
     const SurfaceHandle handle{m_next++};
-    m_surfaces[handle] = {};
+    m_surfaces[handle].region = {kEverything};
     return handle;
 }
 
@@ -143,39 +305,89 @@ void StrictDrawing::DeleteDC(SurfaceHandle surface) {
 
 ObjectHandle StrictDrawing::CreateCompatibleBitmap(SurfaceHandle, int width, int height) {
     if (width <= 0 || height <= 0) return ObjectHandle::None;
-    return Make({Kind::Bitmap});
+    const bool draws = m_surfaces[kWindowSurface].pixels != nullptr;
+    return Make(
+        {Kind::Bitmap, 0, {}, draws ? std::make_shared<Pixels>(Size{width, height}) : nullptr});
 }
 
-void StrictDrawing::BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, Point,
-                           RasterOp) {
-    if (!Surface(target) || !Surface(source)) return;
-    const Thing* bitmap = SelectedThing(source, Kind::Bitmap);
+void StrictDrawing::Copy(SurfaceHandle target, const Rect& area, SurfaceHandle source,
+                         const Rect& from) {
+    SurfaceState* to = Surface(target);
+    SurfaceState* origin = Surface(source);
+    const Thing* bitmap = to && origin ? SelectedThing(*origin, Kind::Bitmap) : nullptr;
     if (!bitmap) return;
-    (bitmap->kind == Kind::Picture ? pictures : blits).push_back(area);
+    if (bitmap->kind == Kind::Picture) {
+        const Call call{"picture", target, area, 0, 0, bitmap->description};
+        Note(call);
+        return Pattern(*to, area, call);
+    }
+    Note({"copy", target, area});
+    if (!bitmap->pixels) return;
+    const Pixels& pixels = *bitmap->pixels;
+    const int x0 = from.left - area.left;
+    const int y0 = from.top - area.top;
+    const Rect present{-x0, -y0, pixels.size.width - x0, pixels.size.height - y0};
+    ForPixels(*to, Intersect(area, present), [&](std::uint32_t& pixel, int x, int y) {
+        pixel = pixels.data[static_cast<std::size_t>((y + y0) * pixels.size.width + x + x0)];
+    });
+}
+
+void StrictDrawing::BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, Point from,
+                           RasterOp) {
+    Copy(target, area, source,
+         {from.x, from.y, from.x + area.right - area.left, from.y + area.bottom - area.top});
 }
 
 void StrictDrawing::StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source,
-                               const Rect& from, RasterOp operation) {
-    BitBlt(target, area, source, {from.left, from.top}, operation);
+                               const Rect& from, RasterOp) {
+    Copy(target, area, source, from);
 }
 
 ObjectHandle StrictDrawing::PictureHandle(const StdPicture& picture) {
     if (!picture.Image() || !picture.Image()->IsDrawable()) return ObjectHandle::None;
     const ObjectHandle handle{reinterpret_cast<std::uintptr_t>(&picture)};
-    m_objects[handle] = {Kind::Picture};
+    m_objects[handle] = {
+        Kind::Picture, 0,
+        std::to_string(picture.Image()->width) + "x" + std::to_string(picture.Image()->height)};
     return handle;
 }
 
 void StrictDrawing::DrawIconEx(SurfaceHandle surface, int x, int y, ObjectHandle icon, int width,
-                               int height, std::uint32_t) {
-    if (!Surface(surface) || icon == ObjectHandle::None) return;
-    if (!m_objects.count(icon)) Fault("an unknown icon is drawn");
-    pictures.push_back({x, y, x + width, y + height});
+                               int height, std::uint32_t flags) {
+    SurfaceState* state = Surface(surface);
+    if (!state || icon == ObjectHandle::None) return;
+    const auto found = m_objects.find(icon);
+    if (found == m_objects.end()) return Fault("an unknown icon is drawn");
+    const Call call{"icon", surface, {x, y, x + width, y + height},
+                    0,      flags,   found->second.description};
+    Note(call);
+    Pattern(*state, call.rect, call);
+}
+
+void StrictDrawing::SaveDC(SurfaceHandle surface) {
+    if (SurfaceState* state = Surface(surface)) state->saved.push_back(state->region);
+}
+
+void StrictDrawing::IntersectClipRect(SurfaceHandle surface, const Rect& rect) {
+    SurfaceState* state = Surface(surface);
+    if (!state) return;
+    Note({"clip", surface, rect});
+    for (Rect& part : state->region) part = Intersect(part, rect);
+}
+
+void StrictDrawing::RestoreDC(SurfaceHandle surface) {
+    SurfaceState* state = Surface(surface);
+    if (!state) return;
+    if (state->saved.empty()) return Fault("a clip ends that has not begun");
+    Note({"unclip", surface, {}});
+    state->region = std::move(state->saved.back());
+    state->saved.pop_back();
 }
 
 void StrictDrawing::InvalidateRect(WindowHandle window, const Rect* rect) {
     invalidatedWindows.push_back(window);
     invalidated.push_back(rect ? std::optional<Rect>(*rect) : std::nullopt);
+    damage.push_back(invalidated.back());
 }
 
 }  // namespace velmora::test

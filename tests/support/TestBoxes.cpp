@@ -2,9 +2,10 @@
 
 namespace velmora::test {
 
-TestBoxes::TestBoxes()
-    : dates(std::make_shared<DateLocale>(), [] { return DateOf(Day(2020, 3, 15), 0.5); }) {
-    form.reset(new DropDownForm({drawing, calendarWindow, dates, calendarHost}, *this));
+TestBoxes::TestBoxes(Drawing* other)
+    : drawn(other ? *other : drawing),
+      dates(std::make_shared<DateLocale>(), [] { return DateOf(Day(2020, 3, 15), 0.5); }) {
+    form.reset(new DropDownForm({drawn, calendarWindow, dates, calendarHost}, *this));
     Make(a, "A", {100, 50, 250, 72});
     Make(b, "B", {400, 50, 550, 72});
 }
@@ -14,7 +15,7 @@ TestBoxes::~TestBoxes() = default;
 void TestBoxes::Make(Box& box, const std::string& name, Rect screen) {
     box.window = std::make_unique<FakeWindow>(screen);
     box.control =
-        std::make_unique<VmCalDropDown>(BoxPlatform{drawing, *box.window, dates, box.host}, *form);
+        std::make_unique<VmCalDropDown>(BoxPlatform{drawn, *box.window, dates, box.host}, *form);
     box.window->focused = [&box] { box.control->OnGotFocus(); };
     Connect(box.control->Events(), name);
     box.control->InitProperties();

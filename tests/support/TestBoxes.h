@@ -56,7 +56,7 @@ public:
 /// the boxes' events as "A DateChanged 2020-03-16", notifications of both, and the window.
 class TestBoxes : private FormWindow {
 public:
-    TestBoxes();
+    explicit TestBoxes(Drawing* other = nullptr);  // as with a calendar
     ~TestBoxes() override;
 
     struct Box {
@@ -79,6 +79,7 @@ public:
 
     std::vector<std::string> log;
     StrictDrawing drawing;
+    Drawing& drawn;
     Dates dates;
     FakeWindow calendarWindow{{0, 0, 250, 200}};
     FakeHost calendarHost;

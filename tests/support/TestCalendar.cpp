@@ -61,9 +61,10 @@ public:
     }
 };
 
-TestCalendar::TestCalendar(Size size)
+TestCalendar::TestCalendar(Size size, Drawing* other)
     : dates(std::make_shared<DateLocale>(), [this] { return now; }), client(size) {
-    calendar = std::make_unique<VmCalendar>(Platform{drawing, *this, dates, *this});
+    calendar =
+        std::make_unique<VmCalendar>(Platform{other ? *other : drawing, *this, dates, *this});
     ConnectLog();
     calendar->InitProperties();
     calendar->OnWindowChanged();

@@ -36,6 +36,8 @@ private:
 
 class FakeHosting : public Hosting {
 public:
+    FakeHosting() { m_font->name = "DejaVu Sans"; }
+
     std::int16_t scaleMode = 3;
 
     FontRef AmbientFont() const override { return m_font; }
@@ -65,8 +67,9 @@ class TestCalendar : private FakeWindowing<Windowing>, private FakeHosting {
 public:
     using FakeWindowing::enabled;
 
-    /// Sunday 15 March 2020 at noon is now, unless the test moves it.
-    explicit TestCalendar(Size size = {252, 202});
+    /// Sunday 15 March 2020 at noon is now, unless the test moves it. It is drawn with `drawing`,
+    /// or with another one that outlives it.
+    explicit TestCalendar(Size size = {252, 202}, Drawing* other = nullptr);
 
     /// The log since the last call: "DateChanged 2020-03-16", "notify DateValue", "repaint",
     /// "repaint cell 2020-03-16", ...

@@ -1,0 +1,173 @@
+#include "tests/support/Looks.h"
+
+#include "hosts/qt/QtDrawing.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace velmora::test {
+namespace {
+
+/// Every role in a colour of its own.
+QPalette PaletteOfLooks() {
+    QPalette palette;
+    const std::pair<QPalette::ColorRole, QRgb> roles[] = {{QPalette::Window, 0xE8E0D8},
+                                                          {QPalette::WindowText, 0x100020},
+                                                          {QPalette::Base, 0xFFFFF0},
+                                                          {QPalette::Text, 0x000040},
+                                                          {QPalette::Button, 0xD4D0C8},
+                                                          {QPalette::ButtonText, 0x003000},
+                                                          {QPalette::Light, 0xFFFFFF},
+                                                          {QPalette::Midlight, 0xE8F0FF},
+                                                          {QPalette::Mid, 0xB0A090},
+                                                          {QPalette::Dark, 0x807868},
+                                                          {QPalette::Shadow, 0x402010},
+                                                          {QPalette::Highlight, 0x2050A0},
+                                                          {QPalette::HighlightedText, 0xFFFF80}};
+    for (const auto& [role, color] : roles) palette.setColor(role, QColor(color));
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x9098A0));
+    return palette;
+}
+
+/// Notes where texts are drawn: their pixels differ with the version of the font library.
+class NotingDrawing : public QtDrawing {
+public:
+    using QtDrawing::QtDrawing;
+
+    std::vector<QRect> texts;
+
+    void InvalidateRect(WindowHandle, const Rect*) override {}  // the fakes' windows are no widgets
+    int DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rect,
+                  std::uint32_t flags) override {
+        if ((flags & kTextCalcRect) != 0) return QtDrawing::DrawTextA(surface, text, rect, flags);
+        Rect extent;
+        QtDrawing::DrawTextA(surface, text, extent, flags | kTextCalcRect);
+        const auto place = [](bool middle, bool end, int space) {
+            return middle ? space / 2 : end ? space : 0;
+        };
+        const QRect all(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1));
+        const int x = place(flags & kTextCenter, flags & kTextRight, all.width() - extent.right);
+        const int y =
+            place(flags & kTextVCenter, flags & kTextBottom, all.height() - extent.bottom);
+        const QRect box(all.left() + x, all.top() + y, extent.right, extent.bottom);
+        texts.push_back(box.adjusted(-1, -1, 1, 1) & all);
+        return QtDrawing::DrawTextA(surface, text, rect, flags);
+    }
+};
+
+/// All parts of a look below each other, and where texts are in it.
+struct Painted {
+    QImage image;
+    std::vector<QRect> texts;
+};
+
+template <class Look>
+Painted PaintedWithQt(const Look& look, double ratio) {
+    QWidget widget;
+    widget.setPalette(PaletteOfLooks());
+    NotingDrawing drawing(&widget);
+    Painted result;
+    Paint(look, drawing, [&](const Rect& part, const auto& paint) {
+        QImage image(QSize(look.size.width, look.size.height) * ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::magenta);
+        drawing.texts.clear();
+        {
+            QPainter painter(&image);
+            const QtDrawing::Surface surface(drawing, painter);
+            paint(surface.Handle());
+        }
+        const auto device = [&](const QRectF& r) {
+            return QRectF(r.topLeft() * ratio, r.size() * ratio).toAlignedRect();
+        };
+        const QRect area =
+            device(QRectF(part.left, part.top, part.right - part.left, part.bottom - part.top));
+        image.setDevicePixelRatio(1);
+        const int below = result.image.height();
+        QImage all(area.width(), below + area.height(), QImage::Format_RGB32);
+        QPainter painter(&all);
+        painter.drawImage(0, 0, result.image);
+        painter.drawImage(QPoint(0, below), image, area);
+        painter.end();
+        for (const QRect& text : drawing.texts) {
+            result.texts.push_back(device(text).translated(-area.left(), below - area.top()));
+        }
+        result.image = all;
+    });
+    return result;
+}
+
+int Distance(QRgb a, QRgb b) {
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                     std::abs(qBlue(a) - qBlue(b))});
+}
+
+/// White where the pictures differ: scaled pictures may by their rounding, texts by their
+/// smoothing, as long as they stand where they stood.
+QImage DifferenceOf(const Painted& painted, const QImage& wanted) {
+    constexpr int kRounding = 2;       // of 255
+    constexpr double kSmoothing = 16;  // of 255, on the average of a text's box
+    QImage difference(wanted.size(), QImage::Format_Mono);
+    difference.fill(0);
+    QImage isText(difference);
+    for (const QRect& text : painted.texts) {
+        const QRect box = text & wanted.rect();
+        double sum = 0;
+        for (int y = box.top(); y <= box.bottom(); ++y) {
+            for (int x = box.left(); x <= box.right(); ++x) {
+                isText.setPixel(x, y, 1);
+                sum += Distance(painted.image.pixel(x, y), wanted.pixel(x, y));
+            }
+        }
+        if (sum <= kSmoothing * box.width() * box.height()) continue;
+        for (int x = box.left(); x <= box.right(); ++x) difference.setPixel(x, box.center().y(), 1);
+    }
+    for (int y = 0; y < wanted.height(); ++y) {
+        for (int x = 0; x < wanted.width(); ++x) {
+            const int distance = Distance(painted.image.pixel(x, y), wanted.pixel(x, y));
+            if (distance > kRounding && isText.pixelIndex(x, y) == 0) difference.setPixel(x, y, 1);
+        }
+    }
+    return difference;
+}
+
+template <class Look>
+void ExpectReference(const Look& look, double ratio) {
+    const Painted painted = PaintedWithQt(look, ratio);
+    const std::string name = look.name + (ratio == 1 ? "" : "_large");
+    const Reference reference = ReferenceOf(name, "hosts", ".png");
+    const auto file = [](const std::string& path) { return QString::fromStdString(path); };
+    if (RenewsLooks()) {
+        ASSERT_TRUE(painted.image.save(file(reference.kept))) << reference.kept;
+        return;
+    }
+    const QImage wanted(file(reference.kept));
+    ASSERT_FALSE(wanted.isNull()) << reference.kept << " is missing";
+    const bool sameSize = painted.image.size() == wanted.size();
+    const QImage difference = sameSize ? DifferenceOf(painted, wanted) : wanted;
+    QImage none(difference);
+    none.fill(0);
+    if (sameSize && difference == none) return;
+    painted.image.save(file(reference.actual));
+    difference.save(file(reference.difference));
+    ADD_FAILURE() << reference.actual << " differs: see " << reference.difference;
+}
+
+TEST(Looks, ArePaintedAsTheirPicturesShow) {
+    for (const Look& look : Looks()) ExpectReference(look, 1);
+    for (const BoxLook& look : BoxLooks()) ExpectReference(look, 1);
+    for (const Look& look : Looks()) {
+        if (look.name == "flat" || look.name == "disabled_arrows") ExpectReference(look, 1.5);
+    }
+    ExpectReference(BoxLooks()[1], 1.5);  // focused
+}
+
+}  // namespace
+}  // namespace velmora::test
