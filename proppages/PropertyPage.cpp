@@ -25,11 +25,18 @@ void PropertyPage::SelectionChanged(std::span<AutomationObject* const> selected)
     m_site.Changed(false);
 }
 
-void PropertyPage::ApplyChanges() {
+bool PropertyPage::ApplyChanges() {
     m_firstError = nullptr;
+    m_complained = false;
     Store();
     if (m_firstError) std::rethrow_exception(std::exchange(m_firstError, nullptr));
-    m_site.Changed(false);
+    if (!m_complained) m_site.Changed(false);
+    return !m_complained;
+}
+
+void PropertyPage::Complain(const std::string& message) {
+    m_complained = true;
+    m_site.MessageBox(message);
 }
 
 void PropertyPage::OnClick() { MarkChanged(); }

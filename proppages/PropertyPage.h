@@ -26,14 +26,15 @@ public:
     /// page or its next selection.
     void SelectionChanged(std::span<AutomationObject* const> selected);
     /// Writes every control back. What the object refuses does not keep the rest from being
-    /// written; the first refusal is raised at the end, and the page stays changed.
-    void ApplyChanges();
+    /// written; the first refusal is raised at the end. False: the page found fault with a text and
+    /// has said so. In both cases the page stays changed.
+    bool ApplyChanges();
 
     /// A list or a check box has been clicked.
     void OnClick();
 
 protected:
-    PropertyPage(PageSite& site, const Dates& dates) : m_site(site), m_dates(dates) {}
+    PropertyPage(PageSite& site, const Dates& dates) : m_dates(dates), m_site(site) {}
 
     virtual void Load() = 0;
     virtual void Store() = 0;
@@ -51,13 +52,14 @@ protected:
     void StoreList(const PageList& list, std::string_view property, int first = 0);
     void StoreCheck(const PageCheckBox& box, std::string_view property);
     void StoreText(const PageText& text, std::string_view property);
+    /// Tells what is wrong with a text that is not written.
+    void Complain(const std::string& message);
     /// Whether the property has been loaded, and so may be written.
     bool Has(std::string_view property) const;
 
     /// A text has been edited: red and no change while it is not valid.
     void OnText(PageText& text, const std::function<bool(const std::string&)>& isValid);
 
-    PageSite& m_site;
     const Dates& m_dates;
 
 private:
@@ -65,9 +67,11 @@ private:
                  const std::function<void(const Variant&)>& show);
     void Write(std::string_view property, const Variant& value);
 
+    PageSite& m_site;
     AutomationObject* m_selected = nullptr;
     std::vector<std::string_view> m_loaded;  // names of properties that the object has
     bool m_loading = false;
+    bool m_complained = false;
     std::exception_ptr m_firstError;
 };
 

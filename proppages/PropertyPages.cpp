@@ -82,7 +82,7 @@ void DropDownPP::StoreNumber(PageText& text, std::string_view property) {
     if (IsNumber(text.Text())) {
         StoreText(text, property);
     } else {
-        m_site.MessageBox("Property 'DropDownWidth' must a number.");
+        Complain("Property 'DropDownWidth' must a number.");
     }
 }
 
@@ -143,7 +143,7 @@ void GeneralPP::Store() {
 void GeneralPP::StoreDate(const PageText& text, std::string_view property) {
     if (!Has(property)) return;
     if (text.Text().empty()) {
-        m_site.MessageBox("Property '" + std::string(property) + "' cannot be blank");
+        Complain("Property '" + std::string(property) + "' cannot be blank");
     } else {
         StoreText(text, property);
     }
@@ -156,7 +156,7 @@ void GeneralPP::StoreFormat() {
         try {
             m_dates.Format(m_dates.ToDate(Selected()->GetMember("DateValue")), format);
         } catch (const AutomationError& error) {
-            m_site.MessageBox(std::string("Invalid Date Format") + error.what());
+            Complain(std::string("Invalid Date Format") + error.what());
             return;
         }
     }

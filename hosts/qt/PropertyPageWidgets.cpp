@@ -128,13 +128,12 @@ void PropertyPageWidget::ConnectClicks() {
 }
 
 bool PropertyPageWidget::Apply() {
-    m_complained = false;
     try {
-        Page().ApplyChanges();
+        return Page().ApplyChanges();
     } catch (const std::exception& error) {
         MessageBox(error.what());
+        return false;
     }
-    return !m_complained;
 }
 
 void PropertyPageWidget::Changed(bool changed) {
@@ -143,7 +142,6 @@ void PropertyPageWidget::Changed(bool changed) {
 }
 
 void PropertyPageWidget::MessageBox(const std::string& text) {
-    m_complained = true;
     QMessageBox box(QMessageBox::NoIcon, QApplication::applicationDisplayName(), ToQString(text),
                     QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);

@@ -76,7 +76,6 @@ private:
 
     QFormLayout* m_form;
     bool m_changed = false;
-    bool m_complained = false;  // a message box has been shown
 };
 
 /// The pages; `dates` lives longer.

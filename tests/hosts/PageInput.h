@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -9,7 +11,6 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -17,39 +18,34 @@
 namespace velmora {
 
 inline QWidget* PageControlOf(const QWidget& dialog, const char* name) {
-    return dialog.findChild<QWidget*>(QString::fromLatin1(name));
+    auto* const control = dialog.findChild<QWidget*>(QString::fromLatin1(name));
+    if (!control) throw std::logic_error(name);
+    return control;
 }
 
-/// What a list, check box or text box shows; "disabled" for one that is that and empty.
+/// What a list, check box or text box shows, with " disabled" behind it.
 inline std::string Shown(const QWidget& dialog, const char* name) {
     const QWidget* const control = PageControlOf(dialog, name);
-    if (!control) return "no control";
-    const auto* const list = qobject_cast<const QComboBox*>(control);
-    const auto* const check = qobject_cast<const QCheckBox*>(control);
-    const auto* const text = qobject_cast<const QLineEdit*>(control);
-    if (!control->isEnabled()) {
-        const bool isEmpty = list    ? list->currentIndex() < 0
-                             : check ? !check->isChecked()
-                                     : text->text().isEmpty();
-        return isEmpty ? "disabled" : "disabled, not empty";
+    std::string shown;
+    if (const auto* const list = qobject_cast<const QComboBox*>(control)) {
+        shown = list->currentText().toStdString();
+    } else if (const auto* const check = qobject_cast<const QCheckBox*>(control)) {
+        shown = check->isChecked() ? "true" : "false";
+    } else {
+        shown = dynamic_cast<const QLineEdit&>(*control).text().toStdString();
     }
-    if (check) return check->isChecked() ? "true" : "false";
-    return (list ? list->currentText() : text->text()).toStdString();
+    return shown + (control->isEnabled() ? "" : " disabled");
 }
 
 /// Chooses that item, sets the check box ("true" or "false") or the text, as the user does.
 inline void Enter(const QWidget& dialog, const char* name, const char* input) {
     QWidget* const control = PageControlOf(dialog, name);
     if (auto* const list = qobject_cast<QComboBox*>(control)) {
-        const int index = list->findText(QString::fromUtf8(input));
-        if (index < 0) throw std::logic_error(std::string(name) + " has no " + input);
-        list->setCurrentIndex(index);
+        list->setCurrentIndex(list->findText(QString::fromUtf8(input)));
     } else if (auto* const check = qobject_cast<QCheckBox*>(control)) {
         if (check->isChecked() != (std::string_view(input) == "true")) check->click();
-    } else if (auto* const text = qobject_cast<QLineEdit*>(control)) {
-        text->setText(QString::fromUtf8(input));
     } else {
-        throw std::logic_error(name);
+        dynamic_cast<QLineEdit&>(*control).setText(QString::fromUtf8(input));
     }
 }
 
@@ -61,18 +57,19 @@ inline QPushButton& Button(const QWidget& dialog, const char* text) {
     throw std::logic_error(text);
 }
 
-/// The texts of the message boxes that an operation shows; each is closed at once.
-inline std::string MessagesOf(const std::function<void()>& operation) {
+/// The texts of the message boxes that a click brings; each is closed at once.
+inline std::string MessagesOf(QPushButton& button) {
     QStringList texts;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&texts] {
         if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            EXPECT_EQ(box->textFormat(), Qt::PlainText) << "an object's text is no markup";
             texts += box->text();
             box->accept();
         }
     });
     timer.start(0);
-    operation();
+    button.click();
     return texts.join(QLatin1Char('|')).toStdString();
 }
 

@@ -1,10 +1,11 @@
 #include "proppages/PropertyPages.h"
-#include "tests/support/Refusals.h"
+#include "tests/support/PageScript.h"
 #include "tests/support/TestBoxes.h"
 #include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -12,88 +13,139 @@
 namespace velmora::test {
 namespace {
 
-using Log = std::vector<std::string>;
-
 /// A control of any kind; what the page sets comes back as an edit, as native controls do.
 struct FakeControl : PageList, PageCheckBox, PageText {
     void Enabled(bool value) override { enabled = value; }
     void Items(std::span<const std::string_view> names) override {
         items.assign(names.begin(), names.end());
+        text.clear();
     }
-    int ListIndex() const override { return index; }
-    void ListIndex(int value) override { index = value, Edited(); }
-    bool Checked() const override { return checked; }
-    void Checked(bool value) override { checked = value, Edited(); }
+    int ListIndex() const override {
+        const auto item = std::find(items.begin(), items.end(), text);
+        return item == items.end() ? -1 : static_cast<int>(item - items.begin());
+    }
+    void ListIndex(int index) override {
+        Text(index < 0 || index >= std::ssize(items) ? "" : items[static_cast<std::size_t>(index)]);
+    }
+    bool Checked() const override { return text == "true"; }
+    void Checked(bool value) override { Text(value ? "true" : "false"); }
     std::string Text() const override { return text; }
-    void Text(const std::string& value) override { text = value, Edited(); }
+    void Text(const std::string& value) override { text = value, edited(); }
     void ForeColor(Rgb value) override { color = value; }
-    void Edited() const {
-        if (edited) edited();
-    }
 
     bool enabled = true;
     std::vector<std::string> items;
-    int index = -1;
-    bool checked = false;
     std::string text;
-    Rgb color = 0;
-    std::function<void()> edited;
+    Rgb color = kValidText;
+    std::function<void()> edited = [] {};
 };
 
 struct FakeSite : PageSite {
-    void Changed(bool value) override { changed = value; }
-    void MessageBox(const std::string& text) override { messages.push_back(text); }
+    void Changed(bool value) override { changed = value, everChanged |= value; }
+    void MessageBox(const std::string& text) override {
+        *messages += (messages->empty() ? "" : "|") + text;
+    }
+    std::string* messages = nullptr;
     bool changed = false;
-    Log messages;
+    bool everChanged = false;
 };
 
-/// An object of somebody else's with some of the names; it keeps what it is given.
-struct Foreign : AutomationObject {
-    Variant GetMember(std::string_view name) const override {
-        const auto found = values.find(std::string(name));
-        if (found == values.end()) throw AutomationError(ErrorNumber::MemberNotFound);
-        return found->second;
-    }
-    void LetMember(std::string_view name, const Variant& value) override {
-        writes.emplace_back(name);
-        if (name == refused) throw AutomationError(ErrorNumber::InvalidPropertyValue);
-        values[std::string(name)] = value;
-    }
-    std::map<std::string, Variant> values;
-    Log writes;
-    std::string refused;
-};
-
-class PropertyPages : public testing::Test {
-protected:
-    PropertyPages() {
-        for (FakeControl* each : {&minimum, &maximum, &value}) {
-            each->edited = [this, each] { general.OnDateText(*each); };
+/// The three pages, beside each other as in a dialog.
+class CorePages final : public PagePlayer {
+public:
+    CorePages() {
+        for (FakeSite& site : m_sites) site.messages = &m_messages;
+        for (std::size_t page = 0; page < 3; ++page) {
+            for (const std::string& name : kPageFields[page]) {
+                m_controls[name].edited = [this, page] { m_pages[page]->OnClick(); };
+            }
         }
-        format.edited = [this] { general.OnFormatText(); };
-        width.edited = [this] { dropDown.OnWidthText(); };
-        height.edited = [this] { dropDown.OnHeightText(); };
-        for (FakeControl& list : lists) list.edited = [this] { general.OnClick(), day.OnClick(); };
-        enabled.edited = [this] { dropDown.OnClick(); };
-    }
-    void Select(PropertyPage& page, std::vector<AutomationObject*> objects) {
-        page.SelectionChanged(objects);
+        for (const char* const name : {"txtDateMin", "txtDateMax", "txtDateValue"}) {
+            m_controls[name].edited = [this, name] { m_general.OnDateText(m_controls[name]); };
+        }
+        m_controls["txtDateFormat"].edited = [this] { m_general.OnFormatText(); };
+        m_controls["txtDropDownWidth"].edited = [this] { m_dropDown.OnWidthText(); };
+        m_controls["txtDropDownHeight"].edited = [this] { m_dropDown.OnHeightText(); };
     }
 
-    TestCalendar calendar;
-    TestBoxes boxes;
-    VmCalDropDown& box = *boxes.a.control;
-    FakeSite site;
-    FakeControl lists[8], enabled, width, height, minimum, maximum, value, format;
-    Dates& dates = calendar.dates;
-    GeneralPP general{{lists[0], lists[1], lists[2], lists[3], lists[4], lists[5], lists[6],
-                       lists[7], minimum, maximum, value, format},
-                      site,
-                      dates};
-    FakeControl dayLists[5];
-    DayPP day{{dayLists[0], dayLists[1], dayLists[2], dayLists[3], dayLists[4]}, site, dates};
-    DropDownPP dropDown{{enabled, width, height}, site, dates};
+    void Select(const std::string& object) override {
+        if (object != "same") Make(object);
+        for (std::size_t page = 0; page < 3; ++page) Load(page);
+    }
+    void Enter(const std::string& control, const std::string& input) override {
+        m_controls.at(control).Text(input);
+    }
+    std::string Shown(const std::string& name) override {
+        const FakeControl& control = m_controls.at(name);
+        return control.text + (control.color == kInvalidText ? " red" : "") +
+               (control.enabled ? "" : " disabled");
+    }
+    bool IsChanged() override {
+        return std::any_of(m_sites, std::end(m_sites), [](const auto& s) { return s.changed; });
+    }
+    std::string Apply() override {
+        m_messages.clear();
+        for (std::size_t page = 0; page < 3; ++page) {
+            if (!m_sites[page].changed) continue;
+            try {
+                if (m_pages[page]->ApplyChanges()) Load(page);
+            } catch (const AutomationError& error) {
+                m_sites[page].MessageBox(error.what());
+            }
+        }
+        return m_messages;
+    }
+    Variant Property(const std::string& name) override { return m_object->GetMember(name); }
+
+private:
+    void Make(const std::string& object) {
+        m_object = object == "foreign" ? &foreign : nullptr;
+        if (object == "calendar") m_object = m_calendar.emplace().calendar.get();
+        if (object == "box") m_object = m_boxes.emplace().a.control.get();
+        if (object == "calendar" || object == "box") {
+            m_object->LetMember("DateValue", DateOf(Day(2024, 5, 15), 0.5));
+        }
+    }
+    /// The second object is none of the page's business.
+    void Load(std::size_t page) {
+        m_sites[page].everChanged = false;
+        AutomationObject* const objects[] = {m_object, m_second.calendar.get()};
+        m_pages[page]->SelectionChanged(std::span(objects, m_object ? 2 : 0));
+        EXPECT_FALSE(m_sites[page].changed || m_sites[page].everChanged);
+        EXPECT_EQ(m_second.calendar->FirstDayOfWeek(), VmSunday);
+    }
+
+    TestCalendar m_second;
+    std::optional<TestCalendar> m_calendar;
+    std::optional<TestBoxes> m_boxes;
+    AutomationObject* m_object = nullptr;
+    std::string m_messages;
+    FakeSite m_sites[3];
+    std::map<std::string, FakeControl> m_controls;
+    GeneralPP m_general{
+        {m_controls["cboAppearance"], m_controls["cboWeekDayDisplay"], m_controls["chkShowWeekend"],
+         m_controls["cboWeekDayCaptionAlignment"], m_controls["cboWeekDayAppearance"],
+         m_controls["cboMonthDisplay"], m_controls["cboMonthAppearance"],
+         m_controls["cboMonthYearSelStyle"], m_controls["txtDateMin"], m_controls["txtDateMax"],
+         m_controls["txtDateValue"], m_controls["txtDateFormat"]},
+        m_sites[0],
+        m_second.dates};
+    DropDownPP m_dropDown{
+        {m_controls["chkEnabled"], m_controls["txtDropDownWidth"], m_controls["txtDropDownHeight"]},
+        m_sites[1],
+        m_second.dates};
+    DayPP m_day{{m_controls["cboFirstDayOfWeek"], m_controls["cboDayAppearance"],
+                 m_controls["cboDayNumberAlignment"], m_controls["cboDayCaptionAlignment"],
+                 m_controls["cboDayPicAlignment"]},
+                m_sites[2],
+                m_second.dates};
+    PropertyPage* const m_pages[3] = {&m_general, &m_dropDown, &m_day};
 };
+
+TEST(PropertyPages, FollowTheScript) {
+    CorePages pages;
+    PlayPages(pages);
+}
 
 TEST(IsNumber, KeepsItsOddCases) {
     for (const char* text : {"0", "120", "-5", "1.5", "-", ".", "-.", "5.", "-1.2"}) {
@@ -103,116 +155,6 @@ TEST(IsNumber, KeepsItsOddCases) {
          {"", "1.2.3", "..", "5-", "--5", "+5", " 5", "5 ", "12a", "1e3", "1,000"}) {
         EXPECT_FALSE(IsNumber(text)) << text;
     }
-}
-
-TEST_F(PropertyPages, TheDayPageLoadsAndWritesTheFirstSelected) {
-    TestCalendar second;
-    calendar.calendar->FirstDayOfWeek(VmWednesday);
-    calendar.calendar->DayPictureAlignment(VmPictTile);
-    Select(day, {calendar.calendar.get(), second.calendar.get()});
-    EXPECT_FALSE(site.changed);
-    const std::pair<std::size_t, int> loaded[] = {{7, 3}, {2, 1}, {9, 6}, {9, 5}, {15, 10}};
-    for (std::size_t i = 0; i < 5; ++i) {
-        EXPECT_EQ(dayLists[i].items.size(), loaded[i].first);
-        EXPECT_EQ(dayLists[i].index, loaded[i].second);
-    }
-    EXPECT_EQ(dayLists[0].items.front(), "VmSunday");
-    dayLists[0].index = 1;
-    dayLists[3].index = 8;
-    day.OnClick();
-    EXPECT_TRUE(site.changed);
-    day.ApplyChanges();
-    EXPECT_FALSE(site.changed);
-    EXPECT_EQ(calendar.calendar->FirstDayOfWeek(), VmMonday);
-    EXPECT_EQ(calendar.calendar->DayCaptionAlignment(), VmTextBottomRight);
-    EXPECT_EQ(second.calendar->FirstDayOfWeek(), VmSunday);
-}
-
-TEST_F(PropertyPages, TheDropDownPageChecksItsNumbers) {
-    Select(dropDown, {&box});
-    EXPECT_EQ(width.text + ' ' + height.text, "250 200");
-    EXPECT_TRUE(enabled.checked);
-    width.Text("12a");
-    EXPECT_EQ(width.color, kInvalidText);
-    EXPECT_FALSE(site.changed);
-    width.Text("120");
-    EXPECT_EQ(width.color, kValidText);
-    EXPECT_TRUE(site.changed);
-    height.Text("1.2.3");
-    enabled.checked = false;
-    dropDown.ApplyChanges();
-    EXPECT_EQ(site.messages, (Log{"Property 'DropDownWidth' must a number."}));
-    EXPECT_EQ(box.DropDownWidth(), 120);
-    EXPECT_EQ(box.DropDownHeight(), 200);
-    EXPECT_FALSE(box.Enabled());
-
-    height.Text("-1");  // a number, but refused
-    width.Text("130");
-    EXPECT_EQ(NumberOf([&] { dropDown.ApplyChanges(); }), ErrorNumber::InvalidPropertyValue);
-    EXPECT_TRUE(site.changed);
-    EXPECT_EQ(box.DropDownWidth(), 130);
-}
-
-TEST_F(PropertyPages, TheGeneralPageTellsTheControlsApart) {
-    Select(general, {calendar.calendar.get()});
-    EXPECT_EQ(lists[7].items.size(), 4u);
-    EXPECT_FALSE(format.enabled);
-    EXPECT_EQ(minimum.text + ' ' + maximum.text + ' ' + value.text,
-              "1/1/1000 12/31/2999 3/15/2020");
-    EXPECT_FALSE(site.changed);
-    value.Text("12x");
-    EXPECT_EQ(value.color, kInvalidText);
-    EXPECT_FALSE(site.changed);
-    value.Text("4 May 2021");
-    EXPECT_TRUE(site.changed);
-    maximum.Text("");
-    lists[0].index = 0;
-    lists[7].index = 3;
-    general.ApplyChanges();
-    EXPECT_EQ(site.messages, (Log{"Property 'DateMax' cannot be blank"}));
-    EXPECT_EQ(DayOf(calendar.calendar->SelectedDate()), Day(2021, 5, 4));
-    EXPECT_EQ(DayOf(calendar.calendar->DateMax()), Day(2999, 12, 31));
-    EXPECT_EQ(calendar.calendar->Appearance(), VmAppearanceFlat);
-    EXPECT_EQ(calendar.calendar->MonthYearSelStyle(), VmMonthSelScrollbar);
-
-    Select(general, {&box});
-    EXPECT_EQ(lists[7].items.size(), 2u);
-    EXPECT_EQ(format.text, "Short Date");
-    format.Text("yyyy");
-    lists[0].index = 0;
-    general.ApplyChanges();
-    EXPECT_EQ(box.Text(), "2020");
-    EXPECT_EQ(box.Get(kAppearance), VmAppearanceFlat);
-    format.Text("");
-    general.ApplyChanges();
-    EXPECT_EQ(box.DateFormat(), "");
-}
-
-TEST_F(PropertyPages, ForeignObjectsGetWhatTheyHaveInOrder) {
-    Foreign object;
-    object.values = {{"WeekDayDisplay", std::int32_t{2}},
-                     {"ShowWeekend", true},
-                     {"DateMin", Date(43000)},
-                     {"DateValue", "no date at all"},
-                     {"DateFormat", "yyyy"}};
-    object.refused = "ShowWeekend";
-    Select(general, {&object});
-    EXPECT_FALSE(lists[0].enabled);
-    EXPECT_EQ(lists[0].index, -1);
-    EXPECT_EQ(minimum.text, dates.Format(Date(43000), "Short Date"));
-    EXPECT_FALSE(maximum.enabled);
-    EXPECT_EQ(NumberOf([&] { general.ApplyChanges(); }), ErrorNumber::InvalidPropertyValue);
-    EXPECT_EQ(object.writes, (Log{"WeekDayDisplay", "ShowWeekend", "DateMin", "DateValue"}));
-    EXPECT_EQ(site.messages, (Log{"Invalid Date FormatType mismatch"}));
-
-    for (PropertyPage* page :
-         {static_cast<PropertyPage*>(&general), static_cast<PropertyPage*>(&day),
-          static_cast<PropertyPage*>(&dropDown)}) {
-        Select(*page, {});
-        page->ApplyChanges();
-    }
-    EXPECT_FALSE(width.enabled || value.enabled || dayLists[2].enabled || enabled.enabled);
-    EXPECT_EQ(width.text + value.text, "");
 }
 
 }  // namespace

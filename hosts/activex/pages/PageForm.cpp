@@ -33,13 +33,6 @@ WinPageText& PageForm::AddText(const wchar_t* label, Properties properties,
     return text;
 }
 
-bool PageForm::Apply() {
-    m_complained = false;
-    Page().ApplyChanges();
-    if (m_complained) Changed(true);
-    return !m_complained;
-}
-
 SIZE PageForm::Size() const {
     RECT area{};
     if (const HWND measured = Create(m_template.Get(), HWND_MESSAGE, nullptr)) {
@@ -150,7 +143,6 @@ void PageForm::Changed(bool changed) {
 }
 
 void PageForm::MessageBox(const std::string& text) {
-    m_complained = true;
     MessageBoxW(m_window, ToWide(text).c_str(), L"VelmoraCalendar", MB_OK);
 }
 

@@ -30,9 +30,6 @@ public:
     bool IsChanged() const noexcept { return m_changed; }
     /// Called when `IsChanged` has got another value. May end the page.
     void ChangeListener(std::function<void()> listener) { m_listener = std::move(listener); }
-    /// Writes the page. False: the page found fault with a text and has shown a message about it.
-    /// What the object refuses is raised. In both cases the page stays changed.
-    bool Apply();
 
     /// In pixels, with the resolution and the dialog font of now.
     SIZE Size() const;
@@ -82,7 +79,6 @@ private:
     HWND m_window = nullptr;
     const PageField* m_focusWhenShown = nullptr;
     bool m_changed = false;
-    bool m_complained = false;  // a message has been shown
 };
 
 /// The pages; `dates` lives longer.

@@ -142,7 +142,7 @@ STDMETHODIMP PropertyPageObject::Apply() {
     const auto target = m_target;
     bool complete = false;
     const HRESULT applied = Guard([&] {
-        complete = form->Apply();
+        complete = form->Page().ApplyChanges();
         if (complete) Select(m_target);
     });
     return SUCCEEDED(applied) && !complete ? E_ABORT : applied;

@@ -1,41 +1,20 @@
 #pragma once
 
-#include "hosts/activex/com/ComObject.h"
-#include "hosts/activex/com/ComVariant.h"
 #include "hosts/activex/win32/WinText.h"
+#include "tests/activex/objects/ObjectsTest.h"
+#include "tests/support/PageScript.h"
 
 #include <ocidl.h>
 #include <olectl.h>
-#include <windows.h>
-
-#include <functional>
-#include <map>
-#include <set>
-#include <string>
-#include <vector>
 
 namespace velmora {
 
-/// A foreign object: members by name, without type information.
-class FakeObject final : public ComObject<IDispatch> {
+/// The foreign object as a client has it: members by name, without type information.
+class ForeignDispatch final : public ComObject<IDispatch> {
 public:
-    std::map<std::wstring, OwnedVariant> members;
-    std::set<std::wstring> refused;     // with error 380
-    std::vector<std::wstring> written;  // names, in order
-    std::function<void()> onWrite = [] {};
+    explicit ForeignDispatch(test::ForeignObject& object) : m_object(object) {}
 
-    void Set(const wchar_t* name, int value) {
-        members[name].vt = VT_I4;
-        members[name].lVal = value;
-    }
-    void SetDate(const wchar_t* name, double value) {
-        members[name].vt = VT_DATE;
-        members[name].date = value;
-    }
-    void SetText(const wchar_t* name, const wchar_t* value) {
-        members[name].vt = VT_BSTR;
-        members[name].bstrVal = SysAllocString(value);
-    }
+    std::function<void()> onWrite = [] {};
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         *count = 0;
@@ -43,24 +22,26 @@ public:
     }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
-        const auto found = members.find(names[0]);
-        ids[0] = found == members.end()
-                     ? DISPID_UNKNOWN
-                     : static_cast<DISPID>(std::distance(members.begin(), found));
-        return found == members.end() ? DISP_E_UNKNOWNNAME : S_OK;
+        const auto found = m_object.values.find(ToUtf8(names[0]));
+        if (found == m_object.values.end()) return DISP_E_UNKNOWNNAME;
+        ids[0] = static_cast<DISPID>(std::distance(m_object.values.begin(), found));
+        return S_OK;
     }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO* exception, UINT*) override {
-        const auto member = std::next(members.begin(), id);
-        if (flags & DISPATCH_PROPERTYGET) return VariantCopy(result, &member->second);
-        written.push_back(member->first);
-        if (refused.contains(member->first)) {
+        const std::string name = std::next(m_object.values.begin(), id)->first;
+        if (flags & DISPATCH_PROPERTYGET) {
+            ToComVariant(m_object.GetMember(name), *m_bridge, *result);
+            return S_OK;
+        }
+        try {
+            m_object.LetMember(name, FromComVariant(*arguments->rgvarg, *m_bridge));
+        } catch (const AutomationError& error) {
             *exception = {};
             exception->scode = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 380);
-            exception->bstrDescription = SysAllocString(L"refused");
+            exception->bstrDescription = ToBstr(error.what());
             return DISP_E_EXCEPTION;
         }
-        VariantCopy(&member->second, arguments->rgvarg);
         onWrite();
         return S_OK;
     }
@@ -69,10 +50,13 @@ private:
     void* Find(REFIID iid) override {
         return iid == IID_IDispatch ? static_cast<IDispatch*>(this) : ComObject::Find(iid);
     }
+
+    test::ForeignObject& m_object;
+    std::shared_ptr<ObjectBridge> m_bridge = std::make_shared<ObjectBridge>();
 };
 
 /// The frame around a page.
-class FakeSite final : public ComObject<IPropertyPageSite> {
+class FrameSite final : public ComObject<IPropertyPageSite> {
 public:
     LCID locale = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
     std::vector<DWORD> status;

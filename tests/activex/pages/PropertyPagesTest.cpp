@@ -2,285 +2,249 @@
 
 #include "PageFakes.h"
 #include "hosts/activex/control/ControlClass.h"
-#include "hosts/activex/pages/PageFields.h"
 
-#include <gtest/gtest.h>
+#include <algorithm>
 
 namespace velmora {
 namespace {
 
-using Microsoft::WRL::ComPtr;
+constexpr int kFirstField = 100;  // identifiers of a page's controls, by row
+enum Page : std::size_t { kGeneral, kDropDown, kDay };
+const CLSID* const kPages[] = {&kGeneralPage, &kDropDownPage, &kDayPage};
 
-constexpr double kMarch15 = 45366;  // of 2024
-constexpr int kFirstField = 100;    // identifiers of the dialog's controls, by row
+std::string g_messages;
 
-// Rows of the pages.
-enum General { kAppearance, kWeekend = 2, kDate = 10, kFormat };
-enum DropDown { kEnabled, kWidth, kHeight };
-enum Day { kFirstDay, kDayAppearance };
-
-template <class T>
-ComPtr<T> New() {
-    return Adopt(new T);
+/// Notes and closes the message that a page shows.
+void CALLBACK CloseMessage(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND box = FindWindowW(L"#32770", L"VelmoraCalendar");
+    if (!box || !IsWindowVisible(box)) return;
+    const HWND icon = FindWindowExW(box, nullptr, L"Static", nullptr);
+    wchar_t text[200] = L"";
+    GetWindowTextW(FindWindowExW(box, icon, L"Static", nullptr), text, 200);
+    g_messages += (g_messages.empty() ? "" : "|") + ToUtf8(text);
+    SendMessageW(box, WM_COMMAND, IDOK, 0);
 }
 
-class PropertyPages : public testing::Test {
-protected:
-    ComPtr<FakeObject> object = New<FakeObject>();
-    ComPtr<FakeSite> site = New<FakeSite>();
-    ComPtr<IPropertyPage2> page;
-    HWND frame = nullptr;
+std::string ErrorText() {
+    ComPtr<IErrorInfo> info;
+    BSTR text = nullptr;
+    if (GetErrorInfo(0, &info) == S_OK) info->GetDescription(&text);
+    const std::string plain = FromBstr(text);
+    SysFreeString(text);
+    return plain;
+}
 
-    void SetUp() override {
-        OleInitialize(nullptr);
-        frame = CreateWindowExW(0, L"STATIC", L"Frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
-                                500, 500, nullptr, nullptr, nullptr, nullptr);
-        ASSERT_TRUE(frame);
-        for (const wchar_t* const name :
-             {L"DropDownAppearance", L"WeekDayDisplay", L"ShowWeekend", L"WeekDayCaptionAlignment",
-              L"WeekDayAppearance", L"MonthDisplay", L"MonthAppearance", L"MonthYearSelStyle",
-              L"DayAppearance", L"DayNumberAlignment", L"DayCaptionAlignment",
-              L"DayPictureAlignment"}) {
-            object->Set(name, 1);
+/// The component's pages in one frame, on top of each other.
+class WinPages final : public test::PagePlayer {
+public:
+    WinPages() {
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_EQ(CreatePropertyPage(*kPages[i], IID_PPV_ARGS(&pages[i])), S_OK);
+            EXPECT_EQ(pages[i]->SetPageSite(site.Get()), S_OK);
+            Activate(i);
         }
-        object->Set(L"FirstDayOfWeek", 2);
-        object->Set(L"Enabled", -1);
-        object->Set(L"DropDownWidth", 120);
-        object->Set(L"DropDownHeight", 90);
-        object->SetDate(L"DateMin", kMarch15 - 1000);
-        object->SetDate(L"DateMax", kMarch15 + 1000);
-        object->SetDate(L"DateValue", kMarch15);
-        object->SetText(L"DateFormat", L"d mmm yyyy");
     }
-
-    void TearDown() override {
-        if (page) page->SetPageSite(nullptr);
-        page.Reset();
-        object.Reset();
-        site.Reset();
+    ~WinPages() override {
+        for (const auto& page : pages) {
+            if (page) page->SetPageSite(nullptr);
+        }
         DestroyWindow(frame);
-        EXPECT_EQ(ModuleLock::Count(), 0);
-        OleUninitialize();
     }
 
-    void Open(REFCLSID classId) {
-        page.Reset();
-        ASSERT_EQ(CreatePropertyPage(classId, IID_PPV_ARGS(&page)), S_OK);
-        ASSERT_EQ(page->SetPageSite(site.Get()), S_OK);
-        Select(object.Get());
-        Activate();
+    void Select(const std::string& name) override {
+        if (name != "same") object = Make(name);
+        IUnknown* selected[] = {object.Get(), site.Get()};  // the second is no object
+        site->status.clear();
+        for (const auto& page : pages) EXPECT_EQ(page->SetObjects(object ? 2 : 0, selected), S_OK);
+        EXPECT_EQ(std::count(site->status.begin(), site->status.end(), PROPPAGESTATUS_DIRTY), 0);
     }
-    void Activate() {
-        PROPPAGEINFO info{};
-        info.cb = sizeof info;
-        ASSERT_EQ(page->GetPageInfo(&info), S_OK);
-        CoTaskMemFree(info.pszTitle);
-        const RECT place{0, 0, info.size.cx, info.size.cy};
-        ASSERT_EQ(page->Activate(frame, &place, FALSE), S_OK);
-        ASSERT_EQ(page->Show(SW_SHOW), S_OK);
+    void Enter(const std::string& name, const std::string& input) override {
+        const HWND field = Field(name);
+        const std::wstring text = ToWide(input);
+        if (name.starts_with("txt")) SetWindowTextW(field, text.c_str());
+        if (name.starts_with("chk") && Shown(name) != input) SendMessageW(field, BM_CLICK, 0, 0);
+        if (!name.starts_with("cbo")) return;
+        const LRESULT item = SendMessageW(field, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                          reinterpret_cast<LPARAM>(text.c_str()));
+        SendMessageW(field, CB_SETCURSEL, static_cast<WPARAM>(item), 0);
+        SendMessageW(GetParent(field), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(field), CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(field));
     }
-    void Select(IUnknown* selected) { ASSERT_EQ(page->SetObjects(1, &selected), S_OK); }
-
-    HWND Field(int row) const { return GetDlgItem(GetWindow(frame, GW_CHILD), kFirstField + row); }
-    std::wstring TextOf(int row) const {
+    std::string Shown(const std::string& name) override {
+        const HWND field = Field(name);
         wchar_t text[100] = L"";
-        GetWindowTextW(Field(row), text, 100);
-        return text;
+        GetWindowTextW(field, text, 100);
+        std::string shown = ToUtf8(text);
+        if (name.starts_with("chk")) {
+            shown = SendMessageW(field, BM_GETCHECK, 0, 0) == BST_CHECKED ? "true" : "false";
+        }
+        const HDC context = GetDC(field);
+        SendMessageW(GetParent(field), WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(context),
+                     reinterpret_cast<LPARAM>(field));
+        if (GetTextColor(context) == RGB(255, 0, 0)) shown += " red";
+        ReleaseDC(field, context);
+        return shown + (IsWindowEnabled(field) ? "" : " disabled");
     }
-    void Type(int row, const wchar_t* text) { SetWindowTextW(Field(row), text); }
-    void Choose(int row, int index) {
-        SendMessageW(Field(row), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        SendMessageW(GetParent(Field(row)), WM_COMMAND,
-                     MAKEWPARAM(kFirstField + row, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(Field(row)));
+    bool IsChanged() override {
+        return std::ranges::any_of(pages, [](auto& p) { return p->IsPageDirty() == S_OK; });
     }
-    int Choice(int row) { return static_cast<int>(SendMessageW(Field(row), CB_GETCURSEL, 0, 0)); }
-    COLORREF ColorOf(int row) {
-        const HDC context = CreateCompatibleDC(nullptr);
-        SetTextColor(context, 0);
-        SendMessageW(GetParent(Field(row)), WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(context),
-                     reinterpret_cast<LPARAM>(Field(row)));
-        const COLORREF color = GetTextColor(context);
-        DeleteDC(context);
-        return color;
+    std::string Apply() override {
+        g_messages.clear();
+        const UINT_PTR timer = SetTimer(nullptr, 0, 10, CloseMessage);
+        for (const auto& page : pages) {
+            const HRESULT result = page->IsPageDirty() == S_OK ? page->Apply() : S_OK;
+            if (FAILED(result) && result != E_ABORT) {
+                g_messages += (g_messages.empty() ? "" : "|") + ErrorText();
+            }
+        }
+        KillTimer(nullptr, timer);
+        return g_messages;
     }
-    bool IsDirty() { return page->IsPageDirty() == S_OK; }
-    HRESULT Press(WPARAM key) {
-        MSG message{GetFocus(), WM_KEYDOWN, key, 0, 0, {}};
-        return page->TranslateAccelerator(&message);
+    Variant Property(const std::string& name) override {
+        return ComAutomation(*object.Get(), *std::make_shared<ObjectBridge>()).GetMember(name);
+    }
+
+    HWND Field(const std::string& name) const {
+        for (std::size_t i = 0; i < 3; ++i) {
+            const auto& names = test::kPageFields[i];
+            const auto found = std::find(names.begin(), names.end(), name);
+            if (found == names.end()) continue;
+            return GetDlgItem(dialogs[i], kFirstField + static_cast<int>(found - names.begin()));
+        }
+        return nullptr;
+    }
+    void Activate(std::size_t index) {
+        const RECT place{0, 0, 400, 400};
+        EXPECT_EQ(pages[index]->Activate(frame, &place, FALSE), S_OK);
+        EXPECT_EQ(pages[index]->Show(SW_SHOW), S_OK);
+        dialogs[index] = GetWindow(frame, GW_CHILD);
+        while (HWND next = GetWindow(dialogs[index], GW_HWNDNEXT)) dialogs[index] = next;
+    }
+
+    HWND frame = CreateWindowExW(0, L"STATIC", L"Frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
+                                 500, 500, nullptr, nullptr, nullptr, nullptr);
+    HWND dialogs[3] = {};
+    ComPtr<FrameSite> site = Adopt(new FrameSite);
+    ComPtr<IPropertyPage2> pages[3];
+    ComPtr<IDispatch> object;
+
+private:
+    ComPtr<IDispatch> Make(const std::string& name) {
+        if (name == "foreign") return Adopt<IDispatch>(new ForeignDispatch(foreign));
+        if (name == "nothing") return nullptr;
+        ComPtr<IDispatch> control;
+        if (name == "calendar") control = NewCalendar();
+        if (name == "box") control = NewBox();
+        EXPECT_EQ(Put(control.Get(), L"DateValue", Real(45427.5, VT_DATE)), 0);
+        return control;
     }
 };
 
-TEST_F(PropertyPages, ShowTheFirstObjectOnly) {
-    Open(kGeneralPage);
-    EXPECT_EQ(Choice(kAppearance), 1);
-    EXPECT_EQ(SendMessageW(Field(kWeekend), BM_GETCHECK, 0, 0), BST_CHECKED);
-    EXPECT_EQ(TextOf(kDate), L"3/15/2024");
-    EXPECT_EQ(TextOf(kFormat), L"d mmm yyyy");
-    EXPECT_FALSE(IsDirty());
+class PropertyPages : public testing::Test {
+protected:
+    void SetUp() override { OleInitialize(nullptr); }
+    void TearDown() override {
+        EXPECT_EQ(ModuleLock::Count(), 0);
+        OleUninitialize();
+    }
+};
 
-    const auto other = New<FakeObject>();
-    other->Set(L"FirstDayOfWeek", 7);
-    IUnknown* const both[] = {object.Get(), other.Get()};
-    Open(kDayPage);
-    ASSERT_EQ(page->SetObjects(2, const_cast<IUnknown**>(both)), S_OK);
-    EXPECT_EQ(Choice(kFirstDay), 1);
-    Choose(kFirstDay, 4);
-    EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(object->members[L"FirstDayOfWeek"].lVal, 5);
-    EXPECT_TRUE(other->written.empty());
+TEST_F(PropertyPages, FollowTheScript) {
+    WinPages pages;
+    test::PlayPages(pages);
 }
 
-TEST_F(PropertyPages, EditsMakeThePageDirtyAndBadTextRed) {
-    Open(kDropDownPage);
-    EXPECT_TRUE(site->status.empty());
-    Type(kWidth, L"12a");
-    EXPECT_EQ(ColorOf(kWidth), kInvalidText);
-    EXPECT_FALSE(IsDirty());
-    Type(kWidth, L"130");
-    EXPECT_EQ(ColorOf(kWidth), kValidText);
-    EXPECT_TRUE(IsDirty());
-    Type(kWidth, L"140");
-    EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(site->status, (std::vector<DWORD>{PROPPAGESTATUS_DIRTY, PROPPAGESTATUS_CLEAN}));
-    EXPECT_EQ(object->written,
-              (std::vector<std::wstring>{L"Enabled", L"DropDownWidth", L"DropDownHeight"}));
-    EXPECT_EQ(object->members[L"DropDownWidth"].dblVal, 140);
-}
-
-TEST_F(PropertyPages, ARefusalKeepsThePageDirtyAndTheRestIsWritten) {
-    Open(kDayPage);
-    object->refused = {L"DayAppearance"};
-    Choose(kDayAppearance, 0);
-    Choose(kFirstDay, 6);
-    EXPECT_EQ(page->Apply(), MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 380));
-    ComPtr<IErrorInfo> info;
-    ASSERT_EQ(GetErrorInfo(0, &info), S_OK);
-    EXPECT_TRUE(IsDirty());
-    EXPECT_EQ(object->members[L"FirstDayOfWeek"].lVal, 7);
-    EXPECT_EQ(Choice(kDayAppearance), 0);
-    object->refused.clear();
-    EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(object->members[L"DayAppearance"].lVal, 0);
-}
-
-TEST_F(PropertyPages, DatesAreOfTheSitesLocaleAndTravelAsDates) {
-    site->locale = MAKELCID(MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN), SORT_DEFAULT);
-    Open(kGeneralPage);
-    EXPECT_TRUE(TextOf(kDate).starts_with(L"15."));
-    Type(kDate, L"2.3.2024");
-    EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(object->members[L"DateValue"].vt, VT_DATE);
-    EXPECT_EQ(object->members[L"DateValue"].date, kMarch15 - 13);
-}
-
-TEST_F(PropertyPages, WhatTheObjectLacksIsDisabledAndNotWritten) {
-    const auto poor = New<FakeObject>();
-    poor->Set(L"DayAppearance", 0);
-    object = poor;
-    Open(kDayPage);
-    EXPECT_FALSE(IsWindowEnabled(Field(kFirstDay)));
-    EXPECT_TRUE(IsWindowEnabled(Field(kDayAppearance)));
-    EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(poor->written, (std::vector<std::wstring>{L"DayAppearance"}));
-}
-
-TEST_F(PropertyPages, EditsOutliveDeactivation) {
-    Open(kDayPage);
-    Choose(kFirstDay, 3);
-    ASSERT_EQ(page->Deactivate(), S_OK);
-    EXPECT_TRUE(IsDirty());
-    Activate();
-    EXPECT_EQ(Choice(kFirstDay), 3);
-    ASSERT_EQ(page->Deactivate(), S_OK);
-    EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(object->members[L"FirstDayOfWeek"].lVal, 4);
+TEST_F(PropertyPages, EditsOutliveDeactivationAndDatesAreOfTheSitesLocale) {
+    WinPages pages;
+    pages.Select("foreign");
+    IPropertyPage2& page = *pages.pages[kGeneral].Get();
+    page.SetPageSite(nullptr);
+    pages.site->locale = MAKELCID(MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN), SORT_DEFAULT);
+    page.SetPageSite(pages.site.Get());
+    pages.Enter("txtDateMin", "2.3.2024");
+    EXPECT_EQ(pages.site->status, std::vector<DWORD>{PROPPAGESTATUS_DIRTY});
+    EXPECT_EQ(page.Deactivate(), S_OK);
+    EXPECT_EQ(page.IsPageDirty(), S_OK);
+    pages.Activate(kGeneral);
+    EXPECT_EQ(pages.Shown("txtDateMin"), "2.3.2024");
+    EXPECT_EQ(page.Deactivate(), S_OK);
+    pages.Apply();
+    EXPECT_EQ(pages.Property("DateMin"), Variant(Date(45353)));
 }
 
 TEST_F(PropertyPages, CallsOutOfOrderAreRefused) {
-    EXPECT_EQ(CreatePropertyPage(IID_IUnknown, IID_PPV_ARGS(&page)), CLASS_E_CLASSNOTAVAILABLE);
-    EXPECT_EQ(CreatePropertyPage(kDayPage, IID_IUnknown, nullptr), E_POINTER);
-    ASSERT_EQ(CreatePropertyPage(kDayPage, IID_PPV_ARGS(&page)), S_OK);
+    WinPages pages;
+    IPropertyPage2& page = *pages.pages[kDay].Get();
     const RECT place{0, 0, 100, 100};
-    IUnknown* nothing = nullptr;
-    EXPECT_EQ(page->Deactivate(), E_UNEXPECTED);
-    EXPECT_EQ(page->Show(SW_SHOW), E_UNEXPECTED);
-    EXPECT_EQ(page->Move(&place), E_UNEXPECTED);
-    EXPECT_EQ(page->Apply(), E_UNEXPECTED);
-    EXPECT_EQ(page->EditProperty(1), E_UNEXPECTED);
-    EXPECT_EQ(page->GetPageInfo(nullptr), E_POINTER);
-    EXPECT_EQ(page->TranslateAccelerator(nullptr), E_POINTER);
-    EXPECT_EQ(page->SetObjects(1, nullptr), E_POINTER);
-    EXPECT_EQ(page->SetObjects(1, &nothing), E_POINTER);
-    EXPECT_EQ(page->SetObjects(0, nullptr), S_OK);
-    EXPECT_EQ(page->Activate(frame, nullptr, FALSE), E_POINTER);
-    EXPECT_EQ(page->Activate(nullptr, &place, FALSE), E_INVALIDARG);
-    EXPECT_EQ(page->Activate(frame, &place, FALSE), S_OK);
-    EXPECT_EQ(page->Activate(frame, &place, FALSE), E_UNEXPECTED);
-    EXPECT_EQ(page->Show(SW_MAXIMIZE), E_INVALIDARG);
-    EXPECT_EQ(page->SetPageSite(site.Get()), S_OK);
-    EXPECT_EQ(page->SetPageSite(site.Get()), E_UNEXPECTED);
-    DestroyWindow(frame);
-    EXPECT_EQ(page->Deactivate(), E_UNEXPECTED);
+    EXPECT_EQ(page.Apply(), E_UNEXPECTED);
+    EXPECT_EQ(page.EditProperty(1), E_UNEXPECTED);
+    EXPECT_EQ(page.SetPageSite(pages.site.Get()), E_UNEXPECTED);
+    EXPECT_EQ(page.Activate(pages.frame, &place, FALSE), E_UNEXPECTED);
+    DestroyWindow(pages.frame);
+    EXPECT_EQ(page.Deactivate(), E_UNEXPECTED);
+    EXPECT_EQ(page.Show(SW_SHOW), E_UNEXPECTED);
+    EXPECT_EQ(page.Activate(nullptr, &place, FALSE), E_INVALIDARG);
 }
 
 /// Frame or object take everything away in the middle of a call.
 TEST_F(PropertyPages, SurviveTheEndInsideOfACall) {
-    Open(kDayPage);
-    object->onWrite = [this] {
+    WinPages pages;
+    auto& page = pages.pages[kGeneral];
+    const auto end = [&] {
         if (!page) return;
         page->SetObjects(0, nullptr);
         page->Deactivate();
         page->SetPageSite(nullptr);
         page.Reset();
     };
-    Choose(kFirstDay, 0);
-    EXPECT_EQ(page.Get()->Apply(), S_OK);
-    EXPECT_EQ(object->written, (std::vector<std::wstring>{L"FirstDayOfWeek"}));
+    pages.Select("foreign");
+    static_cast<ForeignDispatch*>(pages.object.Get())->onWrite = end;
+    pages.Enter("cboMonthDisplay", "VmMonthFullName");
+    EXPECT_HRESULT_FAILED(page.Get()->Apply());
+    EXPECT_EQ(pages.foreign.writes, "ShowWeekend MonthDisplay");
 
-    object->onWrite = [] {};
-    Open(kDayPage);
-    site->onStatus = [this] {
-        page->Deactivate();
-        page->SetPageSite(nullptr);
-        page.Reset();
+    WinPages others;
+    others.Select("foreign");
+    others.site->onStatus = [&] {
+        others.pages[kGeneral]->Deactivate();
+        others.pages[kGeneral]->SetPageSite(nullptr);
+        others.pages[kGeneral].Reset();
     };
-    Choose(kFirstDay, 5);
-    EXPECT_FALSE(page);
+    others.Enter("cboMonthDisplay", "VmMonthFullName");
+    EXPECT_FALSE(others.pages[kGeneral]);
 }
 
-TEST_F(PropertyPages, TabWalksTheFieldsAndLeavesAtTheEnd) {
-    Open(kDropDownPage);
-    SetFocus(frame);
-    EXPECT_EQ(Press(VK_RETURN), S_OK);  // the frame's
-    EXPECT_EQ(site->keys, 1);
-    for (const int row : {kEnabled, kWidth, kHeight}) {
-        EXPECT_EQ(Press(VK_TAB), S_OK);
-        EXPECT_EQ(GetFocus(), Field(row));
+TEST_F(PropertyPages, TheFocusWalksTheFieldsOrIsBroughtToOne) {
+    WinPages pages;
+    pages.Select("box");
+    IPropertyPage2& page = *pages.pages[kDropDown].Get();
+    const auto press = [&](WPARAM key) {
+        MSG message{GetFocus(), WM_KEYDOWN, key, 0, 0, {}};
+        return page.TranslateAccelerator(&message);
+    };
+    SetFocus(pages.frame);
+    EXPECT_EQ(press(VK_RETURN), S_OK);  // the frame's
+    EXPECT_EQ(pages.site->keys, 1);
+    for (const std::string& field : test::kPageFields[kDropDown]) {
+        EXPECT_EQ(press(VK_TAB), S_OK);
+        EXPECT_EQ(GetFocus(), pages.Field(field));
     }
-    EXPECT_EQ(site->keys, 1);
-    EXPECT_EQ(Press(VK_TAB), S_OK);
-    EXPECT_EQ(GetFocus(), Field(kHeight));
-    EXPECT_EQ(Press(VK_ESCAPE), S_OK);
-    EXPECT_EQ(site->keys, 3);
-    MSG timer{frame, WM_TIMER, 0, 0, 0, {}};
-    EXPECT_EQ(page->TranslateAccelerator(&timer), S_FALSE);
-    EXPECT_EQ(site->keys, 3);
-}
+    EXPECT_EQ(pages.site->keys, 1);
+    EXPECT_EQ(press(VK_TAB), S_OK);
+    EXPECT_EQ(GetFocus(), pages.Field("txtDropDownHeight"));
+    EXPECT_EQ(press(VK_ESCAPE), S_OK);
+    EXPECT_EQ(pages.site->keys, 3);
+    MSG timer{pages.frame, WM_TIMER, 0, 0, 0, {}};
+    EXPECT_EQ(page.TranslateAccelerator(&timer), S_FALSE);
 
-TEST_F(PropertyPages, EditPropertyBringsTheFocusToItsField) {
-    Open(kDropDownPage);
-    wchar_t name[] = L"DropDownHeight";
-    LPOLESTR names = name;
-    DISPID id = 0;
-    ASSERT_EQ(object->GetIDsOfNames(GUID{}, &names, 1, 0, &id), S_OK);
-    EXPECT_EQ(page->EditProperty(id), S_OK);
-    EXPECT_EQ(GetFocus(), Field(kHeight));
-    ASSERT_EQ(page->Deactivate(), S_OK);
-    EXPECT_EQ(page->EditProperty(id), S_OK);
-    Activate();
-    EXPECT_EQ(GetFocus(), Field(kHeight));
-    EXPECT_EQ(page->EditProperty(1000), E_INVALIDARG);
+    const DISPID width = IdOf(pages.object.Get(), L"DropDownWidth");
+    EXPECT_EQ(page.EditProperty(width), S_OK);
+    EXPECT_EQ(GetFocus(), pages.Field("txtDropDownWidth"));
+    EXPECT_EQ(page.Deactivate(), S_OK);
+    EXPECT_EQ(page.EditProperty(width), S_OK);
+    pages.Activate(kDropDown);
+    EXPECT_EQ(GetFocus(), pages.Field("txtDropDownWidth"));
+    EXPECT_EQ(page.EditProperty(30000), E_INVALIDARG);
 }
 
 }  // namespace

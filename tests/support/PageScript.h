@@ -1,0 +1,230 @@
+#pragma once
+
+#include "platform/Automation.h"
+#include "platform/AutomationError.h"
+#include "platform/Date.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace velmora::test {
+
+/// The controls of the pages, in the order of their rows.
+inline const std::vector<std::string> kPageFields[] = {
+    {"cboAppearance", "cboWeekDayDisplay", "chkShowWeekend", "cboWeekDayCaptionAlignment",
+     "cboWeekDayAppearance", "cboMonthDisplay", "cboMonthAppearance", "cboMonthYearSelStyle",
+     "txtDateMin", "txtDateMax", "txtDateValue", "txtDateFormat"},
+    {"chkEnabled", "txtDropDownWidth", "txtDropDownHeight"},
+    {"cboFirstDayOfWeek", "cboDayAppearance", "cboDayNumberAlignment", "cboDayCaptionAlignment",
+     "cboDayPicAlignment"}};
+
+/// An object of somebody else's with some of the names; it keeps what it is given.
+struct ForeignObject : AutomationObject {
+    Variant GetMember(std::string_view name) const override {
+        const auto found = values.find(std::string(name));
+        if (found == values.end()) throw AutomationError(ErrorNumber::MemberNotFound);
+        return found->second;
+    }
+    void LetMember(std::string_view name, const Variant& value) override {
+        writes += (writes.empty() ? "" : " ") + std::string(name);
+        if (name == "ShowWeekend") throw AutomationError(ErrorNumber::InvalidPropertyValue);
+        values[std::string(name)] = value;
+    }
+    std::map<std::string, Variant> values{
+        {"WeekDayDisplay", std::int32_t{77}},  // no item of it
+        {"MonthDisplay", std::int32_t{1}},    {"ShowWeekend", true}, {"DateMin", Date(43000)},
+        {"DateValue", "no date at all"},      {"DateFormat", "yyyy"}};
+    std::string writes;  // names, in order
+};
+
+/// The property pages as a host shows them, English (United States). Only pages that have been
+/// changed are applied.
+class PagePlayer {
+public:
+    virtual ~PagePlayer() = default;
+    /// A new "calendar" or "box" at 15 May 2024, "foreign", "nothing"; "same" is loaded again.
+    virtual void Select(const std::string& object) = 0;
+    /// Chooses that item, sets the check box ("true", "false") or the text.
+    virtual void Enter(const std::string& control, const std::string& input) = 0;
+    /// What a list, check box or text box shows, with " red" or " disabled".
+    virtual std::string Shown(const std::string& control) = 0;
+    virtual bool IsChanged() = 0;
+    /// The page's messages and the object's refusal, with "|" between them.
+    virtual std::string Apply() = 0;
+    virtual Variant Property(const std::string& name) = 0;
+
+    ForeignObject foreign;
+};
+
+/// A control that shows `before` (null: by the host's scale); then `input` is entered and applied.
+struct PageEdit {
+    const char *control, *before, *input, *property, *value;
+    const char* after = nullptr;  // what is shown then, when it is not the input
+};
+
+inline const std::vector<PageEdit> kEditsOfBoth{
+    {"cboFirstDayOfWeek", "VmSunday", "VmMonday", "FirstDayOfWeek", "2"},
+    {"cboDayAppearance", "VmAppearance3D", "VmAppearanceFlat", "DayAppearance", "0"},
+    {"cboDayNumberAlignment", "VmTextTopRight", "VmTextTopCenter", "DayNumberAlignment", "3"},
+    {"cboDayCaptionAlignment", "VmTextBottomCenter", "VmTextMiddleLeft", "DayCaptionAlignment",
+     "1"},
+    {"cboDayPicAlignment", "VmPictTopLeft", "VmPictTile", "DayPictureAlignment", "10"},
+    {"cboWeekDayDisplay", "VmWeekDayAbbrName", "VmWeekDayLetter", "WeekDayDisplay", "3"},
+    {"chkShowWeekend", "true", "false", "ShowWeekend", "false"},
+    {"cboWeekDayCaptionAlignment", "VmTextMiddleCenter", "VmTextBottomLeft",
+     "WeekDayCaptionAlignment", "2"},
+    {"cboWeekDayAppearance", "VmAppearance3D", "VmAppearanceFlat", "WeekDayAppearance", "0"},
+    {"cboMonthDisplay", "VmMonthFullName", "VmMonthAbbrName", "MonthDisplay", "1"},
+    {"cboMonthAppearance", "VmAppearance3D", "VmAppearanceFlat", "MonthAppearance", "0"},
+    {"cboMonthYearSelStyle", "VmMonthSelNone", "VmMonthSelArrows", "MonthYearSelStyle", "1"}};
+inline const std::vector<PageEdit> kEditsOfCalendar{
+    {"cboAppearance", "VmAppearance3D", "VmAppearanceFlat", "Appearance", "0"},
+    {"cboMonthYearSelStyle", "VmMonthSelArrows", "VmMonthSelScrollbar", "MonthYearSelStyle", "3"},
+    {"txtDateMin", "1/1/1000", "2/14/2020", "DateMin", "2020-02-01", "2/1/2020"},
+    {"txtDateMax", "12/31/2999", "2/14/2030", "DateMax", "2030-02-28", "2/28/2030"},
+    {"txtDateValue", "5/15/2024", "Jun 7, 2024", "DateValue", "6/7/2024", "6/7/2024"}};
+inline const std::vector<PageEdit> kEditsOfBox{
+    {"cboAppearance", "VmAppearance3D", "VmAppearanceFlat", "DropDownAppearance", "0"},
+    {"txtDateMin", "1/1/1100", "2/14/2020", "DateMin", "2020-02-01", "2/1/2020"},
+    {"txtDateMax", "12/31/2700", "2/14/2030", "DateMax", "2030-02-28", "2/28/2030"},
+    {"txtDateValue", "5/15/2024", "Jun 7, 2024", "DateValue", "2024-06-07", "6/7/2024"},
+    {"txtDateFormat", "Short Date", "yyyy", "DateFormat", "yyyy"},
+    {"txtDateFormat", "yyyy", "", "DateFormat", ""},
+    {"chkEnabled", "true", "false", "Enabled", "false"},
+    {"txtDropDownWidth", nullptr, "300", "DropDownWidth", "300"},
+    {"txtDropDownHeight", nullptr, "240", "DropDownHeight", "240"}};
+
+/// What is done, and what comes of it: "select" takes an object. "Apply" gives its messages. A
+/// control with an input is edited, without one looked at, and shows its content, " red", " *"
+/// while Apply is possible. "writes" are those of the foreign object; else a property is read.
+struct PageStep {
+    const char *what, *input, *result;
+};
+
+inline constexpr PageStep kPageSteps[] = {
+    // Text is red while it is no date or number, and black when it is loaded again.
+    {"select", "box", ""},
+    {"txtDateMin", "12x", "12x red"},
+    {"txtDateMin", "1/1/2001", "1/1/2001 *"},
+    {"txtDateMax", "", " red *"},
+    {"txtDropDownWidth", "12a", "12a red *"},
+    {"txtDropDownHeight", "--", "-- red *"},
+    {"select", "same", ""},
+    {"txtDateMin", nullptr, "1/1/1100"},
+    {"txtDateMax", nullptr, "12/31/2700"},
+    {"cboMonthYearSelStyle", nullptr, "VmMonthSelNone"},
+    // What a page finds fault with is told, the rest is written, and the page stays changed.
+    {"chkEnabled", "false", "false *"},
+    {"txtDropDownWidth", "300", "300 *"},
+    {"txtDropDownHeight", "1.2.3", "1.2.3 red *"},
+    {"Apply", nullptr, "Property 'DropDownWidth' must a number."},
+    {"DropDownWidth", nullptr, "300"},
+    {"Enabled", nullptr, "false"},
+    {"txtDropDownHeight", nullptr, "1.2.3 red *"},
+    {"txtDropDownHeight", "240", "240 *"},
+    {"Apply", nullptr, ""},
+    {"txtDropDownHeight", nullptr, "240"},
+    // The first refusal is told and keeps nothing else from being written.
+    {"txtDateMin", "1/1/4000", "1/1/4000 *"},
+    {"txtDateMax", "12x", "12x red *"},
+    {"txtDateValue", "6/7/2024", "6/7/2024 *"},
+    {"Apply", nullptr, "Invalid property value"},
+    {"DateMin", nullptr, "1100-01-01"},
+    {"DateValue", nullptr, "2024-06-07"},
+    {"txtDateMin", nullptr, "1/1/4000 *"},
+    {"txtDateMin", "1/1/2000", "1/1/2000 *"},
+    {"Apply", nullptr, "Type mismatch"},
+    {"txtDateMax", "", " red *"},
+    {"txtDateMin", "", " red *"},
+    {"txtDateValue", "", " red *"},
+    {"txtDateFormat", "yyyy", "yyyy *"},
+    {"Apply", nullptr,
+     "Property 'DateMin' cannot be blank|Property 'DateMax' cannot be blank|"
+     "Property 'DateValue' cannot be blank"},
+    {"DateMin", nullptr, "2000-01-01"},
+    {"DateFormat", nullptr, "yyyy"},
+    // The latest date is written before the date, which may need it.
+    {"select", "calendar", ""},
+    {"txtDateFormat", nullptr, " disabled"},
+    {"txtDateMax", "12/31/4000", "12/31/4000 *"},
+    {"txtDateValue", "1/2/3500", "1/2/3500 *"},
+    {"Apply", nullptr, ""},
+    {"DateValue", nullptr, "1/2/3500"},
+    // What an object lacks is disabled and not written, nor is a value that no item stands for.
+    {"select", "foreign", ""},
+    {"cboAppearance", nullptr, " disabled"},
+    {"cboWeekDayDisplay", nullptr, ""},
+    {"chkEnabled", nullptr, "false disabled"},
+    {"txtDateMin", nullptr, "9/22/2017"},
+    {"txtDateMax", nullptr, " disabled"},
+    {"txtDateValue", nullptr, "no date at all"},
+    {"cboMonthDisplay", "VmMonthFullName", "VmMonthFullName *"},
+    {"Apply", nullptr, "Invalid Date FormatType mismatch|Invalid property value"},
+    {"writes", nullptr, "ShowWeekend MonthDisplay DateMin DateValue"},
+    {"MonthDisplay", nullptr, "0"},
+    {"select", "nothing", ""},
+    {"txtDateMin", nullptr, " disabled"},
+    {"chkShowWeekend", nullptr, "false disabled"},
+    {"cboMonthDisplay", nullptr, " disabled"},
+    {"Apply", nullptr, ""},
+};
+
+inline std::string PlainText(const Variant& value) {
+    if (const auto* text = value.As<std::string>()) return *text;
+    if (const auto* flag = value.As<bool>()) return *flag ? "true" : "false";
+    const auto* date = value.As<Date>();
+    if (!date) return std::to_string(ToInt32(value));
+    const CivilDate civil = CivilOf(DayOf(*date));
+    char text[16];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d", civil.year, civil.month, civil.day);
+    return text;
+}
+
+inline std::string LookOf(PagePlayer& player, const std::string& control) {
+    return player.Shown(control) + (player.IsChanged() ? " *" : "");
+}
+
+inline void PlayEdits(PagePlayer& player, const std::vector<PageEdit>& edits) {
+    for (const PageEdit& edit : edits) {
+        SCOPED_TRACE(edit.control);
+        const std::string before = LookOf(player, edit.control);
+        EXPECT_EQ(before, edit.before ? edit.before : before);
+        player.Enter(edit.control, edit.input);
+        EXPECT_EQ(LookOf(player, edit.control), edit.input + std::string(" *"));
+        EXPECT_EQ(player.Apply(), "");
+        EXPECT_EQ(PlainText(player.Property(edit.property)), edit.value);
+        EXPECT_EQ(LookOf(player, edit.control), edit.after ? edit.after : edit.input);
+    }
+}
+
+inline std::string ResultOf(PagePlayer& player, const PageStep& step) {
+    const std::string what = step.what;
+    if (what == "select") return player.Select(step.input), "";
+    if (what == "Apply") return player.Apply();
+    if (what == "writes") return player.foreign.writes;
+    const bool isControl =
+        what.starts_with("cbo") || what.starts_with("chk") || what.starts_with("txt");
+    if (!isControl) return PlainText(player.Property(what));
+    if (step.input) player.Enter(what, step.input);
+    return LookOf(player, what);
+}
+
+/// Every field of both controls, and the stories.
+inline void PlayPages(PagePlayer& player) {
+    for (const auto& [object, edits] :
+         {std::pair("calendar", &kEditsOfCalendar), std::pair("box", &kEditsOfBox)}) {
+        SCOPED_TRACE(object);
+        player.Select(object);
+        PlayEdits(player, kEditsOfBoth);
+        PlayEdits(player, *edits);
+    }
+    for (const PageStep& step : kPageSteps) {
+        SCOPED_TRACE(std::string(step.what) + ' ' + (step.input ? step.input : ""));
+        EXPECT_EQ(ResultOf(player, step), step.result);
+    }
+}
+
+}  // namespace velmora::test
