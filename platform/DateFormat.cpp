@@ -93,10 +93,20 @@ Element ExpressionReader::Next() noexcept {
     return {0, 0, Take(1)};
 }
 
-bool ShowsMeridiem(std::string_view expression) noexcept {
-    if (expression.find_first_of("aA") == std::string_view::npos) return false;
+/// Whether the expression has the element of that letter, in at most `letters` of them.
+bool Shows(std::string_view expression, char letter, int letters) noexcept {
+    const char spellings[] = {letter, static_cast<char>(letter - 'a' + 'A')};
+    if (expression.find_first_of({spellings, 2}) == std::string_view::npos) return false;
     for (ExpressionReader reader(expression); !reader.AtEnd();) {
-        if (reader.Next().letter == 'a') return true;
+        const Element element = reader.Next();
+        if (element.letter == letter && element.letters <= letters) return true;
+    }
+    return false;
+}
+
+bool ShowsDayOfMonth(std::string_view pattern) noexcept {
+    for (PatternReader reader(pattern); const auto piece = reader.Next();) {
+        if (piece->field == 'd' && piece->IsNumber()) return true;
     }
     return false;
 }
@@ -162,14 +172,15 @@ private:
 
     void Number(int value, int digits = 1);
     void Pattern(std::string_view pattern);
-    void PatternField(const PatternPiece& piece);
+    void PatternField(const PatternPiece& piece, bool besideDay);
     void GeneralDate();
-    void Day(int letters);
-    void Month(int letters);
+    void DayField(int letters, bool besideDay);
+    void MonthField(int letters, bool besideDay);
+    void Name(const std::string& alone, const std::string& inDates, bool besideDay);
     void Year(int letters);
     void Meridiem(std::string_view text);
     void TimeField(const Element& element, bool hours12);
-    void DateField(const Element& element);
+    void DateField(const Element& element, bool besideDay);
 
     const DateLocale& m_locale;
     DayNumber m_day;
@@ -181,7 +192,8 @@ private:
 };
 
 void Formatter::Write(std::string_view expression) {
-    const bool hours12 = ShowsMeridiem(expression);
+    const bool hours12 = Shows(expression, 'a', 1);
+    const bool besideDay = Shows(expression, 'd', 2);
     bool behindHour = false;
     for (ExpressionReader reader(expression); !reader.AtEnd();) {
         Element element = reader.Next();
@@ -195,7 +207,7 @@ void Formatter::Write(std::string_view expression) {
             case 'n':
             case 's':
             case 't': TimeField(element, hours12); break;
-            default: DateField(element); break;
+            default: DateField(element, besideDay); break;
         }
         behindHour = element.letter == 'h';
     }
@@ -211,11 +223,14 @@ void Formatter::TimeField(const Element& element, bool hours12) {
     }
 }
 
-void Formatter::DateField(const Element& element) {
+void Formatter::DateField(const Element& element, bool besideDay) {
     switch (element.letter) {
         case 'c': return GeneralDate();
-        case 'd': return Day(element.letters);
-        case 'm': return Month(element.letters);
+        case 'd':
+            if (element.letters == 5) return Pattern(m_locale.shortDatePattern);
+            if (element.letters == 6) return Pattern(m_locale.longDatePattern);
+            return DayField(element.letters, besideDay);
+        case 'm': return MonthField(element.letters, besideDay);
         case 'q': return Number((m_civil.month + 2) / 3);
         case 'y': return Year(element.letters);
         default: break;
@@ -234,14 +249,15 @@ void Formatter::Number(int value, int digits) {
 }
 
 void Formatter::Pattern(std::string_view pattern) {
+    const bool besideDay = ShowsDayOfMonth(pattern);
     PatternReader reader(pattern);
-    while (const auto piece = reader.Next()) PatternField(*piece);
+    while (const auto piece = reader.Next()) PatternField(*piece, besideDay);
 }
 
-void Formatter::PatternField(const PatternPiece& piece) {
+void Formatter::PatternField(const PatternPiece& piece, bool besideDay) {
     switch (piece.field) {
-        case 'd': return Day(piece.letters);
-        case 'M': return Month(piece.letters);
+        case 'd': return DayField(piece.letters, besideDay);
+        case 'M': return MonthField(piece.letters, besideDay);
         case 'y': return Year(4);
         default: m_text += piece.text;
     }
@@ -254,22 +270,30 @@ void Formatter::GeneralDate() {
     Write(showsDate ? " ttttt" : "ttttt");
 }
 
-void Formatter::Day(int letters) {
+void Formatter::DayField(int letters, bool besideDay) {
+    if (letters <= 2) return Number(m_civil.day, letters);
     const auto weekDay = static_cast<std::size_t>(WeekDayOf(m_day) - 1);
-    switch (letters) {
-        case 1:
-        case 2: return Number(m_civil.day, letters);
-        case 3: m_text += m_locale.weekDayAbbreviations[weekDay]; return;
-        case 4: m_text += m_locale.weekDayNames[weekDay]; return;
-        case 5: return Pattern(m_locale.shortDatePattern);
-        default: return Pattern(m_locale.longDatePattern);
+    if (letters == 3) {
+        Name(m_locale.weekDayAbbreviations[weekDay], m_locale.weekDayAbbreviationsInDates[weekDay],
+             besideDay);
+    } else {
+        Name(m_locale.weekDayNames[weekDay], m_locale.weekDayNamesInDates[weekDay], besideDay);
     }
 }
 
-void Formatter::Month(int letters) {
-    const auto month = static_cast<std::size_t>(m_civil.month - 1);
+void Formatter::MonthField(int letters, bool besideDay) {
     if (letters <= 2) return Number(m_civil.month, letters);
-    m_text += letters == 3 ? m_locale.monthAbbreviations[month] : m_locale.monthNames[month];
+    const auto month = static_cast<std::size_t>(m_civil.month - 1);
+    if (letters == 3) {
+        Name(m_locale.monthAbbreviations[month], m_locale.monthAbbreviationsInDates[month],
+             besideDay);
+    } else {
+        Name(m_locale.monthNames[month], m_locale.monthNamesInDates[month], besideDay);
+    }
+}
+
+void Formatter::Name(const std::string& alone, const std::string& inDates, bool besideDay) {
+    m_text += besideDay && !inDates.empty() ? inDates : alone;
 }
 
 void Formatter::Year(int letters) {

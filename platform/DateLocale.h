@@ -21,6 +21,9 @@ struct DateLocale {
                                             "Thursday", "Friday", "Saturday"};
     std::array<std::string, 7> weekDayAbbreviations{"Sun", "Mon", "Tue", "Wed",
                                                     "Thu", "Fri", "Sat"};
+    /// The forms beside the day of the month, where those differ ("marzec", but "15 marca").
+    std::array<std::string, 12> monthNamesInDates, monthAbbreviationsInDates;
+    std::array<std::string, 7> weekDayNamesInDates, weekDayAbbreviationsInDates;
     /// Patterns of d dd ddd dddd M MM MMM MMMM y yy yyyy, text in single quotes ('' is a quote),
     /// anything else as it stands. Every year is shown with four digits, so that it can be read
     /// again in its own century.

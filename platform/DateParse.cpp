@@ -79,6 +79,8 @@ private:
     bool ReadElement(TextCursor& cursor, Found& found, bool apart) const;
     bool ReadFoundName(TextCursor& cursor, Found& found) const;
     FoundName FindMonth(std::string_view text) const;
+    FoundName WholeMonth(std::string_view text, FoundName best = {}) const;
+    FoundName AbbreviatedMonth(std::string_view text, FoundName best = {}) const;
     FoundName FindWeekDay(std::string_view text) const;
     bool IsPatternWord(std::string_view word) const;
 
@@ -145,11 +147,9 @@ bool Parser::ReadName(TextCursor& cursor, const PatternPiece& piece, CivilDate& 
         name = FindWeekDay(cursor.Rest());
     } else {
         const bool whole = piece.letters == 4;
-        name =
-            LongestName(whole ? m_locale.monthNames : m_locale.monthAbbreviations, cursor.Rest());
+        name = whole ? WholeMonth(cursor.Rest()) : AbbreviatedMonth(cursor.Rest());
         if (name.number == 0) {
-            name = LongestName(whole ? m_locale.monthAbbreviations : m_locale.monthNames,
-                               cursor.Rest());
+            name = whole ? AbbreviatedMonth(cursor.Rest()) : WholeMonth(cursor.Rest());
         }
         date.month = name.number;
     }
@@ -251,8 +251,7 @@ bool Parser::ReadFoundName(TextCursor& cursor, Found& found) const {
 }
 
 FoundName Parser::FindMonth(std::string_view text) const {
-    FoundName name = LongestName(m_locale.monthNames, text);
-    name = LongestName(m_locale.monthAbbreviations, text, name);
+    FoundName name = AbbreviatedMonth(text, WholeMonth(text));
     name = LongestName(kEnglishMonths, text, name);
     if (EndsName(text, name.length)) return name;
     const std::size_t length = WordLength(text);
@@ -264,9 +263,21 @@ FoundName Parser::FindMonth(std::string_view text) const {
     return {number, number != 0 ? length : 0};
 }
 
+FoundName Parser::WholeMonth(std::string_view text, FoundName best) const {
+    best = LongestName(m_locale.monthNames, text, best);
+    return LongestName(m_locale.monthNamesInDates, text, best);
+}
+
+FoundName Parser::AbbreviatedMonth(std::string_view text, FoundName best) const {
+    best = LongestName(m_locale.monthAbbreviations, text, best);
+    return LongestName(m_locale.monthAbbreviationsInDates, text, best);
+}
+
 FoundName Parser::FindWeekDay(std::string_view text) const {
     FoundName name = LongestName(m_locale.weekDayNames, text);
+    name = LongestName(m_locale.weekDayNamesInDates, text, name);
     name = LongestName(m_locale.weekDayAbbreviations, text, name);
+    name = LongestName(m_locale.weekDayAbbreviationsInDates, text, name);
     name = LongestName(kEnglishWeekDays, text, name);
     return LongestName(kEnglishWeekDayAbbreviations, text, name);
 }
@@ -345,6 +356,8 @@ std::optional<DayNumber> Parser::InLocaleOrder(int year, int first, int second) 
 /// The second of the day, 0..86399.
 std::optional<int> Parser::ReadTime(TextCursor& cursor, TimeSeparators separators) const {
     TextCursor ahead = cursor;
+    const auto before = ReadAfternoon(ahead);  // as in Korean
+    if (before) ahead.SkipSpaces();
     const auto hour = ahead.ReadNumber(2);
     if (!hour || ahead.AtDigit()) return std::nullopt;
     std::array<int, 2> minuteAndSecond{};
@@ -356,8 +369,9 @@ std::optional<int> Parser::ReadTime(TextCursor& cursor, TimeSeparators separator
         part = number->value;
         separated = true;
     }
-    const auto afternoon = ReadAfternoon(ahead);
-    if (!separated && !afternoon) return std::nullopt;
+    const auto behind = before ? std::nullopt : ReadAfternoon(ahead);
+    if (!separated && !behind) return std::nullopt;
+    const auto afternoon = before ? before : behind;
     if (hour->value > (afternoon ? 12 : 23)) return std::nullopt;
     const int hours = afternoon ? hour->value % 12 + (*afternoon ? 12 : 0) : hour->value;
     cursor = ahead;

@@ -13,19 +13,26 @@ namespace {
 
 constexpr std::size_t kMostLocales = 16;
 
-/// The names alone stand in the month band and in lists, so they have the form for that.
-void TakeNames(DateLocale& data, const QLocale& locale) {
+/// Names stand alone in the month band and in lists, and beside the day in dates.
+void TakeMonths(DateLocale& data, const QLocale& locale) {
+    constexpr auto kShort = QLocale::ShortFormat;
     for (std::size_t i = 0; i < data.monthNames.size(); ++i) {
         const int month = static_cast<int>(i) + 1;
         data.monthNames[i] = locale.standaloneMonthName(month).toStdString();
-        data.monthAbbreviations[i] =
-            locale.standaloneMonthName(month, QLocale::ShortFormat).toStdString();
+        data.monthAbbreviations[i] = locale.standaloneMonthName(month, kShort).toStdString();
+        data.monthNamesInDates[i] = locale.monthName(month).toStdString();
+        data.monthAbbreviationsInDates[i] = locale.monthName(month, kShort).toStdString();
     }
+}
+
+void TakeWeekDays(DateLocale& data, const QLocale& locale) {
+    constexpr auto kShort = QLocale::ShortFormat;
     for (std::size_t i = 0; i < data.weekDayNames.size(); ++i) {
         const int day = i == 0 ? Qt::Sunday : static_cast<int>(i);
         data.weekDayNames[i] = locale.standaloneDayName(day).toStdString();
-        data.weekDayAbbreviations[i] =
-            locale.standaloneDayName(day, QLocale::ShortFormat).toStdString();
+        data.weekDayAbbreviations[i] = locale.standaloneDayName(day, kShort).toStdString();
+        data.weekDayNamesInDates[i] = locale.dayName(day).toStdString();
+        data.weekDayAbbreviationsInDates[i] = locale.dayName(day, kShort).toStdString();
     }
 }
 
@@ -43,11 +50,25 @@ std::string SeparatorOf(std::string_view pattern, std::string fallback) {
     return fallback;
 }
 
+/// The pattern with its quoted text blanked out, in the same length.
+QString FieldsOf(QString pattern) {
+    bool quoted = false;
+    for (QChar& letter : pattern) {
+        if (letter == u'\'') {
+            quoted = !quoted;
+        } else if (quoted) {
+            letter = u' ';
+        }
+    }
+    return pattern;
+}
+
 void TakeTime(DateLocale& data, const QLocale& locale) {
     const QString pattern = locale.timeFormat(QLocale::ShortFormat);
-    data.hours24 = !pattern.contains(u'a', Qt::CaseInsensitive);
-    const qsizetype minutes = pattern.indexOf(u'm');
-    const qsizetype hours = pattern.lastIndexOf(u'h', minutes, Qt::CaseInsensitive);
+    const QString fields = FieldsOf(pattern);
+    data.hours24 = !fields.contains(u'a', Qt::CaseInsensitive);
+    const qsizetype minutes = fields.indexOf(u'm');
+    const qsizetype hours = fields.lastIndexOf(u'h', minutes, Qt::CaseInsensitive);
     if (hours >= 0 && minutes > hours + 1) {
         QString separator = pattern.mid(hours + 1, minutes - hours - 1);
         data.timeSeparator = separator.remove(u'\'').toStdString();
@@ -58,7 +79,8 @@ void TakeTime(DateLocale& data, const QLocale& locale) {
 
 DateLocale Read(const QLocale& locale) {
     DateLocale data;
-    TakeNames(data, locale);
+    TakeMonths(data, locale);
+    TakeWeekDays(data, locale);
     data.shortDatePattern = locale.dateFormat(QLocale::ShortFormat).toStdString();
     data.longDatePattern = locale.dateFormat(QLocale::LongFormat).toStdString();
     data.dateSeparator = SeparatorOf(data.shortDatePattern, data.dateSeparator);

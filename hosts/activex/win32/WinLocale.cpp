@@ -34,12 +34,20 @@ void TakeOver(std::string& field, std::string value) {
     if (!value.empty()) field = std::move(value);
 }
 
-/// The names in the form that stands alone.
+/// Words inside of a separator are quoted, as in patterns.
+std::string WithoutQuotes(std::string separator) {
+    std::erase(separator, '\'');
+    return separator;
+}
+
 void TakeNames(DateLocale& data, LCID locale) {
     for (std::size_t i = 0; i < data.monthNames.size(); ++i) {
         const auto month = static_cast<LCTYPE>(i);
+        const LCTYPE inDates = LOCALE_RETURN_GENITIVE_NAMES + month;
         TakeOver(data.monthNames[i], Info(locale, LOCALE_SMONTHNAME1 + month));
         TakeOver(data.monthAbbreviations[i], Info(locale, LOCALE_SABBREVMONTHNAME1 + month));
+        data.monthNamesInDates[i] = Info(locale, LOCALE_SMONTHNAME1 + inDates);
+        data.monthAbbreviationsInDates[i] = Info(locale, LOCALE_SABBREVMONTHNAME1 + inDates);
     }
     for (std::size_t i = 0; i < data.weekDayNames.size(); ++i) {
         const auto day = static_cast<LCTYPE>((i + 6) % 7);  // the system begins with Monday
@@ -55,8 +63,8 @@ DateLocale SystemDateLocale(LCID locale) {
     TakeNames(data, locale);
     TakeOver(data.shortDatePattern, WithoutEras(Info(locale, LOCALE_SSHORTDATE)));
     TakeOver(data.longDatePattern, WithoutEras(Info(locale, LOCALE_SLONGDATE)));
-    TakeOver(data.dateSeparator, Info(locale, LOCALE_SDATE));
-    TakeOver(data.timeSeparator, Info(locale, LOCALE_STIME));
+    TakeOver(data.dateSeparator, WithoutQuotes(Info(locale, LOCALE_SDATE)));
+    TakeOver(data.timeSeparator, WithoutQuotes(Info(locale, LOCALE_STIME)));
     data.morning = Info(locale, LOCALE_S1159);
     data.afternoon = Info(locale, LOCALE_S2359);
     data.hours24 = Info(locale, LOCALE_ITIME) == "1";

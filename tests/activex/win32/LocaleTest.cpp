@@ -1,46 +1,72 @@
 #include "hosts/activex/win32/WinLocale.h"
 
 #include "hosts/activex/win32/WinText.h"
-#include "platform/Dates.h"
+#include "tests/support/LocaleCases.h"
 
 #include <gtest/gtest.h>
+
+#include <regex>
 
 namespace velmora {
 namespace {
 
-/// As the system itself writes it.
-std::string SystemText(LCID locale, DWORD style) {
-    const SYSTEMTIME date{2020, 3, 0, 15, 0, 0, 0, 0};
-    wchar_t text[100]{};
-    GetDateFormatW(locale, style, &date, nullptr, text, 100);
-    return ToUtf8(text);
-}
+using test::Length;
 
-TEST(WinLocale, SaysHowDatesLook) {
-    struct Case {
-        LCID locale;
-        const char* march;
-        const char* sunday;
-        bool hours24;
-    };
-    const Date date = DateOf(DayFromCivil(2020, 3, 15));
-    for (const Case& c : {
-             Case{0x0409, "March", "Sunday", false},
-             Case{0x0407, "M\xC3\xA4rz", "Sonntag", true},
-             Case{0x040C, "mars", "dimanche", true},
-             Case{0x0411, "3\xE6\x9C\x88", "\xE6\x97\xA5\xE6\x9B\x9C\xE6\x97\xA5", true},
-         }) {
-        SCOPED_TRACE(c.locale);
-        const auto locale = SharedDateLocale(c.locale);
-        const Dates dates(locale, LocalNow);
-        EXPECT_EQ(dates.Format(date, "Long Date"), SystemText(c.locale, DATE_LONGDATE));
-        EXPECT_EQ(dates.TryParse(dates.Format(date, "Short Date")), date);
-        EXPECT_EQ(locale->monthNames[2], c.march);
-        EXPECT_EQ(locale->weekDayNames[0], c.sunday);
-        EXPECT_EQ(locale->hours24, c.hours24);
-        EXPECT_EQ(dates.TryParse(SystemText(c.locale, DATE_SHORTDATE)), date);
-        EXPECT_EQ(dates.TryParse(SystemText(c.locale, DATE_LONGDATE)), date);
-        EXPECT_EQ(SharedDateLocale(c.locale), locale);
+class WinPlatformLocale final : public test::PlatformLocale {
+public:
+    explicit WinPlatformLocale(LCID locale) : m_locale(locale) {}
+
+    std::string MonthAlone(int month, Length length) const override {
+        return Written({2024, month, 15}, length == Length::Full ? L"MMMM" : L"MMM");
+    }
+    std::string WeekDayAlone(int weekDay, Length length) const override {
+        return Written({2024, 9, weekDay}, length == Length::Full ? L"dddd" : L"ddd");
+    }
+    std::string DateText(CivilDate date, Length length) const override {
+        wchar_t pattern[100]{};
+        GetLocaleInfoW(m_locale, length == Length::Full ? LOCALE_SLONGDATE : LOCALE_SSHORTDATE,
+                       pattern, 100);
+        return Written(date, std::regex_replace(pattern, std::wregex(L"y+"), L"yyyy").c_str());
+    }
+    std::string TimeText(int hour, int minute) const override {
+        return Written(hour, minute, TIME_NOSECONDS, nullptr);
+    }
+    std::string Meridiem(int hour) const override { return Written(hour, 0, 0, L"tt"); }
+
+private:
+    std::string Written(CivilDate date, const wchar_t* pattern) const {
+        const SYSTEMTIME time{static_cast<WORD>(date.year),
+                              static_cast<WORD>(date.month),
+                              0,
+                              static_cast<WORD>(date.day),
+                              0,
+                              0,
+                              0,
+                              0};
+        wchar_t text[100]{};
+        GetDateFormatW(m_locale, 0, &time, pattern, text, 100);
+        return ToUtf8(text);
+    }
+    std::string Written(int hour, int minute, DWORD flags, const wchar_t* pattern) const {
+        const SYSTEMTIME time{2024, 3, 0, 15, static_cast<WORD>(hour), static_cast<WORD>(minute),
+                              0,    0};
+        wchar_t text[100]{};
+        GetTimeFormatW(m_locale, flags, &time, pattern, text, 100);
+        return ToUtf8(text);
+    }
+
+    LCID m_locale;
+};
+
+TEST(WinLocale, DatesLookAndReadAsTheLocaleWantsThem) {
+    for (const test::LocaleCase& each : test::kLocales) {
+        SCOPED_TRACE(each.name);
+        const LCID locale = LocaleNameToLCID(ToWide(each.name).c_str(), 0);
+        ASSERT_NE(locale, 0u);
+        const auto shared = SharedDateLocale(locale);
+        const Dates dates(shared, LocalNow);
+        test::ExpectLocale(dates, WinPlatformLocale(locale), each);
+        EXPECT_EQ(SharedDateLocale(locale), shared);
     }
 }
 

@@ -1,0 +1,77 @@
+#include "hosts/qt/QtConversions.h"
+#include "hosts/qt/QtLocale.h"
+#include "tests/support/LocaleCases.h"
+
+#include <gtest/gtest.h>
+
+#include <QLocale>
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace velmora {
+namespace {
+
+using test::Length;
+
+class QtPlatformLocale final : public test::PlatformLocale {
+public:
+    explicit QtPlatformLocale(const QLocale& locale) : m_locale(locale) {}
+
+    std::string MonthAlone(int month, Length length) const override {
+        return m_locale.standaloneMonthName(month, Format(length)).toStdString();
+    }
+    std::string WeekDayAlone(int weekDay, Length length) const override {
+        return m_locale.standaloneDayName((weekDay + 5) % 7 + 1, Format(length)).toStdString();
+    }
+    std::string DateText(CivilDate date, Length length) const override {
+        const QString pattern =
+            m_locale.dateFormat(Format(length)).replace(QRegularExpression("y+"), "yyyy");
+        return Plain(m_locale.toString(QDate(date.year, date.month, date.day), pattern));
+    }
+    std::string TimeText(int hour, int minute) const override {
+        return Plain(m_locale.toString(QTime(hour, minute), QLocale::ShortFormat));
+    }
+    std::string Meridiem(int hour) const override {
+        return (hour < 12 ? m_locale.amText() : m_locale.pmText()).toStdString();
+    }
+
+private:
+    static QLocale::FormatType Format(Length length) {
+        return length == Length::Short ? QLocale::ShortFormat : QLocale::LongFormat;
+    }
+    std::string Plain(QString text) const {
+        for (int digit = 0; digit <= 9; ++digit) {
+            text.replace(m_locale.toString(digit), QString::number(digit));
+        }
+        return text.toStdString();
+    }
+
+    QLocale m_locale;
+};
+
+TEST(QtLocale, DatesLookAndReadAsTheLocaleWantsThem) {
+    for (const test::LocaleCase& each : test::kLocales) {
+        SCOPED_TRACE(each.name);
+        const QLocale locale(each.name);
+        const Dates dates(DateLocaleOf(locale), LocalNow);
+        test::ExpectLocale(dates, QtPlatformLocale(locale), each);
+        EXPECT_EQ(DateLocaleOf(locale), DateLocaleOf(QLocale(each.name)));
+    }
+}
+
+TEST(QtConversions, MomentsAndColoursComeBack) {
+    for (const DayNumber day : {kFirstDay, -1, 0, 1, kLastDay}) {
+        for (const double time : {0.0, 0.25, 0.7, std::nextafter(1.0, 0.0)}) {
+            const QDateTime moment = ToQDateTime(DateOf(day, time));
+            EXPECT_EQ(moment.date(), ToQDate(day)) << day << ' ' << time;
+            EXPECT_NEAR(moment.time().msecsSinceStartOfDay(), time * 86'400'000, 1);
+            EXPECT_EQ(ToQDateTime(ToDate(moment)), moment);
+        }
+    }
+    EXPECT_EQ(ToOleColor(QColor(1, 2, 3)), 0x030201u);
+    EXPECT_EQ(ToQColor(0x030201), QColor(1, 2, 3));
+}
+
+}  // namespace
+}  // namespace velmora
