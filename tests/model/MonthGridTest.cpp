@@ -120,12 +120,6 @@ TEST(MonthGrid, PointsBesideTheCellsHaveNoDate) {
     EXPECT_EQ(at(std::numeric_limits<float>::quiet_NaN(), cell.top), std::nullopt);
 }
 
-TEST(MonthGrid, TheDayOfNumberZeroCanBeHit) {
-    const MonthGrid grid(ShapeOf(DayFromCivil(1900, 1, 5), 1, true));
-    const Rect cell = *grid.DayCellRect(0);
-    EXPECT_EQ(grid.DateFromPoint(static_cast<float>(cell.left), static_cast<float>(cell.top)), 0);
-}
-
 TEST(MonthGrid, IsTotalOnStoredNonsense) {
     constexpr int kLow = std::numeric_limits<int>::min();
     constexpr int kHigh = std::numeric_limits<int>::max();
@@ -141,20 +135,6 @@ TEST(MonthGrid, IsTotalOnStoredNonsense) {
             }
         }
     }
-}
-
-TEST(WeekRowsOfMonth, CountsTheUsersWeeksSince1900) {
-    for (DayNumber day = DayFromCivil(1900, 2, 15); day < DayFromCivil(2040, 1, 1);
-         day = AddMonths(day, 1)) {
-        for (int firstDay = 1; firstDay <= 7; ++firstDay) {
-            int weeks = 1;
-            for (DayNumber d = FirstOfMonth(day) + 1; d <= LastOfMonth(day); ++d) {
-                weeks += WeekDayOf(d) == firstDay ? 1 : 0;
-            }
-            ASSERT_EQ(WeekRowsOfMonth(day, firstDay), weeks) << day << ' ' << firstDay;
-        }
-    }
-    EXPECT_EQ(WeekRowsOfMonth(DayFromCivil(2015, 2, 1), 1), 4);
 }
 
 TEST(DaysInMonth, KnowsLeapYearsAndRefusesWhatOverflows) {
