@@ -36,6 +36,12 @@ TEST_F(DropDown, PressesOutsideCloseAndThePointerMovesTheCapture) {
     Open();
     EXPECT_TRUE(test.timer);
     EXPECT_TRUE(test.calendarWindow.captured);
+    test.PressCalendar(120, 8);
+    test.PointAt({150, 100});
+    EXPECT_TRUE(test.calendarWindow.captured) << "a press keeps it";
+    test.ReleaseCalendar(120, 8);
+    test.TakeLog();
+    test.calendarWindow.captured = true;
     test.PointAt({150, 100});
     EXPECT_FALSE(test.calendarWindow.captured);
     test.PointAt({800, 600});

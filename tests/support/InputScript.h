@@ -281,6 +281,8 @@ key F4           -> DropDown(False)
 drag 4,4 outside -> | CloseUp()
 key F4           -> DropDown(False)
 drag 4,5 title
+focus away       -> CloseUp()
+key F4           -> DropDown(False)
 drag title 4,6   -> DateChanged(2024-05-18) DayChanged(18) | CloseUp() = 2024-05-18
 key F4           -> DropDown(False)
 click outside    => MouseDown(1, 0, -20, 100) CloseUp()
