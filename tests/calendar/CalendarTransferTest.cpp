@@ -122,6 +122,7 @@ TEST(CalendarTransfer, SkipsWhatIsMissingOrRefusedAndReportsTheFirst) {
             if (name == "FirstDayOfWeek") return std::int32_t{9};
             if (name == "MonthDisplay") return std::int16_t{1};
             if (name == "DateValue") return Date(43000);
+            if (name == "WeekDayForeColor") return std::int32_t{0x01000000};  // refused as the last
             throw AutomationError(ErrorNumber::MemberNotFound);
         }
         void LetMember(std::string_view, const Variant&) override {}
