@@ -108,7 +108,6 @@ void PropertyPage::Write(std::string_view property, const Variant& value) {
 }
 
 void PropertyPage::OnText(PageText& text, const std::function<bool(const std::string&)>& isValid) {
-    if (m_loading) return;
     const bool valid = isValid(text.Text());
     text.ForeColor(valid ? kValidText : kInvalidText);
     if (valid) MarkChanged();

@@ -93,7 +93,7 @@ TEST(DatesParse, ReadsWhatPeopleWriteInEnglish) {
                     {"March 2, 2024 12 p.m.", At(2024, 3, 2, 12)},
                     {"6:00", Time(6, 0)},
                     {"18:00:30", Time(18, 0, 30)},
-                    {"6 pm", Time(18, 0)},
+                    {"6 pm | PM 6:00", Time(18, 0)},
                     {"6:05p", Time(18, 5)},
                     {"12/29/1899 06:00", Date(-1.25)}});
 }

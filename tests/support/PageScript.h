@@ -35,9 +35,10 @@ struct ForeignObject : AutomationObject {
     }
     std::map<std::string, Variant> values{
         {"WeekDayDisplay", std::int32_t{77}},  // no item of it
-        {"MonthDisplay", std::int32_t{1}},    {"ShowWeekend", true}, {"DateMin", Date(43000)},
-        {"DateValue", "no date at all"},      {"DateFormat", "yyyy"}};
-    std::string writes;  // names, in order
+        {"MonthDisplay", std::int32_t{1}},     {"ShowWeekend", true},  {"DateMin", Date(43000)},
+        {"DateValue", "no date at all"},       {"DateFormat", "yyyy"}, {"DropDownWidth", 100.0},
+        {"MonthYearSelStyle", std::int32_t{3}}};  // none of two
+    std::string writes;                           // names, in order
 };
 
 /// The property pages as a host shows them, English (United States). Only pages that have been
@@ -161,9 +162,14 @@ inline constexpr PageStep kPageSteps[] = {
     {"txtDateMin", nullptr, "9/22/2017"},
     {"txtDateMax", nullptr, " disabled"},
     {"txtDateValue", nullptr, "no date at all"},
+    {"cboMonthYearSelStyle", nullptr, ""},
     {"cboMonthDisplay", "VmMonthFullName", "VmMonthFullName *"},
+    {"txtDropDownWidth", "120", "120 *"},
     {"Apply", nullptr, "Invalid Date FormatType mismatch|Invalid property value"},
-    {"writes", nullptr, "ShowWeekend MonthDisplay DateMin DateValue"},
+    {"writes", nullptr, "ShowWeekend MonthDisplay DateMin DateValue DropDownWidth"},
+    {"txtDateFormat", "", " *"},
+    {"Apply", nullptr, "Invalid property value"},
+    {"DateFormat", nullptr, ""},
     {"MonthDisplay", nullptr, "0"},
     {"select", "nothing", ""},
     {"txtDateMin", nullptr, " disabled"},
