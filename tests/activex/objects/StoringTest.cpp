@@ -1,6 +1,4 @@
 #include "ObjectsTest.h"
-#include "hosts/activex/com/ComBag.h"
-#include "platform/PropertiesText.h"
 
 namespace velmora {
 namespace {
@@ -54,11 +52,14 @@ TEST(Storing, EachWayGivesBackWhatItWasGiven) {
     const auto calendar = NewCalendar();
     Decorate(*calendar.Get());
 
-    const auto fromStream = NewCalendar();
     const std::string bytes = SavedStream(*calendar.Get());
-    EXPECT_EQ(Query<IPersistStreamInit>(fromStream.Get())->Load(StreamOf(bytes).Get()), S_OK);
-    ExpectDecorated(*fromStream.Get());
-    EXPECT_EQ(SavedStream(*fromStream.Get()), bytes) << "the same values, the same bytes";
+    const auto two = StreamOf(bytes + bytes);
+    for (int i = 0; i < 2; ++i) {
+        const auto fromStream = NewCalendar();
+        EXPECT_EQ(Query<IPersistStreamInit>(fromStream.Get())->Load(two.Get()), S_OK);
+        ExpectDecorated(*fromStream.Get());
+        EXPECT_EQ(SavedStream(*fromStream.Get()), bytes) << "the same values, the same bytes";
+    }
 
     const ComPtr<TestBag> bag = Adopt(new TestBag);
     EXPECT_EQ(Query<IPersistPropertyBag>(calendar.Get())->Save(bag.Get(), TRUE, FALSE), S_OK);
@@ -117,19 +118,6 @@ TEST(Storing, DamagedBytesDoNoHarm) {
     const std::string huge = "\xFF\xFF\xFF\xFF" + bytes.substr(4);
     const auto loaded = NewBox();
     EXPECT_HRESULT_FAILED(Query<IPersistStreamInit>(loaded.Get())->Load(StreamOf(huge).Get()));
-}
-
-TEST(Storing, TwoValuesInOneStreamDoNotTouch) {
-    MemoryBag first;
-    first.WriteProperty("A", 1, {});
-    MemoryBag second;
-    second.WriteProperty("B", "text", {});
-    const auto stream = StreamOf({});
-    WriteBag(first, *stream.Get());
-    WriteBag(second, *stream.Get());
-    stream->Seek({}, STREAM_SEEK_SET, nullptr);
-    EXPECT_EQ(ReadBag(*stream.Get()).ReadProperty("A", {}), Variant(1));
-    EXPECT_EQ(ReadBag(*stream.Get()).ReadProperty("B", {}), Variant("text"));
 }
 
 }  // namespace

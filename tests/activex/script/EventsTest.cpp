@@ -1,4 +1,3 @@
-#include "tests/activex/support/Census.h"
 #include "tests/activex/support/ClientTest.h"
 #include "tests/activex/support/ScriptHost.h"
 
@@ -29,31 +28,6 @@ TEST_F(ScriptedEvents, ComeInOrderAndMaySetAnotherDate) {
     EXPECT_EQ(std::vector(std::find(lines.begin(), lines.end(), "-"), lines.end()),
               (std::vector<std::string>{"-", "2024-03-02", "2025-04-05", "day 5", "month 4",
                                         "year 2025", "2025-04-05"}));
-}
-
-TEST_F(ScriptedEvents, CancelAnOpening) {
-    ControlSite& site = AddBox();
-    ScriptHost script;
-    script.Follow("B", site.Control());
-    EXPECT_TRUE(script.Run(R"(
-        Dim refuse
-        Sub B_DropDown(Cancel) : Host.Echo "open" : Cancel = refuse : End Sub
-        Sub B_CloseUp() : Host.Echo "close" : End Sub
-    )"));
-    SetForegroundWindow(form->Window());
-    const int closed = VisibleWindows();
-    for (const bool refuses : {true, false}) {
-        script.Run(refuses ? "refuse = True" : "refuse = False");
-        EXPECT_TRUE(script.Run("B.DropDownState = True"));
-        EXPECT_TRUE(Serve([&] { return Got(site.Control(), "DropDownState") == "True"; }));
-        ServeWaiting(form.Get());
-        EXPECT_EQ(VisibleWindows() == closed, refuses);
-        EXPECT_TRUE(script.Run("B.DropDownState = False"));
-        EXPECT_EQ(VisibleWindows(), closed);
-        SetFocus(form->Window());
-        ServeWaiting(form.Get());
-    }
-    EXPECT_EQ(script.Lines(), (std::vector<std::string>{"open", "close", "open", "close"}));
 }
 
 }  // namespace
