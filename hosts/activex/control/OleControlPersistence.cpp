@@ -36,6 +36,7 @@ void OleControl::EnsureInitialized() {
     m_initialized = true;
     const FlagScope loading(m_loading);
     InitProperties();
+    OnAmbientChanged();  // the site may have come before, with another language
 }
 
 STDMETHODIMP OleControl::GetClassID(CLSID* clsid) {
@@ -62,6 +63,7 @@ void OleControl::LoadFrom(PropertyBag& bag) {
         ApplyExtent();
         m_initialized = true;
         ReadProperties(bag);
+        OnAmbientChanged();
     }
     m_dirty = false;
     OnWindowChanged();
