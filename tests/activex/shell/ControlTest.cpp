@@ -1,8 +1,13 @@
+#include "apps/vmhost/Ambients.h"
+#include "apps/vmhost/Automation.h"
+#include "hosts/activex/control/DropDownControl.h"
+#include "hosts/activex/win32/WinText.h"
 #include "tests/activex/shell/ShellFixture.h"
 
 namespace velmora {
 namespace {
 
+constexpr HRESULT kSetNotPermitted = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 387);
 const std::string kShown =
     "CanInPlaceActivate OnInPlaceActivate GetWindow GetWindowContext ShowObject";
 const std::string kActive = "OnUIActivate OnFocus(1) SetActiveObject SetActiveObject";
@@ -37,6 +42,7 @@ TEST_F(Control, GoesThroughItsStatesInOrder) {
     DWORD advise = 0;
     object->Advise(container.Get(), &advise);
     Play({
+        {"no site", [&] { return Do(OLEIVERB_SHOW); }, "", "inactive", E_UNEXPECTED},
         {"site", [&] { return Site(container.Get()); }, ""},
         {"show", [&] { return Do(OLEIVERB_INPLACEACTIVATE); }, kShown, "shown"},
         {"show again", [&] { return Do(OLEIVERB_SHOW); }, "", "shown"},
@@ -59,29 +65,23 @@ TEST_F(Control, GoesThroughItsStatesInOrder) {
          "inactive dirty"},
         {"close dirty", [&] { return object->Close(OLECLOSE_SAVEIFDIRTY); }, "SaveObject OnClose",
          "inactive dirty"},
-        {"deactivate nothing", [&] { return Deactivate(); }, "", "inactive dirty"},
         {"frames", [&] { return Do(OLEIVERB_PROPERTIES); }, "ShowPropertyFrame", "inactive dirty"},
-        {"frames", [&] { return Do(1); }, "ShowPropertyFrame", "inactive dirty"},
         {"undo", [&] { return Do(OLEIVERB_DISCARDUNDOSTATE); }, "", "inactive dirty"},
         {"no verb", [&] { return Do(-42); }, "", "inactive dirty", E_NOTIMPL},
         {"no verb of its own", [&] { return Do(42); }, kShown + " " + kActive, "shown focus dirty",
          OLEOBJ_S_INVALIDVERB},
+        {"taken out", [&] { return Site(nullptr); }, kInactive + " OnFocus(0) OnInPlaceDeactivate",
+         "inactive dirty"},
+        {"no site any more", [&] { return Do(OLEIVERB_UIACTIVATE); }, "", "inactive dirty",
+         E_UNEXPECTED},
+        {"date", [&] { return SetDate(45000); }, "", "inactive dirty"},
     });
     EXPECT_NE(other->TakeLog(), "");
 }
 
 TEST_F(Control, TellsItsPlaceAndItsFocus) {
     Place();
-    const auto calendar = As<::_VmCalendar>();
     const RECT place{10, 20, 110, 60}, all{0, 0, 1000, 1000};
-    const auto move = [&](const RECT& clip) {
-        return As<IOleInPlaceObject>()->SetObjectRects(&place, &clip);
-    };
-    const auto size = [&] {
-        RECT client{};
-        GetClientRect(Window(), &client);
-        return std::pair(client.right, client.bottom);
-    };
     container->clip = {10, 20, 60, 70};
     Do(OLEIVERB_SHOW);
     const HRGN region = CreateRectRgn(0, 0, 0, 0);
@@ -89,12 +89,12 @@ TEST_F(Control, TellsItsPlaceAndItsFocus) {
     EXPECT_EQ(GetWindowRgn(Window(), region), SIMPLEREGION);
     GetRgnBox(region, &box);
     EXPECT_EQ(std::pair(box.right, box.bottom), std::pair(LONG{50}, LONG{50}));
-    EXPECT_EQ(size(), std::pair(LONG{250}, LONG{200}));
-    EXPECT_EQ(move(all), S_OK);
+    EXPECT_EQ(As<IOleInPlaceObject>()->SetObjectRects(&place, &all), S_OK);
     EXPECT_EQ(GetWindowRgn(Window(), region), ERROR);
     DeleteObject(region);
-    EXPECT_EQ(size(), std::pair(LONG{100}, LONG{40}));
-    calendar->put_MonthYearSelStyle(::VmMonthSelCombo);
+    GetClientRect(Window(), &box);
+    EXPECT_EQ(std::pair(box.right, box.bottom), std::pair(LONG{100}, LONG{40}));
+    As<::_VmCalendar>()->put_MonthYearSelStyle(::VmMonthSelCombo);
     container->TakeLog();
     Play({
         {"extent", [&] { return Extent(2540, 5080); }, "OnPosRectChange(10,20,106,212)",
@@ -112,10 +112,6 @@ TEST_F(Control, TellsItsPlaceAndItsFocus) {
          [&] { return DestroyWindow(std::exchange(container->window, nullptr)) ? S_OK : E_FAIL; },
          "", "inactive dirty"},
     });
-    container->window = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 300, 300,
-                                        nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(Do(OLEIVERB_SHOW), S_OK);
-    EXPECT_TRUE(IsChild(container->window, Window()));
 }
 
 TEST_F(Control, EveryRefusalOfTheContainerLeavesItInactive) {
@@ -168,104 +164,158 @@ TEST_F(Control, SurvivesWhatItsContainerDoesMeanwhile) {
     }
 }
 
-TEST_F(Control, TakesTheMouseInUseButNotInDesign) {
-    container->scaleModes[L"Container"] = 3;  // pixels
-    const struct {
-        DISPID ambient;
-        bool value, isUsed;
-    } cases[] = {{DISPID_AMBIENT_USERMODE, false, false},
-                 {DISPID_AMBIENT_USERMODE, true, true},
-                 {DISPID_AMBIENT_UIDEAD, true, false},
-                 {DISPID_AMBIENT_UIDEAD, false, true}};
+TEST_F(Control, TakesNoInputInDesignOrDisabled) {
     Place();
     Connect(__uuidof(::__VmCalendar));
-    for (const auto& c : cases) {
-        AmbientFlag(c.ambient, c.value);
+    for (const auto& [ambient, value] :
+         {std::pair(DISPID_AMBIENT_USERMODE, false), {DISPID_AMBIENT_UIDEAD, true}}) {
+        container->ambients.clear();
+        AmbientFlag(ambient, value);
         Do(OLEIVERB_SHOW);
         ServeWaiting();
         container->TakeLog();
-        const auto calls = [&](const std::string& events) { return c.isUsed ? events : ""; };
-        const std::string state = c.isUsed ? "shown focus" : "shown";
-        SCOPED_TRACE(state + std::to_string(c.ambient));
-        Play({{"press", [&] { return Send(WM_RBUTTONDOWN, MK_RBUTTON); },
-               calls(kActive + " Event9(2,0,60,60)"), state},
-              {"release", [&] { return Send(WM_RBUTTONUP); }, calls("Event11(2,0,60,60)"), state},
-              {"key", [&] { return Send(WM_KEYDOWN, VK_F5, 1); }, calls("Event7(116,0)"), state}});
-        As<IOleInPlaceObject>()->UIDeactivate();
-        SetFocus(container->window);
+        Play({{"press", [&] { return Send(WM_RBUTTONDOWN, MK_RBUTTON); }, "", "shown"},
+              {"key", [&] { return Send(WM_KEYDOWN, VK_F5, 1); }, "", "shown"}});
     }
-}
-
-TEST_F(Control, LooksDisabledWhenItIs) {
-    Place();
+    VARIANT_BOOL enabled = VARIANT_TRUE;
+    EnableWindow(Window(), FALSE);
+    As<::_VmCalendar>()->get_Enabled(&enabled);
+    EXPECT_EQ(enabled, VARIANT_FALSE);
+    Deactivate();
     Do(OLEIVERB_SHOW);
-    const auto calendar = As<::_VmCalendar>();
-    VARIANT_BOOL enabled = VARIANT_FALSE;
-    for (const BOOL isEnabled : {FALSE, TRUE}) {
-        ValidateRect(Window(), nullptr);
-        EnableWindow(Window(), isEnabled);
-        EXPECT_TRUE(GetUpdateRect(Window(), nullptr, FALSE));
-        calendar->get_Enabled(&enabled);
-        EXPECT_EQ(enabled != VARIANT_FALSE, isEnabled != FALSE);
-    }
-    calendar->put_Enabled(VARIANT_FALSE);
-    for (const bool again : {false, true}) {
-        EXPECT_FALSE(IsWindowEnabled(Window()));
-        Deactivate();
-        calendar->get_Enabled(&enabled);
-        EXPECT_EQ(enabled, VARIANT_FALSE);
-        if (!again) Do(OLEIVERB_SHOW);
-    }
+    EXPECT_FALSE(IsWindowEnabled(Window()));
 }
 
 TEST_F(Control, TakesItsOwnKeysBeforeTheContainer) {
     Place();
     As<::_VmCalendar>()->put_MonthYearSelStyle(::VmMonthSelCombo);
     Do(OLEIVERB_UIACTIVATE);
-    const HWND control = Window(), list = MonthList(), form = container->window;
+    const HWND control = Window(), list = MonthList();
     const struct {
         HWND focus;
         UINT message;
         WORD key;
         const char* calls;
+        HRESULT result = S_OK;
     } cases[] = {{control, WM_KEYDOWN, VK_RIGHT, ""},
-                 {control, WM_KEYDOWN, VK_NEXT, ""},
                  {control, WM_SYSKEYDOWN, VK_UP, ""},
-                 {control, WM_SYSKEYDOWN, VK_DOWN, ""},
-                 {control, WM_KEYDOWN, VK_TAB, "TranslateAccelerator(1)"},
-                 {control, WM_KEYDOWN, VK_RETURN, "TranslateAccelerator(1)"},
-                 {control, WM_KEYDOWN, VK_F4, "TranslateAccelerator(1)"},
-                 {control, WM_KEYUP, VK_RIGHT, "TranslateAccelerator(1)"},
-                 {control, WM_SYSKEYDOWN, 'F', "TranslateAccelerator(1)"},
+                 {control, WM_KEYDOWN, VK_TAB, "TranslateAccelerator(0)"},
+                 {control, WM_KEYDOWN, VK_RETURN, "TranslateAccelerator(0)"},
                  {list, WM_KEYDOWN, VK_RETURN, ""},
-                 {list, WM_KEYDOWN, VK_TAB, "TranslateAccelerator(1)"},
-                 {form, WM_KEYDOWN, VK_RIGHT, nullptr}};
-    BYTE keys[256]{};
-    keys[VK_SHIFT] = 0x80;
-    for (const bool takes : {false, true}) {
-        container->refused = takes ? "" : "TranslateAccelerator(1)";
-        for (const auto& c : cases) {
-            SetFocus(c.focus);
-            SetKeyboardState(keys);
-            container->TakeLog();
-            MSG message{c.focus, c.message, c.key, 1, 0, {}};
-            const bool isTaken = c.calls && (takes || !*c.calls);
-            EXPECT_EQ(As<IOleInPlaceActiveObject>()->TranslateAccelerator(&message),
-                      isTaken ? S_OK : S_FALSE)
-                << c.key;
-            EXPECT_EQ(container->TakeLog(), c.calls ? c.calls : "") << c.key;
-        }
+                 {list, WM_KEYDOWN, VK_TAB, "TranslateAccelerator(0)"},
+                 {container->window, WM_KEYDOWN, VK_RIGHT, "", S_FALSE}};
+    for (const auto& c : cases) {
+        SetFocus(c.focus);
+        container->TakeLog();
+        MSG message{c.focus, c.message, c.key, 1, 0, {}};
+        EXPECT_EQ(As<IOleInPlaceActiveObject>()->TranslateAccelerator(&message), c.result) << c.key;
+        EXPECT_EQ(container->TakeLog(), c.calls) << c.key;
     }
-    keys[VK_SHIFT] = 0;
-    SetKeyboardState(keys);
-    AmbientFlag(DISPID_AMBIENT_UIDEAD, true);
-    SetFocus(control);
-    MSG message{control, WM_KEYDOWN, VK_RIGHT, 1, 0, {}};
-    container->TakeLog();
-    As<IOleInPlaceActiveObject>()->TranslateAccelerator(&message);
-    EXPECT_EQ(container->TakeLog(), "TranslateAccelerator(0)");
-    EXPECT_EQ(SendMessageW(control, WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(&message)),
-              DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_WANTMESSAGE);
+}
+
+TEST_F(Control, FollowsTheContainersLanguageAndFont) {
+    V_VT(&container->ambients[DISPID_AMBIENT_LOCALEID]) = VT_I4;
+    const auto tell = [&](LONG locale) {
+        V_I4(&container->ambients[DISPID_AMBIENT_LOCALEID]) = locale;
+        if (Window()) return AmbientChanged(DISPID_AMBIENT_LOCALEID);
+        Place();  // at once, as well as later
+        As<::_VmCalendar>()->put_MonthYearSelStyle(::VmMonthSelCombo);
+        return Do(OLEIVERB_SHOW);
+    };
+    for (const auto& [locale, fifth, may] :
+         {std::tuple(0x0407, 45416.0, L"Mai"), {0x0409, 45387.0, L"May"}}) {
+        EXPECT_EQ(tell(locale), S_OK);
+        vmhost::PutProperty(object.Get(), "DateValue", "4/5/2024");
+        const auto day = vmhost::GetProperty(object.Get(), "SelectedDay").result;
+        EXPECT_EQ(vmhost::GetProperty(day.Object(), "DayDate").result.Real(), fifth);
+        wchar_t name[32]{};
+        SendMessageW(MonthList(), CB_GETLBTEXT, 4, reinterpret_cast<LPARAM>(name));
+        EXPECT_STREQ(name, may);
+    }
+    As<IViewObjectEx>()->SetAdvise(DVASPECT_CONTENT, 0, container.Get());
+    for (const DISPID id : {DISPID_UNKNOWN, DISPID_AMBIENT_BACKCOLOR}) {
+        container->TakeLog();
+        AmbientChanged(id);
+        EXPECT_EQ(container->TakeLog(), "OnViewChange") << id;
+    }
+    VARIANT& ambient = container->ambients[DISPID_AMBIENT_FONT];
+    V_VT(&ambient) = VT_DISPATCH;
+    V_DISPATCH(&ambient) = vmhost::MakeFont("Tahoma", 14).Detach();
+    Renew();
+    Place();
+    const auto own = vmhost::GetProperty(object.Get(), "DayFont").result;
+    EXPECT_EQ(vmhost::GetProperty(own.Object(), "Name").result.Text(), "Tahoma");
+    EXPECT_NEAR(vmhost::GetProperty(own.Object(), "Size").result.Real(), 14, 0.5);
+    EXPECT_NE(own.Object(), V_DISPATCH(&ambient)) << "a change of one does not change the other";
+}
+
+TEST_F(Control, MeasuresInTheContainersUnits) {
+    const struct {
+        const wchar_t* units;     // the ambient property
+        short container, parent;  // scale modes; 0: not known
+        LONG height;              // of 200 pixels at 96 an inch
+    } cases[] = {{L"Twip", 0, 0, 3000},     {L"Pixel", 0, 0, 200}, {L"Point", 0, 0, 150},
+                 {L"Millimeter", 0, 0, 53}, {L"cm", 0, 0, 5},      {L"Centimeter", 0, 0, 5},
+                 {L"Furlong", 0, 0, 3000},  {L"Point", 3, 0, 200}, {L"", 0, 2, 150},
+                 {L"Pixel", 1, 2, 3000},    {L"", 0, 0, 3000}};
+    for (const auto& c : cases) {
+        container = Adopt(new ScriptedContainer);
+        V_VT(&container->ambients[DISPID_AMBIENT_SCALEUNITS]) = VT_BSTR;
+        V_BSTR(&container->ambients[DISPID_AMBIENT_SCALEUNITS]) = SysAllocString(c.units);
+        if (c.container) container->scaleModes[L"Container"] = c.container;
+        if (c.parent) container->scaleModes[L"Parent"] = c.parent;
+        const auto box = Adopt<IOleObject>(new DropDownControl);
+        box->SetClientSite(container.Get());
+        ComPtr<::_VmCalDropDown> published;
+        box.As(&published);
+        LONG height = 0;
+        EXPECT_EQ(published->get_DropDownHeight(&height), S_OK);
+        EXPECT_EQ(height, c.height) << ToUtf8(c.units) << c.container << c.parent;
+        box->SetClientSite(nullptr);
+    }
+}
+
+TEST_F(Control, AsksBeforeAChangeAndTellsAfterIt) {
+    const auto abbreviate = [&] { return Change(::VmMonthAbbrName); };
+    const auto color = [&] { return As<::_VmCalendar>()->put_MonthBackColor(0x7F000000); };
+    Connect(IID_IPropertyNotifySink);
+    Play({{"change", abbreviate, "OnRequestEdit(19) OnChanged(19)", "inactive dirty"}});
+    Connect(IID_IPropertyNotifySink);
+    container->refused = "OnRequestEdit(19)";
+    Play({{"refused by one", [&] { return Change(::VmMonthFullName); }, "OnRequestEdit(19)",
+           "inactive dirty", kSetNotPermitted},
+          {"invalid", color, "OnRequestEdit(18) OnRequestEdit(18)", "inactive dirty",
+           HresultOf(ErrorNumber::InvalidPropertyValue)}});
+    container->refused.clear();
+    EXPECT_EQ(Display(), ::VmMonthAbbrName);
+    for (const char* const call : {"OnRequestEdit(19)", "OnChanged(19)"}) {
+        Renew();
+        Connect(IID_IPropertyNotifySink);
+        container->interferesWith = call;
+        container->interference = [this] { object.Reset(); };
+        ::_VmCalendar* const calendar = As<::_VmCalendar>().Get();
+        EXPECT_EQ(calendar->put_MonthDisplay(::VmMonthAbbrName), S_OK);
+        EXPECT_EQ(object, nullptr) << "it may go meanwhile";
+    }
+}
+
+TEST_F(Control, EventsStopWhileTheyAreFrozenOrDisconnected) {
+    const IID& events = __uuidof(::__VmCalendar);
+    SetDate(45000);
+    Connect(events);
+    const auto freeze = [&](BOOL on) { return As<IOleControl>()->FreezeEvents(on); };
+    const auto date = [&](DATE value) { return [this, value] { return SetDate(value); }; };
+    Play({{"freeze", [&] { return freeze(TRUE), freeze(TRUE); }, "", "inactive dirty"},
+          {"once", [&] { return freeze(FALSE); }, "", "inactive dirty"},
+          {"frozen", date(45100), "", "inactive dirty"},
+          {"too often", [&] { return freeze(FALSE), freeze(FALSE); }, "", "inactive dirty"},
+          {"August", date(45150), "Event2(45150) Event3(12) Event8(8)", "inactive dirty"}});
+    const DWORD second = Connect(events);
+    container->interferesWith = "Event8(4)";  // a sink that has left is not called any more
+    container->interference = [&] { Point(events)->Unadvise(second); };
+    Play({{"April", date(45035), "Event2(45035) Event2(45035) Event3(19) Event3(19) Event8(4)",
+           "inactive dirty"}});
+    EXPECT_EQ(Point(events)->Unadvise(second), CONNECT_E_NOCONNECTION);
 }
 
 }  // namespace

@@ -29,8 +29,7 @@ public:
     HWND window = nullptr;  // what controls are placed in
     RECT place{10, 20, 260, 220};
     RECT clip{0, 0, 400, 300};
-    std::string refused;  // the call of this name fails
-    bool refuseNextEdit = false;
+    std::string refused;         // the call of this name fails
     std::string interferesWith;  // when it is called, once:
     std::function<void()> interference;
     std::map<DISPID, OwnedVariant> ambients;   // those that it knows
@@ -89,8 +88,7 @@ public:
         return Note("OnChanged(" + std::to_string(id) + ")");
     }
     STDMETHODIMP OnRequestEdit(DISPID id) override {
-        Note("OnRequestEdit(" + std::to_string(id) + ")");
-        return std::exchange(refuseNextEdit, false) ? S_FALSE : S_OK;
+        return FAILED(Note("OnRequestEdit(" + std::to_string(id) + ")")) ? S_FALSE : S_OK;
     }
 
     STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override { Note("OnDataChange"); }

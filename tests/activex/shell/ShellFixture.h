@@ -108,6 +108,11 @@ protected:
     HRESULT Change(::VmMonthDisplayConstants display) {
         return As<::_VmCalendar>()->put_MonthDisplay(display);
     }
+    ::VmMonthDisplayConstants Display() const {
+        ::VmMonthDisplayConstants display{};
+        As<::_VmCalendar>()->get_MonthDisplay(&display);
+        return display;
+    }
     HRESULT AmbientChanged(DISPID id) { return As<IOleControl>()->OnAmbientPropertyChange(id); }
     HWND MonthList() const {
         long window = 0;
