@@ -7,8 +7,6 @@
 #include <QLocale>
 #include <QRegularExpression>
 
-#include <cmath>
-
 namespace velmora {
 namespace {
 
@@ -58,19 +56,6 @@ TEST(QtLocale, DatesLookAndReadAsTheLocaleWantsThem) {
         test::ExpectLocale(dates, QtPlatformLocale(locale), each);
         EXPECT_EQ(DateLocaleOf(locale), DateLocaleOf(QLocale(each.name)));
     }
-}
-
-TEST(QtConversions, MomentsAndColoursComeBack) {
-    for (const DayNumber day : {kFirstDay, -1, 0, 1, kLastDay}) {
-        for (const double time : {0.0, 0.25, 0.7, std::nextafter(1.0, 0.0)}) {
-            const QDateTime moment = ToQDateTime(DateOf(day, time));
-            EXPECT_EQ(moment.date(), ToQDate(day)) << day << ' ' << time;
-            EXPECT_NEAR(moment.time().msecsSinceStartOfDay(), time * 86'400'000, 1);
-            EXPECT_EQ(ToQDateTime(ToDate(moment)), moment);
-        }
-    }
-    EXPECT_EQ(ToOleColor(QColor(1, 2, 3)), 0x030201u);
-    EXPECT_EQ(ToQColor(0x030201), QColor(1, 2, 3));
 }
 
 }  // namespace

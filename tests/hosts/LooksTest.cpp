@@ -1,12 +1,14 @@
 #include "tests/support/Looks.h"
 
 #include "hosts/qt/QtDrawing.h"
+#include "tests/hosts/WidgetSupport.h"
+#include "tests/support/RepaintWalk.h"
 
 #include <gtest/gtest.h>
 
 #include <QImage>
 #include <QPainter>
-#include <QWidget>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
@@ -167,6 +169,36 @@ TEST(Looks, ArePaintedAsTheirPicturesShow) {
         if (look.name == "flat" || look.name == "disabled_arrows") ExpectReference(look, 1.5);
     }
     ExpectReference(BoxLooks()[1], 1.5);  // focused
+}
+
+int Farthest(const QImage& a, const QImage& b) {
+    int farthest = a.size() == b.size() ? 0 : 255;
+    for (int y = 0; y < a.height() && farthest < 255; ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            farthest = std::max(farthest, Distance(a.pixel(x, y), b.pixel(x, y)));
+        }
+    }
+    return farthest;
+}
+
+TEST(VmCalendarWidget, RepaintOfAPartShowsWhatARepaintOfAllShows) {
+    constexpr int kRounding = 3;  // of 255, where glyphs overlap
+    Widget widget;
+    Prepare(widget);
+    RepaintWalk walk(widget.calendar());
+    for (int i = 0; i < 1'500; ++i) {
+        std::string done = "resize";
+        if (walk.Random(1, 100) == 1) {
+            widget.resize(walk.Random(120, 200), walk.Random(100, 180));
+        } else {
+            done = walk.Step();
+        }
+        QApplication::processEvents();
+        const QImage screen = widget.screen()->grabWindow(widget.winId()).toImage();
+        QImage anew(widget.size(), QImage::Format_RGB32);
+        widget.render(&anew);
+        ASSERT_LE(Farthest(screen, anew), kRounding) << "step " << i << ": " << done;
+    }
 }
 
 }  // namespace

@@ -18,33 +18,22 @@
 
 namespace velmora {
 
-/// Collects what a class reports with qWarning.
-class Warnings {
-public:
-    explicit Warnings(const std::string& className) : m_before(qInstallMessageHandler(Take)) {
-        Start() = className + ": ";
-        Texts().clear();
-    }
-    Warnings(const Warnings&) = delete;
-    Warnings& operator=(const Warnings&) = delete;
-    ~Warnings() { qInstallMessageHandler(m_before); }
+/// What the controls have reported with qWarning.
+inline std::vector<std::string>& Warnings() {
+    static std::vector<std::string> texts;
+    return texts;
+}
 
-    static std::vector<std::string>& Texts() {
-        static std::vector<std::string> texts;
-        return texts;
-    }
+inline void TakeWarning(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (text.startsWith("VmCal")) Warnings().push_back(text.toStdString());
+}
 
-private:
-    static std::string& Start() {
-        static std::string start;
-        return start;
-    }
-    static void Take(QtMsgType, const QMessageLogContext&, const QString& text) {
-        if (text.startsWith(Start().c_str())) Texts().push_back(text.toStdString());
-    }
-
-    QtMessageHandler m_before;
-};
+/// As a property of Qt's.
+inline QByteArray NameOf(const test::PropertyRow& row) {
+    QByteArray name = QByteArray::fromStdString(std::string(row.name));
+    name[0] = static_cast<char>(name[0] | 0x20);
+    return name;
+}
 
 /// The table's numbers as Qt's values.
 inline QVariant ValueOf(const test::PropertyRow& row, double number) {
@@ -105,8 +94,7 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
         own.insert(meta.property(i).name());
     }
     for (const test::PropertyRow& row : rows) {
-        const std::string name =
-            QChar(row.name[0]).toLower().toLatin1() + std::string(row.name.substr(1));
+        const std::string name = NameOf(row).toStdString();
         SCOPED_TRACE(name);
         own.erase(name);
         Widget widget;
@@ -123,7 +111,8 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
         if (!system && row.initial != test::kToday && row.kind != test::Kind::Font) {
             EXPECT_EQ(Read(property, widget), comparable(row.initial));
         }
-        const Warnings warnings(className);
+        Warnings().clear();
+        const QtMessageHandler before = qInstallMessageHandler(TakeWarning);
         const double high = row.kind == test::Kind::Color ? 0xFFFFFF : row.high;
         for (const double number : {row.low, high}) {
             property.write(&widget, ValueOf(row, number));
@@ -132,16 +121,17 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
             if (row.initial == test::kToday) expected.insert(expected.begin(), "signal");
             EXPECT_EQ(std::exchange(changes, {}), expected);
         }
-        EXPECT_EQ(Warnings::Texts(), std::vector<std::string>());
+        EXPECT_EQ(Warnings(), std::vector<std::string>());
         const auto refused = RefusedValues(row, ValueOf(row, high));
         for (const QVariant& value : refused) {
             property.write(&widget, value);
             EXPECT_EQ(Read(property, widget), comparable(high));
         }
+        qInstallMessageHandler(before);
         EXPECT_EQ(changes, std::vector<std::string>());
         const std::size_t silent = row.kind == test::Kind::Pointer ? refused.size() : 0;
-        EXPECT_EQ(Warnings::Texts().size(), refused.size() - silent);
-        for (const std::string& text : Warnings::Texts()) {
+        EXPECT_EQ(Warnings().size(), refused.size() - silent);
+        for (const std::string& text : Warnings()) {
             EXPECT_EQ(text.find(className + ": " + name + ": "), 0u) << text;
         }
     }

@@ -1,8 +1,6 @@
 #include "hosts/qt/QtSettingsBag.h"
 #include "tests/support/PropertyCases.h"
 
-#include "hosts/qt/VmCalendarWidget.h"
-
 #include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -80,15 +78,6 @@ TEST_F(QtSettingsBagTest, ReadsEntriesThatOthersWrote) {
         settings.setValue("Kind", stored);
         EXPECT_EQ(QtSettingsBag(settings).ReadProperty("Kind", Variant()), value);
     }
-}
-
-TEST_F(QtSettingsBagTest, ALaterRunFindsTheWholeCalendar) {
-    VmCalendarWidget before;
-    ChangeAll(before.calendar(), kCalendarRows);
-    InARun([&](PropertyBag& bag) { before.calendar().WriteProps(bag); });
-    VmCalendarWidget after;
-    InARun([&](PropertyBag& bag) { after.calendar().ReadProps(bag); });
-    EXPECT_EQ(FaceOf(after.calendar(), kCalendarRows), FaceOf(before.calendar(), kCalendarRows));
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 #include "hosts/qt/VmCalendarWidget.h"
 
 #include <QApplication>
-#include <QDragEnterEvent>
-#include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -14,7 +12,7 @@
 #include <string>
 #include <vector>
 
-/// A shown calendar with a known look, input sent straight to widgets, and notes of the signals.
+/// A shown control, input sent straight to widgets, and notes of the signals.
 namespace velmora {
 
 using Names = std::vector<std::string>;
@@ -22,20 +20,10 @@ using Widget = VmCalendarWidget;
 
 inline const QDate kMay15(2024, 5, 15);
 
-inline QPalette TestPalette() {
-    QPalette palette(QColor(220, 220, 220));
-    palette.setColor(QPalette::Highlight, Qt::blue);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Text, Qt::black);
-    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(150, 150, 150));
-    return palette;
-}
-
-inline void Prepare(Widget& widget, QDate date = kMay15) {
+inline void Prepare(QWidget& widget) {
     widget.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
-    widget.setPalette(TestPalette());
     widget.resize(280, 220);
-    widget.setDateValue(date);
+    widget.setProperty("dateValue", kMay15);
     widget.show();
     QApplication::processEvents();
 }
@@ -57,13 +45,6 @@ inline QRect CellOf(Widget& widget, QDate date) {
     return CellOf(widget.calendar(), widget.size(), date);
 }
 
-inline QImage ImageOf(QWidget& widget, double ratio = 1) {
-    QImage image(widget.size() * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    widget.render(&image);
-    return image;
-}
-
 /// Of a part of the bar, as it lies in the bar.
 inline QPoint CenterOf(const QScrollBar& bar, QStyle::SubControl part) {
     struct Bar : QScrollBar {
@@ -72,13 +53,6 @@ inline QPoint CenterOf(const QScrollBar& bar, QStyle::SubControl part) {
     QStyleOptionSlider option;
     (bar.*&Bar::initStyleOption)(&option);
     return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &bar).center();
-}
-
-/// Connects to one of some signals, counted from 0.
-template <class Sender, class Slot, class... Signals>
-void ConnectNth(int wanted, Sender* sender, Slot slot, Signals... signal) {
-    int index = 0;
-    ((index++ == wanted ? void(QObject::connect(sender, signal, slot)) : void()), ...);
 }
 
 inline void SendKey(QWidget* widget, QEvent::Type type, int key,
@@ -97,26 +71,6 @@ inline void SendMouse(QWidget* widget, QEvent::Type type, QPoint at,
 inline void Click(QPointer<QWidget> widget, QPoint at) {
     SendMouse(widget, QEvent::MouseButtonPress, at);
     if (widget) SendMouse(widget, QEvent::MouseButtonRelease, at);
-}
-
-/// Drags the content over the widget and drops it there when it may; returns what the drop did.
-inline Qt::DropAction DragAndDrop(QPointer<QWidget> widget, const QMimeData& content,
-                                  Qt::DropActions actions = Qt::CopyAction) {
-    const QPoint at(20, 30);
-    QDragEnterEvent enter(at, actions, &content, Qt::LeftButton, Qt::ShiftModifier);
-    QApplication::sendEvent(widget, &enter);
-    if (!widget) return Qt::IgnoreAction;
-    QDragMoveEvent move(at, actions, &content, Qt::LeftButton, {});
-    QApplication::sendEvent(widget, &move);
-    if (!widget) return Qt::IgnoreAction;
-    if (!enter.isAccepted() || !move.isAccepted()) {
-        QDragLeaveEvent leave;
-        QApplication::sendEvent(widget, &leave);
-        return Qt::IgnoreAction;
-    }
-    QDropEvent drop(at, actions, &content, Qt::LeftButton, {});
-    QApplication::sendEvent(widget, &drop);
-    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }
 
 }  // namespace velmora
