@@ -139,8 +139,8 @@ class QtPlayer : public test::InputPlayer {
         year->setFocus();
         if (verb == "year") return Strike(year.data(), what);
         year->selectAll();
-        for (const char letter : what) {
-            SendKey(year, QEvent::KeyPress, QChar::toUpper(letter), {}, QChar(letter));
+        for (const QChar letter : QString::fromStdString(what)) {
+            SendKey(year, QEvent::KeyPress, letter.toUpper().unicode(), {}, letter);
         }
     }
     static int KeyOf(const std::string& name) {

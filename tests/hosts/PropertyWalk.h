@@ -38,7 +38,7 @@ inline QByteArray NameOf(const test::PropertyRow& row) {
 /// The table's numbers as Qt's values.
 inline QVariant ValueOf(const test::PropertyRow& row, double number) {
     const auto whole = static_cast<int>(std::trunc(number));
-    const QDate date = QDate::fromJulianDay(whole + 2415019);  // day 0 is 30 December 1899
+    const QDate date = QDate::fromJulianDay(qint64{whole} + 2415019);  // day 0 is 30 December 1899
     switch (row.kind) {
         case test::Kind::Color: return QColor(whole & 255, whole >> 8 & 255, whole >> 16 & 255);
         case test::Kind::Flag: return number != 0;

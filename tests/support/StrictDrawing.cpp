@@ -153,12 +153,13 @@ void StrictDrawing::Pattern(SurfaceState& surface, const Rect& box, const Call& 
     const std::hash<std::string_view> hash;
     const auto seed = static_cast<std::uint32_t>(hash(call.name) + 3 * hash(call.text) +
                                                  5 * hash(call.font) + 7 * call.color + call.flags);
-    const auto [left, top, right, bottom] = call.rect;
-    const auto width = static_cast<std::uint32_t>(right - left);
-    const auto height = static_cast<std::uint32_t>(bottom - top);
+    const Rect at = call.rect;
+    const auto width = static_cast<std::uint32_t>(at.right - at.left);
+    const auto height = static_cast<std::uint32_t>(at.bottom - at.top);
     ForPixels(surface, box, [=](std::uint32_t& pixel, int x, int y) {
-        pixel = seed + 101 * width + 10007 * height + 1009 * static_cast<std::uint32_t>(x - left) +
-                100003 * static_cast<std::uint32_t>(y - top);
+        pixel = seed + 101 * width + 10007 * height +
+                1009 * static_cast<std::uint32_t>(x - at.left) +
+                100003 * static_cast<std::uint32_t>(y - at.top);
     });
 }
 
