@@ -397,8 +397,10 @@ TEST(TextFileBag, TheNewFileIsAsPrivateAsTheOldOneBeforeItsFirstByte) {
     WriteFile(folder.path / "file", "old");
     for (const auto mode : {kOwnerOnly, kOwnerOnly | fs::perms::group_all}) {
         fs::permissions(folder.path / "file", mode);
+        TextFileBag bag(folder.path / "file");
+        bag.WriteProperty("A", std::string(1u << 16, 'a'), Variant());  // more than a buffer
         const FullDisk full(0, folder.path);
-        EXPECT_THROW(TextFileBag(folder.path / "file").Save(), PropertyFileError);
+        EXPECT_THROW(bag.Save(), PropertyFileError);
         EXPECT_EQ(FullDisk::Seen().size(), 2u);
         for (const auto& [name, permissions] : FullDisk::Seen()) EXPECT_EQ(permissions, mode);
     }
