@@ -91,6 +91,19 @@ TEST(CalendarDates, AHandlerThatMovesTheDateEndsAStepOfTheMonthToo) {
               "DateValue, repaint");
 }
 
+TEST(CalendarDates, AHandlerThatMovesTheDateEndsAChoiceInTheListToo) {
+    TestCalendar test;
+    bool moved = false;
+    test.calendar->Events().DateChanged.Connect([&](Date&) {
+        if (!std::exchange(moved, true)) test.calendar->DateValue(DateOf(Day(2020, 5, 5)));
+    });
+    test.TakeLog();
+    test.calendar->OnMonthListClick(6);
+    EXPECT_EQ(Joined(test.TakeLog()),
+              "DateChanged 2020-07-15, DateChanged 2020-05-05, DayChanged 5, MonthChanged 5, "
+              "notify DateValue, repaint");
+}
+
 TEST(CalendarDates, WhatAHandlerChangesWaitsForTheOneRepaint) {
     TestCalendar test;
     test.calendar->Events().YearChanged.Connect(

@@ -19,6 +19,11 @@ TEST(CalendarKeyboard, SaysOnReturnWhetherTheKeyIsUsed) {
     EXPECT_EQ(test.Key(65), "39");  // refused: the handler's own value stays
     replacement = 0;
     EXPECT_EQ(test.Key(kKeyRight), "39");  // nothing left to do: the key goes on as it came
+    replacement = kKeyLeft;
+    test.calendar->Events().KeyDown.Connect(
+        [&](std::int16_t&, std::int16_t&) { test.calendar->Enabled(false); });
+    EXPECT_EQ(test.Key(kKeyLeft), "37");
+    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 31));
 }
 
 TEST(CalendarKeyboard, LeavesTheKeysToAnOpenList) {
@@ -80,6 +85,7 @@ TEST(CalendarSelectors, EscapeInTheListCancelsUntilItsKeyIsReleased) {
     test.calendar->OnYearText(" 1999 ");
     EXPECT_EQ(test.TakeLog(), (Log{"YearChanged 1999", "repaint"}));
     test.calendar->OnMonthListClick(12);  // no month
+    test.calendar->OnMonthListClick(2);   // the shown one
     EXPECT_TRUE(test.TakeLog().empty());
 }
 

@@ -79,6 +79,14 @@ TEST_F(DropDown, ClosesWhenItsWindowGoesUnlessTheFocusMayGo) {
     box.OnLostFocus();
     EXPECT_FALSE(test.visible) << "the permission is over";
     Open();
+    test.form->OnPaint(StrictDrawing::kWindowSurface, {});
+    EXPECT_EQ(test.TakeLog(), Log()) << "the first paint is no news";
+    const Point day = test.CenterOf(Day(2020, 3, 20));
+    test.PressCalendar(static_cast<float>(day.x), static_cast<float>(day.y));
+    test.Key(test.a, kKeyEscape);
+    Open();
+    test.ReleaseCalendar(static_cast<float>(day.x), static_cast<float>(day.y));
+    EXPECT_EQ(DateOfBox(), kMar15) << "the press went with the window";
     test.a.control.reset();
     EXPECT_EQ(test.BrokenInvariant(), "");
 }

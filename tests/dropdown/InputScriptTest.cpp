@@ -127,7 +127,7 @@ class CorePlayer : public InputPlayer {
         if (verb == "list") return UseList(what);
         if (verb == "scroll") return Scroll(what);
         if (verb == "type") {
-            m_typed = what;
+            m_typed = m_calendar->yearText.shown = what;
         } else if (what == "Escape") {
             m_typed.reset();
             Calendar().OnYearTextCancel();
@@ -150,7 +150,7 @@ class CorePlayer : public InputPlayer {
         if (IsDestroyed()) return;
         const bool open = std::exchange(
             list.dropped, what == "open" || (what != "Return" && what != "Escape" && list.dropped));
-        if (what == "open" || !open) Calendar().OnSelectorEnter();
+        if (what == "open") Calendar().OnSelectorEnter();
         if (what == "Up" || what == "Down" || what == "wheel") {
             list.shown = std::to_string(std::stoi(list.shown) + (what == "Up" ? -1 : 1));
             Calendar().OnMonthListClick(std::stoi(list.shown));
@@ -183,7 +183,7 @@ class CorePlayer : public InputPlayer {
             state.open = m_box->visible;
         } else if (m_calendar->monthList.visible) {
             state.selectors = std::to_string(std::stoi(m_calendar->monthList.shown) + 1) + '/' +
-                              m_typed.value_or(m_calendar->yearText.shown);
+                              m_calendar->yearText.shown;
         }
         return state;
     }

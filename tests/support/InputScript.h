@@ -261,6 +261,7 @@ box; watch
 key F4           -> DropDown(False)
 key Right        -> DateChanged(2024-05-16) !DateValue DayChanged(16) = 2024-05-16
 key Ctrl+PageUp  -> DateChanged(2023-05-16) !DateValue YearChanged(2023) = 2023-05-16
+right title
 click 3,3        -> DateChanged(2023-05-10) !DateValue DayChanged(10) | CloseUp() = 2023-05-10
 let DateValue 2020-03-29 -> !DateValue = 2020-03-29
 key F4           -> DropDown(False)
