@@ -25,10 +25,12 @@ void Write(const std::string& path, const std::vector<std::string>& lines) {
 template <class Look>
 void ExpectReference(const Look& look) {
     StrictDrawing drawing;
-    Paint(look, drawing,
-          [](const Rect&, const auto& paint) { paint(StrictDrawing::kWindowSurface); });
+    const auto children = Paint(look, drawing, [](const Rect&, const auto& paint) {
+        paint(StrictDrawing::kWindowSurface);
+    });
     EXPECT_EQ(drawing.FaultsAfterPaint(), std::vector<std::string>{}) << look.name;
-    const std::vector<std::string> lines = drawing.Described();
+    std::vector<std::string> lines = drawing.Described();
+    lines.insert(lines.end(), children.begin(), children.end());
     const Reference reference = ReferenceOf(look.name, "calendar", ".txt");
     if (RenewsLooks()) return Write(reference.kept, lines);
     const std::vector<std::string> wanted = LinesOf(reference.kept);

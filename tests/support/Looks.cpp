@@ -55,7 +55,7 @@ Rect PartOf(const Look& look, const CalendarLayout& layout) {
 
 }  // namespace
 
-void Paint(const Look& look, Drawing& drawing, const Canvas& canvas) {
+std::vector<std::string> Paint(const Look& look, Drawing& drawing, const Canvas& canvas) {
     TestCalendar test(look.size, &drawing);
     VmCalendar& calendar = *test.calendar;
     calendar.DateValue("3/20/2020");
@@ -67,14 +67,24 @@ void Paint(const Look& look, Drawing& drawing, const Canvas& canvas) {
         const Rect part = PartOf(look, calendar.Layout());
         canvas(part, [&](SurfaceHandle surface) { calendar.OnPaint(surface, {&part, 1}); });
     }
+    std::vector<std::string> children;
+    for (const FakeChild* child :
+         {&test.monthList, &test.yearText, &test.yearSpinner, &test.dateScroll}) {
+        const auto [left, top, right, bottom] = child->rect;
+        if (!child->visible) continue;
+        children.push_back("child " + std::to_string(left) + ',' + std::to_string(top) + ' ' +
+                           std::to_string(right) + ',' + std::to_string(bottom));
+    }
+    return children;
 }
 
-void Paint(const BoxLook& look, Drawing& drawing, const Canvas& canvas) {
+std::vector<std::string> Paint(const BoxLook& look, Drawing& drawing, const Canvas& canvas) {
     TestBoxes test(&drawing);
     test.a.window->screen = {0, 0, look.size.width, look.size.height};
     look.input(test);
     canvas({0, 0, look.size.width, look.size.height},
            [&](SurfaceHandle surface) { test.a.control->OnPaint(surface); });
+    return {};
 }
 
 Reference ReferenceOf(const std::string& name, const std::string& folder,

@@ -83,7 +83,7 @@ inline std::vector<Look> Looks() {
              test.now = DateOf(Day(2020, 5, 2), 0.5);
          }},
         {"caption_beside_the_list", {340, 202}, {{"MonthYearSelStyle", combo}}},
-        {"no_room_beside_the_list", {236, 162}, {{"MonthYearSelStyle", combo}}},
+        {"no_room_beside_the_list", {222, 162}, {{"MonthYearSelStyle", combo}}},
         {"narrow", {66, 72}, {{"MonthYearSelStyle", arrows}, {"WeekDayDisplay", fullName}}},
         {"tiny", {16, 13}, {{"DayAppearance", flat}}},
         {"picture_alignments", kRoomy, {}, nullptr, "DayPictureAlignment", 14},
@@ -98,7 +98,8 @@ inline std::vector<BoxLook> BoxLooks() {
     return {
         {"box", kUsual, [](TestBoxes&) {}},
         {"box_focused", kUsual, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},
-        {"box_disabled", kUsual,
+        {"box_disabled", kUsual, [](TestBoxes& test) { test.a.control->Enabled(false); }},
+        {"box_disabled_focused", kUsual,
          [](TestBoxes& test) {
              test.a.control->OnGotFocus();
              test.a.control->Enabled(false);
@@ -119,8 +120,9 @@ inline std::vector<BoxLook> BoxLooks() {
 /// Makes a surface ready, has `paint` draw on it, and takes `part` of what is there now.
 using Canvas =
     std::function<void(const Rect& part, const std::function<void(SurfaceHandle)>& paint)>;
-void Paint(const Look& look, Drawing& drawing, const Canvas& canvas);
-void Paint(const BoxLook& look, Drawing& drawing, const Canvas& canvas);
+/// Returns where its child controls stand.
+std::vector<std::string> Paint(const Look& look, Drawing& drawing, const Canvas& canvas);
+std::vector<std::string> Paint(const BoxLook& look, Drawing& drawing, const Canvas& canvas);
 
 /// The picture or log that a look is compared with, and where what there is instead is written.
 struct Reference {

@@ -191,7 +191,7 @@ std::unique_ptr<ComboBox> TestCalendar::CreateMonthList() {
 }
 std::unique_ptr<TextBox> TestCalendar::CreateYearText() {
     ++childrenMade;
-    return std::make_unique<Box>(yearText, Size{40, 21});
+    return std::make_unique<Box>(yearText, Size{40, 19});
 }
 std::unique_ptr<ScrollBar> TestCalendar::CreateYearSpinner() {
     ++childrenMade;
