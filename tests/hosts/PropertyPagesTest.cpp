@@ -16,10 +16,16 @@ namespace {
 
 const QLocale kEnglish(QLocale::English, QLocale::UnitedStates);
 const QDate kMay15(2024, 5, 15);
+const QColor kInk(10, 20, 200);
 
 /// The dialog of one object after the other.
 class QtPages final : public test::PagePlayer {
 public:
+    QtPages() {
+        QPalette colors;
+        colors.setColor(QPalette::Text, kInk);
+        m_dialog.setPalette(colors);
+    }
     void Select(const std::string& object) override {
         if (object != "same") Make(object);
         m_dialog.SelectionChanged(std::span(&m_object, m_object ? 1 : 0));
@@ -30,8 +36,9 @@ public:
     }
     std::string Shown(const std::string& name) override {
         const QWidget& control = *PageControlOf(m_dialog, name.c_str());
-        const bool isRed = control.palette().color(QPalette::Text) == QColor(255, 0, 0);
-        return velmora::Shown(m_dialog, name.c_str()) + (isRed ? " red" : "");
+        const QColor ink = control.palette().color(QPalette::Active, QPalette::Text);
+        const std::string red = ink == QColor(255, 0, 0) ? " red" : ink == kInk ? "" : " black";
+        return velmora::Shown(m_dialog, name.c_str()) + red;
     }
     bool IsChanged() override { return Button(m_dialog, "Apply").isEnabled(); }
     std::string Apply() override { return MessagesOf(Button(m_dialog, "Apply")); }
