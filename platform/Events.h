@@ -4,67 +4,69 @@
 #include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace velmora {
 
-/// The handlers of an event of any kind. Without any it costs two pointers.
-class HandlerList {
-    struct List;
-
-public:
-    using Id = std::size_t;
-
-    /// One raising of the event: the handlers that it has now, as far as they are still connected
-    /// when it is their turn.
-    class Round {
-    public:
-        explicit Round(const HandlerList& handlers);
-
-        /// Null behind the last one; otherwise it lives until the next call at least.
-        const void* Next();
-
-    private:
-        std::shared_ptr<const List> m_list;
-        Id m_called = 0;
-        Id m_last = 0;
-        std::shared_ptr<const void> m_handler;
-    };
-
-    HandlerList() = default;
-    HandlerList(const HandlerList&) = delete;
-    HandlerList& operator=(const HandlerList&) = delete;
-    ~HandlerList();
-
-    Id Add(std::shared_ptr<const void> handler);
-    void Remove(Id id);
-
-private:
-    std::shared_ptr<List> m_list;
-};
-
 /// One event of a control: handlers are called in the order in which they were connected, from
 /// inside the operation that causes the event. A handler may connect, disconnect, raise the event
-/// again or destroy the event's owner; after that the handlers behind it are not called.
+/// again or destroy the event's owner; after that the handlers behind it are not called. Without
+/// handlers it costs two pointers.
 template <class... Args>
 class Event {
 public:
     using Handler = std::function<void(Args...)>;
-    using Id = HandlerList::Id;
+    using Id = std::size_t;
+
+    Event() = default;
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+    ~Event() {
+        if (m_list) m_list->entries.clear();
+    }
 
     /// Returns what `Disconnect` takes; a connection otherwise lasts as long as the event.
     Id Connect(Handler handler) {
-        return m_handlers.Add(std::make_shared<const Handler>(std::move(handler)));
+        if (!m_list) m_list = std::make_shared<List>();
+        const Id id = ++m_list->lastId;
+        m_list->entries.push_back({id, std::make_shared<const Handler>(std::move(handler))});
+        return id;
     }
-    void Disconnect(Id id) { m_handlers.Remove(id); }
+    void Disconnect(Id id) {
+        if (m_list) std::erase_if(m_list->entries, [id](const Entry& e) { return e.id == id; });
+    }
 
     /// For the owner alone. A handler connected meanwhile is called from the next time on.
     void Raise(Args... args) const {
-        HandlerList::Round round(m_handlers);
-        while (const void* handler = round.Next()) (*static_cast<const Handler*>(handler))(args...);
+        const std::shared_ptr<const List> list = m_list;  // the owner may end with its event
+        if (!list) return;
+        const Id last = list->lastId;
+        Id called = 0;
+        while (const auto handler = list->Behind(called, last)) (*handler)(args...);
     }
 
 private:
-    HandlerList m_handlers;
+    struct Entry {
+        Id id;
+        std::shared_ptr<const Handler> handler;
+    };
+    struct List {
+        std::vector<Entry> entries;  // ids ascend
+        Id lastId = 0;
+
+        /// The next handler that is connected now, which the caller keeps; null behind the last.
+        std::shared_ptr<const Handler> Behind(Id& called, Id last) const {
+            for (const Entry& entry : entries) {
+                if (entry.id <= called) continue;
+                if (entry.id > last) break;
+                called = entry.id;
+                return entry.handler;
+            }
+            return nullptr;
+        }
+    };
+
+    std::shared_ptr<List> m_list;
 };
 
 /// Tells code that raises events whether its object still exists when the handlers have returned.

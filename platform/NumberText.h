@@ -6,8 +6,7 @@
 
 namespace velmora {
 
-/// Numbers as text and back: exact, and in every locale as in "C". What `std::to_chars` and
-/// `std::from_chars` do for `double`, by the C library, without their 200 KiB in every program.
+/// Numbers as text and back: exact, and in every locale as in "C".
 
 /// As printf's "%.*g", with as many digits of 15 to 17 as give the same number again.
 std::string NumberText(double number);
