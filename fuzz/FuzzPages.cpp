@@ -1,9 +1,11 @@
 #include "fuzz/FuzzValues.h"
 #include "platform/AutomationError.h"
-#include "proppages/PropertyPages.h"
+#include "proppages/PropertyPage.h"
 #include "tests/support/TestBoxes.h"
 
 #include <array>
+#include <memory>
+#include <vector>
 
 namespace velmora::fuzz {
 namespace {
@@ -37,20 +39,27 @@ struct Site : PageSite {
 /// The three pages over one control.
 class Pages {
 public:
-    Pages(AutomationObject& object, const Dates& dates)
-        : m_general({m_f[0], m_f[1], m_f[2], m_f[3], m_f[4], m_f[5], m_f[6], m_f[7], m_f[8], m_f[9],
-                     m_f[10], m_f[11]},
-                    m_site, dates),
-          m_dropDown({m_f[12], m_f[13], m_f[14]}, m_site, dates),
-          m_day({m_f[15], m_f[16], m_f[17], m_f[18], m_f[19]}, m_site, dates) {
-        for (const std::size_t i : {8u, 9u, 10u}) {
-            m_f[i].edited = [this, i] { m_general.OnDateText(m_f[i]); };
+    Pages(AutomationObject& object, const Dates& dates) {
+        for (const PageDefinition* const page : {&kGeneralPP, &kDropDownPP, &kDayPP}) {
+            std::vector<PageControlRef> controls;
+            const std::size_t place = m_pages.size();
+            for (std::size_t i = 0; i < page->fields.size(); ++i) {
+                Field& field = m_f[m_used++];
+                field.edited = [this, place, i] {
+                    if (place < m_pages.size()) m_pages[place]->OnEdited(i);
+                };
+                switch (page->fields[i].kind) {
+                    case FieldKind::List: controls.push_back(static_cast<PageList*>(&field)); break;
+                    case FieldKind::CheckBox:
+                        controls.push_back(static_cast<PageCheckBox*>(&field));
+                        break;
+                    default: controls.push_back(static_cast<PageText*>(&field));
+                }
+            }
+            m_pages.push_back(std::make_unique<PropertyPage>(*page, controls, m_site, dates));
         }
-        m_f[11].edited = [this] { m_general.OnFormatText(); };
-        m_f[13].edited = [this] { m_dropDown.OnWidthText(); };
-        m_f[14].edited = [this] { m_dropDown.OnHeightText(); };
         AutomationObject* const selected[] = {&object};
-        for (PropertyPage* const page : m_pages) page->SelectionChanged(selected);
+        for (const auto& page : m_pages) page->SelectionChanged(selected);
         if (m_site.changed) Fail("loading marks a page as changed");
     }
 
@@ -72,10 +81,8 @@ public:
 private:
     std::array<Field, 20> m_f;
     Site m_site;
-    GeneralPP m_general;
-    DropDownPP m_dropDown;
-    DayPP m_day;
-    PropertyPage* m_pages[3] = {&m_general, &m_dropDown, &m_day};
+    std::size_t m_used = 0;
+    std::vector<std::unique_ptr<PropertyPage>> m_pages;
 };
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "platform/AutomationError.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace velmora {
@@ -16,101 +15,152 @@ std::string TextOf(const Variant& value, const Dates& dates) {
 
 }  // namespace
 
+PropertyPage::PropertyPage(const PageDefinition& definition, std::vector<PageControlRef> controls,
+                           PageSite& site, const Dates& dates)
+    : m_definition(definition),
+      m_controls(std::move(controls)),
+      m_site(site),
+      m_dates(dates),
+      m_loaded(m_controls.size()) {
+    for (std::size_t i = 0; i < m_controls.size(); ++i) {
+        if (auto* const list = std::get_if<PageList*>(&m_controls[i])) {
+            (*list)->Items(definition.fields[i].items);
+        }
+    }
+}
+
+bool PropertyPage::IsCalendar() const {
+    return m_selected && m_selected->TypeName() == "VmCalendar";
+}
+
+std::string_view PropertyPage::PropertyOf(const FieldDefinition& field) const {
+    return field.boxProperty.empty() || IsCalendar() ? field.property : field.boxProperty;
+}
+
+std::span<const std::string_view> PropertyPage::ItemsOf(const FieldDefinition& field) const {
+    return field.boxItems == 0 || IsCalendar() ? field.items : field.items.first(field.boxItems);
+}
+
 void PropertyPage::SelectionChanged(std::span<AutomationObject* const> selected) {
     m_selected = selected.empty() ? nullptr : selected.front();
-    m_loaded.clear();
     m_loading = true;
-    Load();
+    for (std::size_t i = 0; i < m_controls.size(); ++i) Load(i);
     m_loading = false;
     m_site.Changed(false);
+}
+
+void PropertyPage::Load(std::size_t index) {
+    const FieldDefinition& field = m_definition.fields[index];
+    std::visit(
+        [&](auto* control) {
+            m_loaded[index] = false;
+            try {
+                if (m_selected) {
+                    const Variant value = m_selected->GetMember(PropertyOf(field));
+                    Show(field, *control, &value);
+                    m_loaded[index] = true;
+                }
+            } catch (const AutomationError&) {
+                // The object has no such property, or none that this control can show.
+            }
+            control->Enabled(m_loaded[index]);
+            if (!m_loaded[index]) Show(field, *control, nullptr);
+        },
+        m_controls[index]);
+}
+
+void PropertyPage::Show(const FieldDefinition& field, PageList& list, const Variant* value) {
+    if (field.boxItems != 0) list.Items(ItemsOf(field));
+    list.ListIndex(value ? ToInt32(*value) - field.first : -1);
+}
+
+void PropertyPage::Show(const FieldDefinition&, PageCheckBox& box, const Variant* value) {
+    box.Checked(value && ToBoolean(*value));
+}
+
+/// Dates in the locale's short form, anything else as text.
+void PropertyPage::Show(const FieldDefinition&, PageText& text, const Variant* value) {
+    text.Text(value ? TextOf(*value, m_dates) : std::string());
+    text.ForeColor(kValidText);
 }
 
 bool PropertyPage::ApplyChanges() {
     m_firstError = nullptr;
     m_complained = false;
-    Store();
+    for (std::size_t i = 0; i < m_controls.size(); ++i) {
+        if (!m_loaded[i]) continue;
+        std::visit([&](auto* control) { Store(m_definition.fields[i], *control); }, m_controls[i]);
+    }
     if (m_firstError) std::rethrow_exception(std::exchange(m_firstError, nullptr));
     if (!m_complained) m_site.Changed(false);
     return !m_complained;
 }
 
-void PropertyPage::Complain(const std::string& message) {
+void PropertyPage::Store(const FieldDefinition& field, const PageList& list) {
+    if (list.ListIndex() >= 0) Write(field, std::int32_t{list.ListIndex() + field.first});
+}
+
+void PropertyPage::Store(const FieldDefinition& field, const PageCheckBox& box) {
+    Write(field, box.Checked());
+}
+
+void PropertyPage::Store(const FieldDefinition& field, const PageText& text) {
+    const std::string fault = FaultOf(field, text.Text());
+    if (fault.empty()) return Write(field, text.Text());
     m_complained = true;
-    m_site.MessageBox(message);
+    m_site.MessageBox(fault);
 }
 
-void PropertyPage::OnClick() { MarkChanged(); }
-
-void PropertyPage::MarkChanged() {
-    if (!m_loading) m_site.Changed(true);
+std::string PropertyPage::FaultOf(const FieldDefinition& field, const std::string& text) const {
+    switch (field.kind) {
+        case FieldKind::Date:
+            if (!text.empty()) return {};
+            return "Property '" + std::string(field.property) + "' cannot be blank";
+        case FieldKind::Number:  // it names the width for the height too; its wording is published
+            return IsNumber(text) ? "" : "Property 'DropDownWidth' must a number.";
+        case FieldKind::Format:
+            if (text.empty()) return {};
+            try {
+                m_dates.Format(m_dates.ToDate(m_selected->GetMember("DateValue")), text);
+            } catch (const AutomationError& error) {
+                return std::string("Invalid Date Format") + error.what();
+            }
+            return {};
+        default: return {};
+    }
 }
 
-bool PropertyPage::Has(std::string_view property) const {
-    return std::find(m_loaded.begin(), m_loaded.end(), property) != m_loaded.end();
-}
-
-bool PropertyPage::TryLoad(PageControl& control, std::string_view property,
-                           const std::function<void(const Variant&)>& show) {
-    bool known = false;
+void PropertyPage::Write(const FieldDefinition& field, const Variant& value) {
     try {
-        if (m_selected) {
-            show(m_selected->GetMember(property));
-            known = true;
-        }
-    } catch (const AutomationError&) {
-        // The object has no such property, or none that this control can show.
-    }
-    if (known) m_loaded.push_back(property);
-    control.Enabled(known);
-    return known;
-}
-
-void PropertyPage::LoadList(PageList& list, std::string_view property, int first) {
-    if (!TryLoad(list, property,
-                 [&](const Variant& value) { list.ListIndex(ToInt32(value) - first); })) {
-        list.ListIndex(-1);
-    }
-}
-
-void PropertyPage::LoadCheck(PageCheckBox& box, std::string_view property) {
-    if (!TryLoad(box, property, [&](const Variant& value) { box.Checked(ToBoolean(value)); })) {
-        box.Checked(false);
-    }
-}
-
-void PropertyPage::LoadText(PageText& text, std::string_view property) {
-    if (!TryLoad(text, property,
-                 [&](const Variant& value) { text.Text(TextOf(value, m_dates)); })) {
-        text.Text({});
-    }
-    text.ForeColor(kValidText);
-}
-
-void PropertyPage::StoreList(const PageList& list, std::string_view property, int first) {
-    if (list.ListIndex() >= 0) Write(property, std::int32_t{list.ListIndex() + first});
-}
-
-void PropertyPage::StoreCheck(const PageCheckBox& box, std::string_view property) {
-    Write(property, box.Checked());
-}
-
-void PropertyPage::StoreText(const PageText& text, std::string_view property) {
-    Write(property, text.Text());
-}
-
-void PropertyPage::Write(std::string_view property, const Variant& value) {
-    if (!Has(property)) return;
-    try {
-        m_selected->LetMember(property, value);
+        m_selected->LetMember(PropertyOf(field), value);
     } catch (...) {
         if (!m_firstError) m_firstError = std::current_exception();
     }
 }
 
-void PropertyPage::OnText(PageText& text, const std::function<bool(const std::string&)>& isValid) {
-    const bool valid = isValid(text.Text());
-    text.ForeColor(valid ? kValidText : kInvalidText);
-    if (valid) MarkChanged();
+bool PropertyPage::IsValid(const FieldDefinition& field, const std::string& text) const {
+    switch (field.kind) {
+        case FieldKind::Date: return m_dates.TryParse(text).has_value();
+        case FieldKind::Number: return IsNumber(text);
+        default: return true;
+    }
+}
+
+void PropertyPage::OnEdited(std::size_t index) {
+    if (m_loading) return;
+    if (auto* const text = std::get_if<PageText*>(&m_controls[index])) {
+        const bool valid = IsValid(m_definition.fields[index], (*text)->Text());
+        (*text)->ForeColor(valid ? kValidText : kInvalidText);
+        if (!valid) return;
+    }
+    m_site.Changed(true);
+}
+
+bool IsNumber(std::string_view text) noexcept {
+    constexpr std::string_view kDigitsAndPoint = "0123456789.";
+    if (text.empty() || text.find('.') != text.rfind('.')) return false;
+    const std::string_view rest = text.front() == '-' ? text.substr(1) : text;
+    return rest.find_first_not_of(kDigitsAndPoint) == std::string_view::npos;
 }
 
 }  // namespace velmora

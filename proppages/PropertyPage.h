@@ -3,22 +3,30 @@
 #include "platform/Automation.h"
 #include "platform/Dates.h"
 #include "proppages/PageControls.h"
+#include "proppages/PageDefinitions.h"
 
 #include <exception>
 #include <functional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace velmora {
 
-/// What the three pages share: they edit the first of the selected objects, by the names of its
+/// The control of a field, by its kind.
+using PageControlRef = std::variant<PageList*, PageCheckBox*, PageText*>;
+
+/// The logic of a property page: it edits the first of the selected objects, by the names of its
 /// properties. A property that the object lacks leaves its control empty and disabled, and is not
 /// written.
 class PropertyPage {
 public:
-    virtual ~PropertyPage() = default;
+    /// Fills the lists. The controls stand in the order of the definition's fields, each of its
+    /// field's kind, and outlive the page.
+    PropertyPage(const PageDefinition& definition, std::vector<PageControlRef> controls,
+                 PageSite& site, const Dates& dates);
     PropertyPage(const PropertyPage&) = delete;
     PropertyPage& operator=(const PropertyPage&) = delete;
 
@@ -30,49 +38,40 @@ public:
     /// has said so. In both cases the page stays changed.
     bool ApplyChanges();
 
-    /// A list or a check box has been clicked.
-    void OnClick();
-
-protected:
-    PropertyPage(PageSite& site, const Dates& dates) : m_dates(dates), m_site(site) {}
-
-    virtual void Load() = 0;
-    virtual void Store() = 0;
-
-    const AutomationObject* Selected() const noexcept { return m_selected; }
-    bool IsLoading() const noexcept { return m_loading; }
-    void MarkChanged();
-
-    /// The property's value is the list index plus `first`.
-    void LoadList(PageList& list, std::string_view property, int first = 0);
-    void LoadCheck(PageCheckBox& box, std::string_view property);
-    /// Dates in the locale's short form, anything else as text.
-    void LoadText(PageText& text, std::string_view property);
-
-    void StoreList(const PageList& list, std::string_view property, int first = 0);
-    void StoreCheck(const PageCheckBox& box, std::string_view property);
-    void StoreText(const PageText& text, std::string_view property);
-    /// Tells what is wrong with a text that is not written.
-    void Complain(const std::string& message);
-    /// Whether the property has been loaded, and so may be written.
-    bool Has(std::string_view property) const;
-
-    /// A text has been edited: red and no change while it is not valid.
-    void OnText(PageText& text, const std::function<bool(const std::string&)>& isValid);
-
-    const Dates& m_dates;
+    /// The control of that field has been clicked or edited. A text that is not valid is red and
+    /// marks nothing as changed.
+    void OnEdited(std::size_t field);
 
 private:
-    bool TryLoad(PageControl& control, std::string_view property,
-                 const std::function<void(const Variant&)>& show);
-    void Write(std::string_view property, const Variant& value);
+    bool IsCalendar() const;
+    std::string_view PropertyOf(const FieldDefinition& field) const;
+    std::span<const std::string_view> ItemsOf(const FieldDefinition& field) const;
+    bool IsValid(const FieldDefinition& field, const std::string& text) const;
 
+    void Load(std::size_t field);
+    void Show(const FieldDefinition& field, PageList& list, const Variant* value);
+    void Show(const FieldDefinition& field, PageCheckBox& box, const Variant* value);
+    void Show(const FieldDefinition& field, PageText& text, const Variant* value);
+    void Store(const FieldDefinition& field, const PageList& list);
+    void Store(const FieldDefinition& field, const PageCheckBox& box);
+    void Store(const FieldDefinition& field, const PageText& text);
+    void Write(const FieldDefinition& field, const Variant& value);
+    /// What is wrong with a text that must not be written; empty for nothing.
+    std::string FaultOf(const FieldDefinition& field, const std::string& text) const;
+
+    const PageDefinition& m_definition;
+    const std::vector<PageControlRef> m_controls;
     PageSite& m_site;
+    const Dates& m_dates;
     AutomationObject* m_selected = nullptr;
-    std::vector<std::string_view> m_loaded;  // names of properties that the object has
+    std::vector<bool> m_loaded;  // by field: the object has the property
     bool m_loading = false;
     bool m_complained = false;
     std::exception_ptr m_firstError;
 };
+
+/// Whether the page's text boxes take a text as a number: digits with at most one ".", and a "-"
+/// only in front. A lone "-" or "." passes.
+bool IsNumber(std::string_view text) noexcept;
 
 }  // namespace velmora

@@ -20,9 +20,9 @@ namespace velmora {
 PropertyPageDialog::PropertyPageDialog(const QLocale& locale, QWidget* parent)
     : QDialog(parent),
       m_dates(std::make_unique<Dates>(DateLocaleOf(locale), LocalNow)),
-      m_general(MakeGeneralPage(*m_dates)),
-      m_dropDown(MakeDropDownPage(*m_dates)),
-      m_days(MakeDayPage(*m_dates)),
+      m_general(std::make_unique<PropertyPageWidget>(kGeneralPP, *m_dates)),
+      m_dropDown(std::make_unique<PropertyPageWidget>(kDropDownPP, *m_dates)),
+      m_days(std::make_unique<PropertyPageWidget>(kDayPP, *m_dates)),
       m_tabs(new QTabWidget(this)),
       m_buttons(new QDialogButtonBox(
           QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this)) {
@@ -45,11 +45,11 @@ PropertyPageDialog::~PropertyPageDialog() = default;
 void PropertyPageDialog::SelectionChanged(std::span<AutomationObject* const> selected) {
     m_selected.assign(selected.begin(), selected.end());
     m_tabs->clear();
-    m_tabs->addTab(m_general.get(), tr("General"));
+    m_tabs->addTab(m_general.get(), m_general->Title());
     if (m_selected.empty() || m_selected.front()->TypeName() != "VmCalendar") {
-        m_tabs->addTab(m_dropDown.get(), tr("Drop-down"));
+        m_tabs->addTab(m_dropDown.get(), m_dropDown->Title());
     }
-    m_tabs->addTab(m_days.get(), tr("Days"));
+    m_tabs->addTab(m_days.get(), m_days->Title());
     Reload();
 }
 

@@ -1,79 +1,41 @@
 #include "hosts/qt/PropertyPageWidgets.h"
 
 #include "hosts/qt/QtConversions.h"
-#include "proppages/PropertyPages.h"
+#include "proppages/PropertyPage.h"
 
 #include <QApplication>
 #include <QFormLayout>
 #include <QMessageBox>
 
 #include <exception>
-#include <utility>
+#include <functional>
+#include <string>
+#include <vector>
 
 namespace velmora {
 namespace {
 
-class GeneralPage final : public PropertyPageWidget {
-public:
-    explicit GeneralPage(const Dates& dates)
-        : m_page({AddList("cboAppearance", tr("&Appearance:")),
-                  AddList("cboWeekDayDisplay", tr("&Week day captions:")),
-                  AddCheckBox("chkShowWeekend", tr("Show week&end")),
-                  AddList("cboWeekDayCaptionAlignment", tr("Week day a&lignment:")),
-                  AddList("cboWeekDayAppearance", tr("Wee&k day appearance:")),
-                  AddList("cboMonthDisplay", tr("&Month caption:")),
-                  AddList("cboMonthAppearance", tr("M&onth appearance:")),
-                  AddList("cboMonthYearSelStyle", tr("Month and year &selectors:")),
-                  AddDate("txtDateMin", tr("Ea&rliest date:")),
-                  AddDate("txtDateMax", tr("La&test date:")), AddDate("txtDateValue", tr("&Date:")),
-                  AddText("txtDateFormat", tr("Date &format:"),
-                          [this](PageText&) { m_page.OnFormatText(); })},
-                 *this, dates) {
-        ConnectClicks();
+QString Translated(std::string_view text) {
+    return QCoreApplication::translate("velmora::PropertyPageWidget", std::string(text).c_str());
+}
+
+/// A row of the form; the control is the form's. The page fills a list while it is being made,
+/// which is no edit.
+PageControlRef AddField(QFormLayout& form, const FieldDefinition& field,
+                        std::function<void()> edited) {
+    const QString label = Translated(field.label);
+    const auto add = [&](auto* control, auto signal, const QString& text) -> PageControlRef {
+        control->setObjectName(ToQString(field.name));
+        form.addRow(text, control);
+        QObject::connect(control, signal, form.parentWidget(), edited);
+        return control;
+    };
+    switch (field.kind) {
+        case FieldKind::List: return add(new QtPageList, &QComboBox::currentIndexChanged, label);
+        case FieldKind::CheckBox: return add(new QtPageCheckBox(label), &QCheckBox::toggled, {});
+        default: return add(new QtPageText, &QLineEdit::textChanged, label);
     }
-    PropertyPage& Page() override { return m_page; }
-
-private:
-    QtPageText& AddDate(const char* name, const QString& label) {
-        return AddText(name, label, [this](PageText& text) { m_page.OnDateText(text); });
-    }
-
-    GeneralPP m_page;
-};
-
-class DropDownPage final : public PropertyPageWidget {
-public:
-    explicit DropDownPage(const Dates& dates)
-        : m_page({AddCheckBox("chkEnabled", tr("&Enabled")),
-                  AddText("txtDropDownWidth", tr("Drop-down &width:"),
-                          [this](PageText&) { m_page.OnWidthText(); }),
-                  AddText("txtDropDownHeight", tr("Drop-down &height:"),
-                          [this](PageText&) { m_page.OnHeightText(); })},
-                 *this, dates) {
-        ConnectClicks();
-    }
-    PropertyPage& Page() override { return m_page; }
-
-private:
-    DropDownPP m_page;
-};
-
-class DayPage final : public PropertyPageWidget {
-public:
-    explicit DayPage(const Dates& dates)
-        : m_page({AddList("cboFirstDayOfWeek", tr("&First day of the week:")),
-                  AddList("cboDayAppearance", tr("&Appearance:")),
-                  AddList("cboDayNumberAlignment", tr("&Number alignment:")),
-                  AddList("cboDayCaptionAlignment", tr("&Caption alignment:")),
-                  AddList("cboDayPicAlignment", tr("&Picture alignment:"))},
-                 *this, dates) {
-        ConnectClicks();
-    }
-    PropertyPage& Page() override { return m_page; }
-
-private:
-    DayPP m_page;
-};
+}
 
 }  // namespace
 
@@ -88,48 +50,27 @@ void QtPageText::ForeColor(Rgb color) {
     setPalette(colors);
 }
 
-PropertyPageWidget::PropertyPageWidget() : m_form(new QFormLayout(this)) {
-    m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-}
-
-void PropertyPageWidget::AddRow(const char* name, const QString& label, QWidget& control) {
-    control.setObjectName(QLatin1String(name));
-    m_form->addRow(label, &control);
-}
-
-QtPageList& PropertyPageWidget::AddList(const char* name, const QString& label) {
-    auto* const list = new QtPageList(this);
-    AddRow(name, label, *list);
-    return *list;
-}
-
-QtPageCheckBox& PropertyPageWidget::AddCheckBox(const char* name, const QString& label) {
-    auto* const box = new QtPageCheckBox(label, this);
-    AddRow(name, {}, *box);
-    return *box;
-}
-
-QtPageText& PropertyPageWidget::AddText(const char* name, const QString& label,
-                                        std::function<void(PageText&)> edited) {
-    auto* const text = new QtPageText(this);
-    AddRow(name, label, *text);
-    connect(text, &QLineEdit::textChanged, this,
-            [text, edited = std::move(edited)] { edited(*text); });
-    return *text;
-}
-
-void PropertyPageWidget::ConnectClicks() {
-    for (const QComboBox* const list : findChildren<QComboBox*>()) {
-        connect(list, &QComboBox::currentIndexChanged, this, [this] { Page().OnClick(); });
+PropertyPageWidget::PropertyPageWidget(const PageDefinition& definition, const Dates& dates)
+    : m_definition(definition) {
+    auto* const form = new QFormLayout(this);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    std::vector<PageControlRef> controls;
+    for (std::size_t i = 0; i < definition.fields.size(); ++i) {
+        controls.push_back(AddField(*form, definition.fields[i], [this, i] {
+            if (m_page) m_page->OnEdited(i);
+        }));
     }
-    for (const QCheckBox* const box : findChildren<QCheckBox*>()) {
-        connect(box, &QCheckBox::toggled, this, [this] { Page().OnClick(); });
-    }
+    PageSite& site = *this;
+    m_page = std::make_unique<PropertyPage>(definition, controls, site, dates);
 }
+
+PropertyPageWidget::~PropertyPageWidget() = default;
+
+QString PropertyPageWidget::Title() const { return Translated(m_definition.title); }
 
 bool PropertyPageWidget::Apply() {
     try {
-        return Page().ApplyChanges();
+        return m_page->ApplyChanges();
     } catch (const std::exception& error) {
         MessageBox(error.what());
         return false;
@@ -146,18 +87,6 @@ void PropertyPageWidget::MessageBox(const std::string& text) {
                     QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();
-}
-
-std::unique_ptr<PropertyPageWidget> MakeGeneralPage(const Dates& dates) {
-    return std::make_unique<GeneralPage>(dates);
-}
-
-std::unique_ptr<PropertyPageWidget> MakeDropDownPage(const Dates& dates) {
-    return std::make_unique<DropDownPage>(dates);
-}
-
-std::unique_ptr<PropertyPageWidget> MakeDayPage(const Dates& dates) {
-    return std::make_unique<DayPage>(dates);
 }
 
 }  // namespace velmora

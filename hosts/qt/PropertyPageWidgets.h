@@ -7,15 +7,13 @@
 #include <QLineEdit>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
-
-class QFormLayout;
 
 namespace velmora {
 
 class Dates;
 class PropertyPage;
+struct PageDefinition;
 
 class QtPageList final : public QComboBox, public PageList {
 public:
@@ -45,13 +43,16 @@ public:
 };
 
 /// A property page with its native controls, each under its published name as object name.
-class PropertyPageWidget : public QWidget, protected PageSite {
+class PropertyPageWidget final : public QWidget, private PageSite {
     Q_OBJECT
 
 public:
-    PropertyPageWidget();
+    /// `dates` lives longer.
+    PropertyPageWidget(const PageDefinition& definition, const Dates& dates);
+    ~PropertyPageWidget() override;
 
-    virtual PropertyPage& Page() = 0;
+    PropertyPage& Page() noexcept { return *m_page; }
+    QString Title() const;
     bool IsChanged() const noexcept { return m_changed; }
     /// Writes the page and shows what the object refuses in a message box. True when nothing was
     /// refused or found fault with.
@@ -61,26 +62,13 @@ signals:
     /// `IsChanged` may have another value.
     void changed();
 
-protected:
-    QtPageList& AddList(const char* name, const QString& label);
-    QtPageCheckBox& AddCheckBox(const char* name, const QString& label);
-    QtPageText& AddText(const char* name, const QString& label,
-                        std::function<void(PageText&)> edited);
-    /// To be called when the page is complete.
-    void ConnectClicks();
-
 private:
     void Changed(bool changed) override;
     void MessageBox(const std::string& text) override;
-    void AddRow(const char* name, const QString& label, QWidget& control);
 
-    QFormLayout* m_form;
+    const PageDefinition& m_definition;
+    std::unique_ptr<PropertyPage> m_page;
     bool m_changed = false;
 };
-
-/// The pages; `dates` lives longer.
-std::unique_ptr<PropertyPageWidget> MakeGeneralPage(const Dates& dates);
-std::unique_ptr<PropertyPageWidget> MakeDropDownPage(const Dates& dates);
-std::unique_ptr<PropertyPageWidget> MakeDayPage(const Dates& dates);
 
 }  // namespace velmora

@@ -1,4 +1,4 @@
-#include "proppages/PropertyPages.h"
+#include "proppages/PropertyPage.h"
 #include "tests/support/PageScript.h"
 #include "tests/support/TestBoxes.h"
 #include "tests/support/TestCalendar.h"
@@ -55,17 +55,9 @@ class CorePages final : public PagePlayer {
 public:
     CorePages() {
         for (FakeSite& site : m_sites) site.messages = &m_messages;
-        for (std::size_t page = 0; page < 3; ++page) {
-            for (const std::string& name : kPageFields[page]) {
-                m_controls[name].edited = [this, page] { m_pages[page]->OnClick(); };
-            }
-        }
-        for (const char* const name : {"txtDateMin", "txtDateMax", "txtDateValue"}) {
-            m_controls[name].edited = [this, name] { m_general.OnDateText(m_controls[name]); };
-        }
-        m_controls["txtDateFormat"].edited = [this] { m_general.OnFormatText(); };
-        m_controls["txtDropDownWidth"].edited = [this] { m_dropDown.OnWidthText(); };
-        m_controls["txtDropDownHeight"].edited = [this] { m_dropDown.OnHeightText(); };
+        m_pages[0] = PageOf(kGeneralPP, 0);
+        m_pages[1] = PageOf(kDropDownPP, 1);
+        m_pages[2] = PageOf(kDayPP, 2);
     }
 
     void Select(const std::string& object) override {
@@ -122,24 +114,26 @@ private:
     std::string m_messages;
     FakeSite m_sites[3];
     std::map<std::string, FakeControl> m_controls;
-    GeneralPP m_general{
-        {m_controls["cboAppearance"], m_controls["cboWeekDayDisplay"], m_controls["chkShowWeekend"],
-         m_controls["cboWeekDayCaptionAlignment"], m_controls["cboWeekDayAppearance"],
-         m_controls["cboMonthDisplay"], m_controls["cboMonthAppearance"],
-         m_controls["cboMonthYearSelStyle"], m_controls["txtDateMin"], m_controls["txtDateMax"],
-         m_controls["txtDateValue"], m_controls["txtDateFormat"]},
-        m_sites[0],
-        m_second.dates};
-    DropDownPP m_dropDown{
-        {m_controls["chkEnabled"], m_controls["txtDropDownWidth"], m_controls["txtDropDownHeight"]},
-        m_sites[1],
-        m_second.dates};
-    DayPP m_day{{m_controls["cboFirstDayOfWeek"], m_controls["cboDayAppearance"],
-                 m_controls["cboDayNumberAlignment"], m_controls["cboDayCaptionAlignment"],
-                 m_controls["cboDayPicAlignment"]},
-                m_sites[2],
-                m_second.dates};
-    PropertyPage* const m_pages[3] = {&m_general, &m_dropDown, &m_day};
+    /// The page of that definition over controls of its fields' names.
+    std::unique_ptr<PropertyPage> PageOf(const PageDefinition& definition, std::size_t page) {
+        std::vector<PageControlRef> controls;
+        for (std::size_t i = 0; i < definition.fields.size(); ++i) {
+            const FieldDefinition& field = definition.fields[i];
+            FakeControl& control = m_controls[std::string(field.name)];
+            control.edited = [this, page, i] {
+                if (m_pages[page]) m_pages[page]->OnEdited(i);
+            };
+            controls.push_back(ReferTo(field.kind, control));
+        }
+        return std::make_unique<PropertyPage>(definition, controls, m_sites[page], m_second.dates);
+    }
+    static PageControlRef ReferTo(FieldKind kind, FakeControl& control) {
+        if (kind == FieldKind::List) return static_cast<PageList*>(&control);
+        if (kind == FieldKind::CheckBox) return static_cast<PageCheckBox*>(&control);
+        return static_cast<PageText*>(&control);
+    }
+
+    std::unique_ptr<PropertyPage> m_pages[3];
 };
 
 TEST(PropertyPages, FollowTheScript) {

@@ -9,28 +9,28 @@
 
 namespace velmora {
 
-template <class Field>
-Field& PageForm::AddRow(PageFieldKind kind, const wchar_t* label, Properties properties) {
-    m_template.AddRow(kind, label, static_cast<WORD>(kFirstId + m_rows.size()));
-    auto field = std::make_unique<Field>();
-    Field& added = *field;
-    m_rows.push_back({properties, std::move(field), [this] { Page().OnClick(); }});
-    return added;
+PageForm::PageForm(const PageDefinition& definition, const Dates& dates)
+    : m_definition(definition), m_page(definition, AddFields(), *this, dates) {}
+
+std::vector<PageControlRef> PageForm::AddFields() {
+    std::vector<PageControlRef> controls;
+    for (const FieldDefinition& field : m_definition.fields) controls.push_back(AddField(field));
+    return controls;
 }
 
-WinPageList& PageForm::AddList(const wchar_t* label, Properties properties) {
-    return AddRow<WinPageList>(PageFieldKind::List, label, properties);
-}
-
-WinPageCheckBox& PageForm::AddCheckBox(const wchar_t* label, Properties properties) {
-    return AddRow<WinPageCheckBox>(PageFieldKind::CheckBox, label, properties);
-}
-
-WinPageText& PageForm::AddText(const wchar_t* label, Properties properties,
-                               std::function<void(PageText&)> edited) {
-    auto& text = AddRow<WinPageText>(PageFieldKind::Text, label, properties);
-    m_rows.back().edited = [&text, edited = std::move(edited)] { edited(text); };
-    return text;
+PageControlRef PageForm::AddField(const FieldDefinition& field) {
+    m_template.AddRow(field.kind, ToWide(field.label),
+                      static_cast<WORD>(kFirstId + m_fields.size()));
+    const auto add = [this](auto added) -> PageControlRef {
+        auto* const control = added.get();
+        m_fields.push_back(std::move(added));
+        return control;
+    };
+    switch (field.kind) {
+        case FieldKind::List: return add(std::make_unique<WinPageList>());
+        case FieldKind::CheckBox: return add(std::make_unique<WinPageCheckBox>());
+        default: return add(std::make_unique<WinPageText>());
+    }
 }
 
 SIZE PageForm::Size() const {
@@ -45,8 +45,8 @@ SIZE PageForm::Size() const {
 bool PageForm::Open(HWND parent, const RECT& place) {
     m_window = Create(m_template.Get(), parent, this);
     if (!m_window) return false;
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        m_rows[i].field->Attach(GetDlgItem(m_window, kFirstId + static_cast<int>(i)));
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        m_fields[i]->Attach(GetDlgItem(m_window, kFirstId + static_cast<int>(i)));
     }
     MoveWindow(m_window, place.left, place.top, place.right - place.left, place.bottom - place.top,
                FALSE);
@@ -62,14 +62,17 @@ void PageForm::Close() noexcept {
 }
 
 bool PageForm::FocusOn(const std::function<bool(std::string_view)>& isWanted) {
-    const auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& candidate) {
-        return std::any_of(candidate.properties.begin(), candidate.properties.end(), isWanted);
+    const auto fields = m_definition.fields;
+    const auto wanted = std::ranges::find_if(fields, [&](const FieldDefinition& field) {
+        return isWanted(field.property) ||
+               (!field.boxProperty.empty() && isWanted(field.boxProperty));
     });
-    if (row == m_rows.end()) return false;
+    if (wanted == fields.end()) return false;
+    const PageField& field = *m_fields[static_cast<std::size_t>(wanted - fields.begin())];
     if (m_window && IsWindowVisible(m_window)) {
-        SetFocus(row->field->Window());
+        SetFocus(field.Window());
     } else {
-        m_focusWhenShown = row->field.get();
+        m_focusWhenShown = &field;
     }
     return true;
 }
@@ -116,14 +119,14 @@ INT_PTR PageForm::OnMessage(UINT message, WPARAM w, LPARAM l) {
 
 void PageForm::OnCommand(WORD id, WORD notification) {
     const auto index = static_cast<std::size_t>(id - kFirstId);
-    if (id < kFirstId || index >= m_rows.size()) return;
-    if (m_rows[index].field->TakeUp(notification)) m_rows[index].edited();
+    if (id < kFirstId || index >= m_fields.size()) return;
+    if (m_fields[index]->TakeUp(notification)) m_page.OnEdited(index);
 }
 
 /// Valid text has the colour of any other text box.
 INT_PTR PageForm::ColorOf(HDC context, HWND field) const {
-    for (const Row& row : m_rows) {
-        const auto* const text = dynamic_cast<const WinPageText*>(row.field.get());
+    for (const auto& each : m_fields) {
+        const auto* const text = dynamic_cast<const WinPageText*>(each.get());
         if (!text || text->Window() != field || text->ForeColor() == kValidText) continue;
         SetTextColor(context, text->ForeColor());
         SetBkColor(context, GetSysColor(COLOR_WINDOW));
@@ -134,7 +137,7 @@ INT_PTR PageForm::ColorOf(HDC context, HWND field) const {
 
 void PageForm::Detach() noexcept {
     m_window = nullptr;
-    for (const Row& row : m_rows) row.field->Detach();
+    for (const auto& field : m_fields) field->Detach();
 }
 
 void PageForm::Changed(bool changed) {

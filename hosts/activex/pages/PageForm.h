@@ -3,7 +3,7 @@
 #include "hosts/activex/pages/PageFields.h"
 #include "hosts/activex/pages/PageTemplate.h"
 #include "platform/Dates.h"
-#include "proppages/PropertyPages.h"
+#include "proppages/PropertyPage.h"
 
 #include <functional>
 #include <memory>
@@ -14,18 +14,16 @@
 namespace velmora {
 
 /// A property page with the fields of its dialog, which is a child window while the page is open.
-class PageForm : public std::enable_shared_from_this<PageForm>, protected PageSite {
+class PageForm : public std::enable_shared_from_this<PageForm>, private PageSite {
 public:
-    /// Names of the property that a field edits.
-    using Properties = std::initializer_list<std::string_view>;
-
-    explicit PageForm(const wchar_t* title) : m_title(title) {}
+    /// `dates` lives longer.
+    PageForm(const PageDefinition& definition, const Dates& dates);
     ~PageForm() override { Close(); }
     PageForm(const PageForm&) = delete;
     PageForm& operator=(const PageForm&) = delete;
 
-    virtual PropertyPage& Page() = 0;
-    const wchar_t* Title() const noexcept { return m_title; }
+    PropertyPage& Page() noexcept { return m_page; }
+    std::string_view Title() const noexcept { return m_definition.title; }
 
     bool IsChanged() const noexcept { return m_changed; }
     /// Called when `IsChanged` has got another value. May end the page.
@@ -46,44 +44,28 @@ public:
     /// Identifier of the first field's control, in the order of the rows.
     static constexpr WORD kFirstId = 100;
 
-protected:
-    WinPageList& AddList(const wchar_t* label, Properties properties);
-    WinPageCheckBox& AddCheckBox(const wchar_t* label, Properties properties);
-    WinPageText& AddText(const wchar_t* label, Properties properties,
-                         std::function<void(PageText&)> edited);
-
 private:
-    struct Row {
-        std::vector<std::string_view> properties;
-        std::unique_ptr<PageField> field;
-        std::function<void()> edited;
-    };
-
     static INT_PTR CALLBACK Serve(HWND window, UINT message, WPARAM w, LPARAM l);
     static HWND Create(const DLGTEMPLATE& dialog, HWND parent, PageForm* form);
 
     void Changed(bool changed) override;
     void MessageBox(const std::string& text) override;
 
-    template <class Field>
-    Field& AddRow(PageFieldKind kind, const wchar_t* label, Properties properties);
+    std::vector<PageControlRef> AddFields();
+    PageControlRef AddField(const FieldDefinition& field);
     INT_PTR OnMessage(UINT message, WPARAM w, LPARAM l);
     void OnCommand(WORD id, WORD notification);
     INT_PTR ColorOf(HDC context, HWND field) const;
     void Detach() noexcept;
 
-    const wchar_t* m_title;
+    const PageDefinition& m_definition;
     PageTemplate m_template;
-    std::vector<Row> m_rows;
+    std::vector<std::unique_ptr<PageField>> m_fields;  // in the order of the definition
+    PropertyPage m_page;
     std::function<void()> m_listener;
     HWND m_window = nullptr;
     const PageField* m_focusWhenShown = nullptr;
     bool m_changed = false;
 };
-
-/// The pages; `dates` lives longer.
-std::shared_ptr<PageForm> MakeGeneralForm(const Dates& dates);
-std::shared_ptr<PageForm> MakeDropDownForm(const Dates& dates);
-std::shared_ptr<PageForm> MakeDayForm(const Dates& dates);
 
 }  // namespace velmora

@@ -42,19 +42,19 @@ PageTemplate::PageTemplate() {
     Text(L"MS Shell Dlg");
 }
 
-void PageTemplate::AddRow(PageFieldKind kind, std::wstring_view label, WORD id) {
+void PageTemplate::AddRow(FieldKind kind, std::wstring_view label, WORD id) {
     const auto top = static_cast<SHORT>(kMargin + m_rows * kRowHeight);
     const SHORT left = kMargin + kLabelWidth;
     ++m_rows;
     m_words[kPageHeight] = static_cast<WORD>(2 * kMargin + m_rows * kRowHeight);
-    if (kind == PageFieldKind::CheckBox) {
+    if (kind == FieldKind::CheckBox) {
         AddItem(BS_AUTOCHECKBOX | WS_TABSTOP, 0, At(left, top, kFieldWidth, kFieldHeight), id,
                 kButton, label);
         return;
     }
     AddItem(SS_LEFT, 0, At(kMargin, static_cast<SHORT>(top + kLabelIndent), kLabelWidth, 9), kNoId,
             kStatic, label);
-    if (kind == PageFieldKind::List) {
+    if (kind == FieldKind::List) {
         AddItem(CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0,
                 At(left, top, kFieldWidth, kListHeight), id, kComboBox, {});
     } else {

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "proppages/PageDefinitions.h"
+
 #include <windows.h>
 
 #include <string_view>
 #include <vector>
 
 namespace velmora {
-
-enum class PageFieldKind { List, CheckBox, Text };
 
 /// The template of a page's dialog: one row a field, label in front, in the order of the tab key.
 /// Sizes are dialog units, so the page follows the system's dialog font and resolution.
@@ -16,7 +16,7 @@ public:
     PageTemplate();
 
     /// A row with that control. The label's "&" marks the access key.
-    void AddRow(PageFieldKind kind, std::wstring_view label, WORD id);
+    void AddRow(FieldKind kind, std::wstring_view label, WORD id);
 
     const DLGTEMPLATE& Get() const noexcept;
 

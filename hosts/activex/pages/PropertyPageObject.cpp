@@ -7,6 +7,7 @@
 #include "hosts/activex/pages/PageKeys.h"
 #include "hosts/activex/pages/PageTarget.h"
 #include "hosts/activex/win32/WinLocale.h"
+#include "hosts/activex/win32/WinText.h"
 
 #include <ocidl.h>
 #include <olectl.h>
@@ -20,7 +21,6 @@ namespace velmora {
 namespace {
 
 using Microsoft::WRL::ComPtr;
-using MakeForm = std::shared_ptr<PageForm> (*)(const Dates&);
 
 Dates DatesOf(LCID locale) { return {SharedDateLocale(locale), LocalNow}; }
 
@@ -28,8 +28,9 @@ Dates DatesOf(LCID locale) { return {SharedDateLocale(locale), LocalNow}; }
 /// by what is called.
 class PropertyPageObject final : public ComObject<IPropertyPage2, ISupportErrorInfo> {
 public:
-    explicit PropertyPageObject(MakeForm makeForm)
-        : m_dates(DatesOf(LOCALE_USER_DEFAULT)), m_form(makeForm(m_dates)) {
+    explicit PropertyPageObject(const PageDefinition& definition)
+        : m_dates(DatesOf(LOCALE_USER_DEFAULT)),
+          m_form(std::make_shared<PageForm>(definition, m_dates)) {
         m_form->ChangeListener([this] { NotifySite(); });
     }
 
@@ -94,10 +95,10 @@ STDMETHODIMP PropertyPageObject::GetPageInfo(PROPPAGEINFO* info) {
     info->pszHelpFile = nullptr;
     info->dwHelpContext = 0;
     info->size = m_form->Size();
-    const std::size_t bytes = (std::wcslen(m_form->Title()) + 1) * sizeof(wchar_t);
-    info->pszTitle = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
+    const std::wstring title = ToWide(m_form->Title());
+    info->pszTitle = static_cast<LPOLESTR>(CoTaskMemAlloc((title.size() + 1) * sizeof(wchar_t)));
     if (!info->pszTitle) return E_OUTOFMEMORY;
-    std::wcscpy(info->pszTitle, m_form->Title());
+    std::wcscpy(info->pszTitle, title.c_str());
     return S_OK;
 }
 
@@ -181,10 +182,10 @@ void PropertyPageObject::NotifySite() {
         site->OnStatusChange(m_form->IsChanged() ? PROPPAGESTATUS_DIRTY : PROPPAGESTATUS_CLEAN);
 }
 
-MakeForm MakerOf(REFCLSID classId) {
-    if (classId == kGeneralPage) return MakeGeneralForm;
-    if (classId == kDayPage) return MakeDayForm;
-    if (classId == kDropDownPage) return MakeDropDownForm;
+const PageDefinition* DefinitionOf(REFCLSID classId) {
+    if (classId == kGeneralPage) return &kGeneralPP;
+    if (classId == kDayPage) return &kDayPP;
+    if (classId == kDropDownPage) return &kDropDownPP;
     return nullptr;
 }
 
@@ -193,10 +194,10 @@ MakeForm MakerOf(REFCLSID classId) {
 HRESULT CreatePropertyPage(REFCLSID classId, REFIID iid, void** page) noexcept {
     if (!page) return E_POINTER;
     *page = nullptr;
-    const MakeForm makeForm = MakerOf(classId);
-    if (!makeForm) return CLASS_E_CLASSNOTAVAILABLE;
+    const PageDefinition* const definition = DefinitionOf(classId);
+    if (!definition) return CLASS_E_CLASSNOTAVAILABLE;
     try {
-        return Adopt(new PropertyPageObject(makeForm))->QueryInterface(iid, page);
+        return Adopt(new PropertyPageObject(*definition))->QueryInterface(iid, page);
     } catch (...) {
         return RefusalOfException();
     }
