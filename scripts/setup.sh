@@ -4,6 +4,7 @@
 
 readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libqt6opengl6-dev
     qt6-tools-dev libgl-dev fonts-dejavu-core)
+readonly kLayoutPackages=(clang-format)
 readonly kSanitizePackages=(clang libclang-rt-dev)
 readonly kWindowPackages=(xvfb xdotool)
 readonly kBenchPackages=(libbenchmark-dev)
@@ -55,6 +56,18 @@ need_packages() {
     as_root DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
         "${missing[@]}" >>"$kLogs/apt.log" 2>&1 ||
         fail "could not install ${missing[*]}; the reason is at the end of $kLogs/apt.log"
+}
+
+# Ends with the files that are not laid out as .clang-format says, and with what mends them. That is
+# the layout of Debian 12's version; a newer one has other ideas here and there.
+check_layout() {
+    local untidy
+    untidy=$(git ls-files -z '*.cpp' '*.h' |
+        xargs -0 -r -n 40 clang-format --dry-run --Werror 2>&1 |
+        sed -n 's/:[0-9]*:[0-9]*: error: .*//p' | sort -u) || true
+    if [[ -n $untidy ]]; then
+        fail "not laid out by .clang-format; run: clang-format -i ${untidy//$'\n'/ }"
+    fi
 }
 
 # build_preset PRESET [TARGET...]: configures when it has to, then builds.

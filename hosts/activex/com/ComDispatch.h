@@ -19,7 +19,8 @@ HRESULT InvokeDual(ITypeInfo& type, IDispatch& instance, DISPID member, WORD fla
 
 HRESULT LoadOwnTypeInfo(REFGUID guid, Microsoft::WRL::ComPtr<ITypeInfo>& type) noexcept;
 
-/// The type library stays loaded from its first use until this call, when the module is about to go.
+/// The type library stays loaded from its first use until this call, when the module is about to
+/// go.
 void ReleaseOwnLibrary() noexcept;
 
 /// The four members of `IDispatch` for a dual interface; `Base` derives from it, if only as itself.

@@ -18,8 +18,8 @@ namespace {
 /// A property read by its id, in the wanted type.
 bool Read(IDispatch& object, DISPID id, VARTYPE type, VARIANT& value) {
     DISPPARAMS none{};
-    const HRESULT read = object.Invoke(id, GUID{}, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET,
-                                       &none, &value, nullptr, nullptr);
+    const HRESULT read = object.Invoke(id, GUID{}, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                       &value, nullptr, nullptr);
     return SUCCEEDED(read) && SUCCEEDED(VariantChangeType(&value, &value, 0, type));
 }
 

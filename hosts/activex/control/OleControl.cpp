@@ -22,7 +22,6 @@ namespace {
 constexpr IID kObjectSafetyId{
     0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
 
-
 constexpr int kHimetricPerInch = 2540;
 
 HRESULT CopyText(const wchar_t* text, LPOLESTR* copy) {
@@ -74,12 +73,14 @@ void* OleControl::FindOle(REFIID iid) {
     if (is(__uuidof(IViewObject)) || is(__uuidof(IViewObject2)) || is(__uuidof(IViewObjectEx))) {
         return static_cast<IViewObjectEx*>(this);
     }
-    if (is(__uuidof(IPersistStreamInit)) || is(__uuidof(IPersistStream)) || is(__uuidof(IPersist))) {
+    if (is(__uuidof(IPersistStreamInit)) || is(__uuidof(IPersistStream)) ||
+        is(__uuidof(IPersist))) {
         return static_cast<IPersistStreamInit*>(this);
     }
     if (is(__uuidof(IPersistStorage))) return static_cast<IPersistStorage*>(this);
     if (is(__uuidof(IPersistPropertyBag))) return static_cast<IPersistPropertyBag*>(this);
-    if (is(__uuidof(IConnectionPointContainer))) return static_cast<IConnectionPointContainer*>(this);
+    if (is(__uuidof(IConnectionPointContainer)))
+        return static_cast<IConnectionPointContainer*>(this);
     if (is(__uuidof(IProvideClassInfo)) || is(__uuidof(IProvideClassInfo2))) {
         return static_cast<IProvideClassInfo2*>(this);
     }
@@ -306,7 +307,8 @@ STDMETHODIMP OleControl::GetPages(CAUUID* pages) {
 STDMETHODIMP OleControl::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) {
     if (!supported || !enabled) return E_POINTER;
     *supported = *enabled = 0;
-    if (!FindOle(iid) && iid != m_class.dispatch && iid != __uuidof(IDispatch)) return E_NOINTERFACE;
+    if (!FindOle(iid) && iid != m_class.dispatch && iid != __uuidof(IDispatch))
+        return E_NOINTERFACE;
     *supported = *enabled = INTERFACESAFE_FOR_UNTRUSTED_DATA;
     return S_OK;
 }
