@@ -5,6 +5,7 @@
 #include "hosts/qt/VmCalDropDownWidget.h"
 #include "hosts/qt/VmCalendarWidget.h"
 
+#include <QCoreApplication>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
