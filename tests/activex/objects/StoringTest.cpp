@@ -1,5 +1,7 @@
 #include "ObjectsTest.h"
 
+#include <random>
+
 namespace velmora {
 namespace {
 
@@ -101,6 +103,73 @@ TEST(Storing, ABagOfTextsIsUnderstood) {
     EXPECT_EQ(weekend, VARIANT_FALSE);
     EXPECT_EQ(color, 255u);
     EXPECT_EQ(appearance, 1) << "the default";
+}
+
+/// A value of any type; `object` is one that no property takes.
+void Randomize(VARIANT& value, std::minstd_rand& random, IUnknown* object) {
+    constexpr VARTYPE kTypes[] = {
+        VT_EMPTY, VT_NULL, VT_I1,      VT_UI1,     VT_I2,       VT_UI2,
+        VT_I4,    VT_UI4,  VT_INT,     VT_UINT,    VT_I8,       VT_UI8,
+        VT_R4,    VT_R8,   VT_CY,      VT_DATE,    VT_BOOL,     VT_ERROR,
+        VT_BSTR,  VT_BSTR, VT_DECIMAL, VT_UNKNOWN, VT_DISPATCH, VT_ARRAY | VT_VARIANT};
+    VariantClear(&value);
+    std::uint64_t bits = 0;
+    for (int i = 0; i < 4; ++i) bits = bits << 16 | (random() & 0xFFFF);
+    V_UI8(&value) = random() % 2 == 0 ? bits % 9 : bits;
+    V_VT(&value) = kTypes[random() % std::size(kTypes)];
+    switch (V_VT(&value)) {
+        case VT_BSTR: {
+            const std::wstring texts[] = {L"",
+                                          L"5",
+                                          L"-1e400",
+                                          L"nan",
+                                          L"2024-05-17",
+                                          L"True",
+                                          std::wstring(random() % 3000, L'\xD800')};
+            V_BSTR(&value) =
+                random() % 9 == 0 ? nullptr : SysAllocString(texts[random() % 7].c_str());
+            break;
+        }
+        case VT_UNKNOWN:
+        case VT_DISPATCH:
+            V_UNKNOWN(&value) = nullptr;
+            if (random() % 2 == 0) object->QueryInterface(IID_PPV_ARGS(&V_DISPATCH(&value)));
+            break;
+        case VT_ARRAY | VT_VARIANT:
+            V_ARRAY(&value) = SafeArrayCreateVector(VT_VARIANT, 0, random() % 3);
+            break;
+        default: break;
+    }
+}
+
+/// Has a value of some type under every name.
+class RandomBag final : public ComObject<IPropertyBag> {
+public:
+    explicit RandomBag(IUnknown* object) : m_object(object) {}
+
+    STDMETHODIMP Read(LPCOLESTR, VARIANT* value, IErrorLog*) override {
+        Randomize(*value, m_random, m_object.Get());
+        return m_random() % 8 == 0 ? E_INVALIDARG : S_OK;
+    }
+    STDMETHODIMP Write(LPCOLESTR, VARIANT*) override { return S_OK; }
+
+private:
+    ComPtr<IUnknown> m_object;
+    std::minstd_rand m_random{20240517};
+};
+
+TEST(Storing, ValuesOfEveryTypeDoNoHarm) {
+    const auto calendar = NewCalendar();
+    const auto box = NewBox();
+    const auto bag = Adopt(new RandomBag(NewCalendar().Get()));
+    IDispatch* const controls[] = {calendar.Get(), box.Get()};
+    for (IDispatch* const control : controls) {
+        for (int i = 0; i < 1000; ++i) {
+            EXPECT_EQ(Query<IPersistPropertyBag>(control)->Load(bag.Get(), nullptr), S_OK) << i;
+            const auto saved = StreamOf(SavedStream(*control));
+            EXPECT_EQ(Query<IPersistStreamInit>(control)->Load(saved.Get()), S_OK) << i;
+        }
+    }
 }
 
 /// Whatever it makes of them, the control goes on.
