@@ -111,6 +111,7 @@ inline std::vector<BoxLook> BoxLooks() {
              test.a.control->OnMouseDown(1, 0, 140, 10);
              test.a.control->OnMouseUp(1, 0, 140, 10);
          }},
+        {"box_tall", {120, 44}, [](TestBoxes&) {}},
         {"box_18_wide", {18, 22}, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},
         {"box_5_wide", {5, 22}, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},
         {"box_3_high", {150, 3}, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},
