@@ -26,6 +26,15 @@ TEST(CalendarKeyboard, SaysOnReturnWhetherTheKeyIsUsed) {
     EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 31));
 }
 
+TEST(CalendarKeyboard, KeepsTheTimeOfDay) {
+    TestCalendar test;
+    test.calendar->DateValue(DateOf(Day(2020, 3, 20), 0.75));
+    test.Key(kKeyRight);
+    EXPECT_EQ(test.calendar->SelectedDate(), DateOf(Day(2020, 3, 21), 0.75));
+    test.Key(kKeyPageDown);  // from the shown date, which an arrow within the month leaves
+    EXPECT_EQ(test.calendar->SelectedDate(), DateOf(Day(2020, 4, 20), 0.75));
+}
+
 TEST(CalendarKeyboard, LeavesTheKeysToAnOpenList) {
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelCombo);
