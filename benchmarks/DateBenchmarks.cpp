@@ -1,6 +1,6 @@
+#include "VelmoraCalendar/VmCalendarWidget.h"
 #include "benchmarks/Suites.h"
-#include "hosts/qt/VmCalendarWidget.h"
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 
 #include <QLocale>
 

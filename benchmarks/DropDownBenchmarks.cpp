@@ -1,10 +1,10 @@
+#include "VelmoraCalendar/QtConversions.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "benchmarks/Subjects.h"
 #include "benchmarks/Suites.h"
 #include "calendar/CProperties.h"
-#include "hosts/qt/QtConversions.h"
-#include "hosts/qt/QtDropDownForm.h"
-#include "hosts/qt/QtLocale.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
+#include "hosts/qt/values/QtLocale.h"
+#include "hosts/qt/windows/QtDropDownForm.h"
 
 #include <QApplication>
 #include <QDateEdit>

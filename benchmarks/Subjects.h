@@ -1,7 +1,7 @@
 #pragma once
 
+#include "VelmoraCalendar/VmCalendarWidget.h"
 #include "benchmarks/ResultTable.h"
-#include "hosts/qt/VmCalendarWidget.h"
 
 #include <QCalendarWidget>
 #include <QDate>

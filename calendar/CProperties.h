@@ -2,7 +2,7 @@
 
 #include "calendar/CalendarProperties.h"
 #include "platform/Automation.h"
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 
 #include <cstdint>
 

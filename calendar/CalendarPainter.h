@@ -3,8 +3,8 @@
 #include "calendar/CalendarLayout.h"
 #include "calendar/CalendarState.h"
 #include "model/VmDays.h"
-#include "platform/Dates.h"
 #include "platform/DrawingScopes.h"
+#include "platform/dates/Dates.h"
 
 #include <optional>
 #include <span>

@@ -17,13 +17,7 @@ set(exported velmora_options=Options velmora_platform=Platform velmora_model=Mod
 set(header_folders platform model calendar dropdown proppages)
 if(VELMORA_QT)
     list(APPEND exported velmora_qt=Qt)
-    install(FILES
-        hosts/qt/PropertyPageDialog.h
-        hosts/qt/QtConversions.h
-        hosts/qt/QtSettingsBag.h
-        hosts/qt/VmCalDropDownWidget.h
-        hosts/qt/VmCalendarWidget.h
-        DESTINATION ${header_folder}/hosts/qt)
+    install(DIRECTORY hosts/qt/include/VelmoraCalendar DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 endif()
 
 foreach(pair IN LISTS exported)
@@ -33,7 +27,7 @@ foreach(pair IN LISTS exported)
     set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
     install(TARGETS ${target} EXPORT VelmoraCalendarTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        INCLUDES DESTINATION ${header_folder})
+        INCLUDES DESTINATION ${header_folder} ${CMAKE_INSTALL_INCLUDEDIR})
 endforeach()
 install(DIRECTORY ${header_folders} DESTINATION ${header_folder} FILES_MATCHING PATTERN *.h)
 install(EXPORT VelmoraCalendarTargets NAMESPACE VelmoraCalendar:: DESTINATION ${package_folder})

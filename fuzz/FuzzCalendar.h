@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MemoryBag.h"
+#include "platform/stores/MemoryBag.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "fuzz/FuzzCalendar.h"
 
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 
 #include <memory>
 

@@ -1,9 +1,9 @@
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
+#include "VelmoraCalendar/VmCalendarWidget.h"
 #include "dropdown/VmCalDropDown.h"
 #include "fuzz/FuzzCalendar.h"
 #include "fuzz/QtSetup.h"
-#include "hosts/qt/QtDrag.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
-#include "hosts/qt/VmCalendarWidget.h"
+#include "hosts/qt/windows/QtDrag.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>

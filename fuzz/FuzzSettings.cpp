@@ -1,9 +1,9 @@
+#include "VelmoraCalendar/QtSettingsBag.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
+#include "VelmoraCalendar/VmCalendarWidget.h"
 #include "dropdown/VmCalDropDown.h"
 #include "fuzz/FuzzValues.h"
 #include "fuzz/QtSetup.h"
-#include "hosts/qt/QtSettingsBag.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
-#include "hosts/qt/VmCalendarWidget.h"
 #include "platform/AutomationError.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "fuzz/FuzzCalendar.h"
 
-#include "platform/PropertiesText.h"
+#include "platform/stores/PropertiesText.h"
 
 #include <algorithm>
 

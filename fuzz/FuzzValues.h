@@ -3,7 +3,7 @@
 #include "fuzz/FuzzCalendar.h"
 #include "model/VmDay.h"
 #include "platform/Automation.h"
-#include "platform/PropertiesText.h"
+#include "platform/stores/PropertiesText.h"
 
 #include <string>
 #include <string_view>

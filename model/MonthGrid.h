@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Date.h"
 #include "platform/Values.h"
+#include "platform/dates/Date.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "platform/Automation.h"
 
 #include "platform/AutomationError.h"
-#include "platform/NumberText.h"
+#include "platform/stores/NumberText.h"
 
 #include <cmath>
 #include <limits>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Dates.h"
 #include "platform/Drawing.h"
 #include "platform/Hosting.h"
 #include "platform/Windowing.h"
+#include "platform/dates/Dates.h"
 
 namespace velmora {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Date.h"
+#include "platform/dates/Date.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Automation.h"
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 #include "proppages/PageControls.h"
 #include "proppages/PageDefinitions.h"
 

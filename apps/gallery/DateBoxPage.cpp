@@ -1,7 +1,7 @@
 #include "apps/gallery/DateBoxPage.h"
 
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "apps/gallery/Decorations.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

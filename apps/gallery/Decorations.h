@@ -1,7 +1,7 @@
 #pragma once
 
-#include "hosts/qt/VmCalDropDownWidget.h"
-#include "hosts/qt/VmCalendarWidget.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
+#include "VelmoraCalendar/VmCalendarWidget.h"
 
 namespace velmora {
 

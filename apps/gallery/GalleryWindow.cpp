@@ -1,10 +1,10 @@
 #include "apps/gallery/GalleryWindow.h"
 
+#include "VelmoraCalendar/PropertyPageDialog.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "apps/gallery/DateBoxPage.h"
 #include "apps/gallery/Pages.h"
-#include "hosts/qt/PropertyPageDialog.h"
-#include "hosts/qt/QtDropDownForm.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
+#include "hosts/qt/windows/QtDropDownForm.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "VelmoraCalendar/VmCalendarWidget.h"
 #include "apps/gallery/PropertyEditors.h"
-#include "hosts/qt/VmCalendarWidget.h"
 
 #include <QScrollArea>
 

@@ -1,6 +1,6 @@
 #include "apps/gallery/SavedSettings.h"
 
-#include "platform/TextFileBag.h"
+#include "platform/stores/TextFileBag.h"
 
 #include <QDir>
 #include <QFileInfo>

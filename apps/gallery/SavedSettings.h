@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/qt/VmCalendarWidget.h"
+#include "VelmoraCalendar/VmCalendarWidget.h"
 
 #include <QString>
 

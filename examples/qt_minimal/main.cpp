@@ -1,4 +1,4 @@
-#include <hosts/qt/VmCalendarWidget.h>
+#include <VelmoraCalendar/VmCalendarWidget.h>
 
 #include <QApplication>
 

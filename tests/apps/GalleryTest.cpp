@@ -1,6 +1,6 @@
+#include "VelmoraCalendar/VmCalendarWidget.h"
 #include "apps/gallery/EventLog.h"
 #include "apps/gallery/SavedSettings.h"
-#include "hosts/qt/VmCalendarWidget.h"
 
 #include <gtest/gtest.h>
 

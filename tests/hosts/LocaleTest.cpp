@@ -1,5 +1,5 @@
-#include "hosts/qt/QtConversions.h"
-#include "hosts/qt/QtLocale.h"
+#include "VelmoraCalendar/QtConversions.h"
+#include "hosts/qt/values/QtLocale.h"
 #include "tests/support/LocaleCases.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "tests/support/Looks.h"
 
-#include "hosts/qt/QtDrawing.h"
+#include "hosts/qt/drawing/QtDrawing.h"
 #include "tests/hosts/WidgetSupport.h"
 #include "tests/support/RepaintWalk.h"
 

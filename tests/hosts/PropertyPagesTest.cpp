@@ -1,6 +1,6 @@
+#include "VelmoraCalendar/PropertyPageDialog.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "dropdown/VmCalDropDown.h"
-#include "hosts/qt/PropertyPageDialog.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
 #include "tests/hosts/PageInput.h"
 #include "tests/support/PageScript.h"
 

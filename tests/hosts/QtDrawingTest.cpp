@@ -1,5 +1,5 @@
-#include "hosts/qt/QtDrawing.h"
-#include "hosts/qt/VmCalendarWidget.h"
+#include "VelmoraCalendar/VmCalendarWidget.h"
+#include "hosts/qt/drawing/QtDrawing.h"
 
 #include "platform/DrawingScopes.h"
 

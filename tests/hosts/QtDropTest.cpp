@@ -1,4 +1,4 @@
-#include "hosts/qt/VmCalDropDownWidget.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "tests/hosts/WidgetSupport.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "hosts/qt/QtSettingsBag.h"
+#include "VelmoraCalendar/QtSettingsBag.h"
 #include "tests/support/PropertyCases.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
-#include "hosts/qt/VmCalDropDownWidget.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 
-#include "hosts/qt/QtDropDownForm.h"
+#include "hosts/qt/windows/QtDropDownForm.h"
 #include "tests/hosts/PropertyWalk.h"
 #include "tests/hosts/WidgetSupport.h"
 

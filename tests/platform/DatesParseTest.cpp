@@ -1,4 +1,4 @@
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 #include "tests/support/Refusals.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/NumberText.h"
+#include "platform/stores/NumberText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/TextFileBag.h"
+#include "platform/stores/TextFileBag.h"
 #include "tests/support/HeapPeak.h"
 #include "tests/support/StoreCases.h"
 

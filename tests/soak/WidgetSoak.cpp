@@ -1,7 +1,7 @@
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
+#include "VelmoraCalendar/VmCalendarWidget.h"
 #include "dropdown/VmCalDropDown.h"
-#include "hosts/qt/QtDropDownForm.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
-#include "hosts/qt/VmCalendarWidget.h"
+#include "hosts/qt/windows/QtDropDownForm.h"
 #include "tests/support/PropertyCases.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 
 #include <gtest/gtest.h>
 

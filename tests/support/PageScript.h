@@ -2,7 +2,7 @@
 
 #include "platform/Automation.h"
 #include "platform/AutomationError.h"
-#include "platform/Date.h"
+#include "platform/dates/Date.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Automation.h"
-#include "platform/PropertiesText.h"
+#include "platform/stores/PropertiesText.h"
 #include "tests/support/PropertyTable.h"
 #include "tests/support/Refusals.h"
 #include "tests/support/StoreCases.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/MemoryBag.h"
-#include "platform/ValueText.h"
+#include "platform/stores/MemoryBag.h"
+#include "platform/stores/ValueText.h"
 
 #include <bit>
 #include <limits>

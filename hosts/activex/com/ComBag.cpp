@@ -3,7 +3,7 @@
 #include "hosts/activex/com/ComError.h"
 #include "hosts/activex/win32/WinText.h"
 #include "platform/AutomationError.h"
-#include "platform/PropertiesText.h"
+#include "platform/stores/PropertiesText.h"
 
 #include <algorithm>
 #include <array>

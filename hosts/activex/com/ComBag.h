@@ -3,7 +3,7 @@
 #include "hosts/activex/com/ComVariant.h"
 #include "hosts/activex/com/ObjectBridge.h"
 #include "platform/Hosting.h"
-#include "platform/MemoryBag.h"
+#include "platform/stores/MemoryBag.h"
 
 #include <ocidl.h>
 #include <windows.h>

@@ -3,9 +3,9 @@
 #include "hosts/activex/com/ComObject.h"
 #include "hosts/activex/com/ComVariant.h"
 #include "hosts/activex/com/ObjectBridge.h"
-#include "platform/Date.h"
 #include "platform/Events.h"
 #include "platform/Hosting.h"
+#include "platform/dates/Date.h"
 
 #include <oleauto.h>
 #include <windows.h>

@@ -7,8 +7,8 @@
 #include "hosts/activex/control/ControlClass.h"
 #include "hosts/activex/win32/WinDrawing.h"
 #include "hosts/activex/win32/WinWindowing.h"
-#include "platform/Dates.h"
 #include "platform/Hosting.h"
+#include "platform/dates/Dates.h"
 
 #include <objsafe.h>
 #include <ocidl.h>

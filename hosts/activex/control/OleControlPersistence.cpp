@@ -3,7 +3,7 @@
 #include "hosts/activex/com/ComBag.h"
 #include "hosts/activex/control/FlagScope.h"
 #include "platform/Automation.h"
-#include "platform/MemoryBag.h"
+#include "platform/stores/MemoryBag.h"
 
 namespace velmora {
 

@@ -2,7 +2,7 @@
 
 #include "hosts/activex/pages/PageFields.h"
 #include "hosts/activex/pages/PageTemplate.h"
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 #include "proppages/PropertyPage.h"
 
 #include <functional>

@@ -2,7 +2,7 @@
 
 #include "hosts/activex/com/ComError.h"
 #include "hosts/activex/win32/WinText.h"
-#include "platform/NumberText.h"
+#include "platform/stores/NumberText.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "hosts/activex/com/ComVariant.h"
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 
 #include <windows.h>
 

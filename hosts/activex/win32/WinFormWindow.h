@@ -3,7 +3,7 @@
 #include "dropdown/DropDownForm.h"
 #include "hosts/activex/win32/WinDrawing.h"
 #include "hosts/activex/win32/WinWindowing.h"
-#include "platform/Dates.h"
+#include "platform/dates/Dates.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Date.h"
-#include "platform/DateLocale.h"
+#include "platform/dates/Date.h"
+#include "platform/dates/DateLocale.h"
 
 #include <windows.h>
 

@@ -1,10 +1,10 @@
 #include "hosts/qt/designer/DesignedControl.h"
 
+#include "VelmoraCalendar/PropertyPageDialog.h"
+#include "VelmoraCalendar/QtConversions.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "dropdown/VmCalDropDown.h"
-#include "hosts/qt/PropertyPageDialog.h"
-#include "hosts/qt/QtConversions.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
-#include "platform/MemoryBag.h"
+#include "platform/stores/MemoryBag.h"
 
 #include <QCoreApplication>
 #include <QVariant>

@@ -1,6 +1,6 @@
 #include "hosts/qt/designer/DesignerPlugin.h"
 
-#include "hosts/qt/VmCalDropDownWidget.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "hosts/qt/designer/ControlIcons.h"
 #include "hosts/qt/designer/PropertiesTaskMenu.h"
 #include "hosts/qt/designer/PropertyGroups.h"
@@ -24,7 +24,7 @@ struct Control {
 
 constexpr Control kCalendar{
     "velmora::VmCalendarWidget",
-    "<hosts/qt/VmCalendarWidget.h>",
+    "<VelmoraCalendar/VmCalendarWidget.h>",
     QT_TRANSLATE_NOOP("DesignerPlugin", "Month calendar"),
     QT_TRANSLATE_NOOP("DesignerPlugin",
                       "A month calendar: the user picks a date with mouse or keyboard, the program "
@@ -43,7 +43,7 @@ constexpr Control kCalendar{
 /// A date format is no text to translate.
 constexpr Control kDateBox{
     "velmora::VmCalDropDownWidget",
-    "<hosts/qt/VmCalDropDownWidget.h>",
+    "<VelmoraCalendar/VmCalDropDownWidget.h>",
     QT_TRANSLATE_NOOP("DesignerPlugin", "Date box"),
     QT_TRANSLATE_NOOP("DesignerPlugin",
                       "A date box: it shows a date as text and opens a month calendar below it."),

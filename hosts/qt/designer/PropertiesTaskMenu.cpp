@@ -1,6 +1,6 @@
 #include "hosts/qt/designer/PropertiesTaskMenu.h"
 
-#include "hosts/qt/PropertyPageDialog.h"
+#include "VelmoraCalendar/PropertyPageDialog.h"
 #include "hosts/qt/designer/DesignedControl.h"
 
 #include <QtDesigner/QDesignerFormWindowInterface>

@@ -1,6 +1,6 @@
 #include "hosts/qt/designer/PropertyGroups.h"
 
-#include "hosts/qt/PropertyPageDialog.h"
+#include "VelmoraCalendar/PropertyPageDialog.h"
 
 #include <QMetaProperty>
 #include <QWidget>

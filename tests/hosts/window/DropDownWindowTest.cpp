@@ -1,6 +1,6 @@
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "dropdown/VmCalDropDown.h"
-#include "hosts/qt/QtDropDownForm.h"
-#include "hosts/qt/VmCalDropDownWidget.h"
+#include "hosts/qt/windows/QtDropDownForm.h"
 #include "tests/hosts/window/RealInput.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,214 @@
+#include "hosts/qt/drawing/QtText.h"
+
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora::gdi {
+namespace {
+
+constexpr std::size_t kMostFaces = 64;
+constexpr std::size_t kMostTextBytes = 8u << 20;
+constexpr int kMostMaskPixels = 1 << 17;
+constexpr double kLargestPoints = 1000;
+
+QString OneLine(std::string_view text) {
+    QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    for (QChar& character : line) {
+        const char16_t code = character.unicode();
+        if (code < 0x20 || code == 0x2028 || code == 0x2029) character = u' ';
+    }
+    return line;
+}
+
+/// Decorations are drawn here: those of glyph runs land away from the base line.
+QList<QRectF> Bars(const QFont& font, double width) {
+    const QFontMetricsF metrics(font);
+    const double thickness = std::max(metrics.lineWidth(), 1.0);
+    QList<QRectF> bars;
+    if (font.underline()) bars.append({0, metrics.underlinePos(), width, thickness});
+    if (font.strikeOut()) bars.append({0, -metrics.strikeOutPos(), width, thickness});
+    return bars;
+}
+
+QRect DeviceBar(const QRectF& bar, double ratio) {
+    return {0, qRound(bar.top() * ratio), qRound(bar.width() * ratio),
+            std::max(qRound(bar.height() * ratio), 1)};
+}
+
+TextLine LayOut(const QFont& font, std::string_view text) {
+    QFont bare = font;
+    bare.setUnderline(false);
+    bare.setStrikeOut(false);
+    QTextLayout layout(OneLine(text), bare);
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    TextLine result;
+    if (!line.isValid()) return result;
+    result.runs = layout.glyphRuns();
+    result.ascent = line.ascent();
+    result.width = static_cast<int>(std::ceil(std::min(line.naturalTextWidth(), qreal{kFarthest})));
+    result.bars = Bars(font, result.width);
+    return result;
+}
+
+const QRgb* Row(const QImage& image, int y) {
+    return reinterpret_cast<const QRgb*>(image.constScanLine(y));
+}
+
+/// The smallest box around all pixels that are not transparent; empty if there is none.
+Rect InkBox(const QImage& image) {
+    Rect ink{image.width(), image.height(), 0, 0};
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb* const row = Row(image, y);
+        for (int x = 0; x < image.width(); ++x) {
+            if (row[x] == 0) continue;
+            ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x + 1), y + 1};
+        }
+    }
+    return IsEmpty(ink) ? Rect{} : ink;
+}
+
+/// The coverage of an image that was drawn in black on nothing; none if another colour is in it.
+std::optional<CoverageMask> Coverage(const QImage& image, Point baseLine) {
+    const Rect ink = InkBox(image);
+    CoverageMask mask{Moved(ink, -baseLine.x, -baseLine.y), {}};
+    mask.coverage.reserve(static_cast<std::size_t>(ink.right - ink.left) *
+                          static_cast<std::size_t>(ink.bottom - ink.top));
+    for (int y = ink.top; y < ink.bottom; ++y) {
+        const QRgb* const row = Row(image, y);
+        for (int x = ink.left; x < ink.right; ++x) {
+            if ((row[x] & 0xFFFFFF) != 0) return std::nullopt;
+            mask.coverage.push_back((row[x] >> 24) * 0x01010101u);
+        }
+    }
+    return mask;
+}
+
+std::optional<CoverageMask> Render(const TextLine& line, int height, double ratio) {
+    // Slanted, swashed and stacked glyphs leave the text's box; a line height on every side holds
+    // them all.
+    const double margin = std::ceil(height * ratio) + 1;
+    const double width = std::ceil(line.width * ratio) + 2 * margin;
+    const double rows = 3 * margin;
+    if (width * rows > kMostMaskPixels) return std::nullopt;
+    QImage image(static_cast<int>(width), static_cast<int>(rows),
+                 QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull()) return std::nullopt;
+    image.fill(0);
+    const Point baseLine{static_cast<int>(margin), static_cast<int>(2 * margin)};
+    QPainter painter(&image);
+    PaintLine(painter, line, baseLine, ratio, 0xFF000000, nullptr);
+    painter.end();
+    return Coverage(image, baseLine);
+}
+
+std::size_t Bytes(const TextLine& line, std::size_t textLength) {
+    constexpr std::size_t kFixed = 400;  // the entry with its list and its glyph run
+    constexpr std::size_t kPerCharacter = 24;
+    const std::size_t pixels = line.mask ? line.mask->coverage.size() : 0;
+    return kFixed + kPerCharacter * textLength + pixels * sizeof(std::uint32_t);
+}
+
+}  // namespace
+
+std::size_t TextCache::FontHash::operator()(const LogFont& font) const noexcept {
+    const std::size_t style = (font.bold ? 1u : 0u) | (font.italic ? 2u : 0u) |
+                              (font.underline ? 4u : 0u) | (font.strikeOut ? 8u : 0u);
+    return std::hash<std::string>()(font.faceName) ^ std::hash<double>()(font.points) ^ style;
+}
+
+std::size_t TextCache::KeyHash::operator()(const KeyView& key) const noexcept {
+    return std::hash<std::string_view>()(key.text) ^ (key.face * 0x9E3779B97F4A7C15u);
+}
+
+FontFaceRef TextCache::Face(const LogFont& description) {
+    // The negation also catches a size that is not a number, which would never be found again.
+    if (description.faceName.empty() || !(description.points > 0)) {
+        const QFont standard = QGuiApplication::font();
+        LogFont complete = description;
+        if (complete.faceName.empty()) complete.faceName = standard.family().toStdString();
+        if (complete.faceName.empty()) complete.faceName = "Sans Serif";
+        const double standardPoints = std::max(QFontInfo(standard).pointSizeF(), 1.0);
+        if (!(complete.points > 0)) complete.points = standardPoints;
+        return Face(complete);
+    }
+    if (const auto found = m_faces.find(description); found != m_faces.end()) return found->second;
+    if (m_faces.size() >= kMostFaces) m_faces.clear();
+    return m_faces.emplace(description, Resolve(description)).first->second;
+}
+
+FontFaceRef TextCache::Resolve(const LogFont& description) {
+    auto face = std::make_shared<FontFace>();
+    face->id = ++m_lastId;
+    face->font.setFamily(QString::fromStdString(description.faceName));
+    face->font.setPointSizeF(std::clamp(description.points, 1.0, kLargestPoints));
+    face->font.setBold(description.bold);
+    face->font.setItalic(description.italic);
+    face->font.setUnderline(description.underline);
+    face->font.setStrikeOut(description.strikeOut);
+    // One coverage a pixel: text must look the same off screen and drawn directly.
+    face->font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    const QFontMetricsF metrics(face->font);
+    face->ascent = static_cast<int>(std::ceil(metrics.ascent()));
+    face->height = face->ascent + static_cast<int>(std::ceil(metrics.descent()));
+    return face;
+}
+
+const TextLine& TextCache::Line(const FontFace& face, std::string_view text, double ratio) {
+    auto found = m_lines.find(KeyView{face.id, text});
+    if (found == m_lines.end()) {
+        TextLine line = LayOut(face.font, text);
+        const std::size_t bytes = Bytes(line, text.size());
+        if (m_bytes + bytes > kMostTextBytes) {
+            m_lines.clear();
+            m_bytes = 0;
+        }
+        m_bytes += bytes;
+        found = m_lines.emplace(Key{face.id, std::string(text)}, std::move(line)).first;
+    }
+    TextLine& line = found->second;
+    if (line.ratio != ratio) {
+        m_bytes -= Bytes(line, text.size());
+        line.mask = Render(line, face.height, ratio);
+        line.ratio = ratio;
+        m_bytes += Bytes(line, text.size());
+    }
+    return line;
+}
+
+void TextCache::Clear() {
+    m_lines.clear();
+    m_faces.clear();
+    m_bytes = 0;
+}
+
+void PaintLine(QPainter& painter, const TextLine& line, Point origin, double ratio,
+               std::uint32_t color, const Rect* clip) {
+    painter.save();
+    if (clip != nullptr) {
+        painter.setClipRect(
+            QRect(clip->left, clip->top, clip->right - clip->left, clip->bottom - clip->top),
+            Qt::IntersectClip);
+    }
+    painter.setPen(QColor::fromRgb(color));
+    painter.translate(origin.x, origin.y);
+    for (const QRectF& bar : line.bars) {
+        painter.fillRect(DeviceBar(bar, ratio), QColor::fromRgb(color));
+    }
+    if (ratio != 1) painter.scale(ratio, ratio);
+    for (const QGlyphRun& run : line.runs) painter.drawGlyphRun(QPointF(0, -line.ascent), run);
+    painter.restore();
+}
+
+}  // namespace velmora::gdi

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "hosts/qt/drawing/QtPixels.h"
+#include "platform/Drawing.h"
+
+#include <QFont>
+#include <QGlyphRun>
+#include <QList>
+#include <QRectF>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+class QPainter;
+
+namespace velmora::gdi {
+
+/// A font description resolved to a font of this system. Measures are logical pixels.
+struct FontFace {
+    std::uint64_t id = 0;  // never given twice, so that texts of a dropped font are not mistaken
+    QFont font;
+    int ascent = 0;
+    int height = 0;
+};
+
+using FontFaceRef = std::shared_ptr<const FontFace>;
+
+/// One line of text laid out in one font, with its pixels for one device pixel ratio.
+struct TextLine {
+    QList<QGlyphRun> runs;
+    double ascent = 0;   // from the runs' top to their base line, logical pixels
+    int width = 0;       // logical pixels, rounded up
+    QList<QRectF> bars;  // underline and strike-out relative to the base line, logical pixels
+    double ratio = 0;    // of the mask
+    /// Device pixels; none where a mask cannot stand for the text: coloured glyphs, or a text so
+    /// long that its pixels are not worth keeping.
+    std::optional<CoverageMask> mask;
+};
+
+/// Fonts and laid out texts, shared by all surfaces. Bounded: what is over the limit is forgotten
+/// and made again when it is asked for.
+class TextCache {
+public:
+    /// Empty name: the application's font. Size 0 or less: the application font's size.
+    FontFaceRef Face(const LogFont& description);
+    /// Valid until the next call. Line breaks and tabulators count as spaces.
+    const TextLine& Line(const FontFace& face, std::string_view text, double ratio);
+    void Clear();
+
+private:
+    struct FontHash {
+        std::size_t operator()(const LogFont& font) const noexcept;
+    };
+    struct KeyView {
+        std::uint64_t face;
+        std::string_view text;
+    };
+    struct Key {
+        std::uint64_t face;
+        std::string text;
+        operator KeyView() const noexcept { return {face, text}; }
+    };
+    struct KeyHash {
+        using is_transparent = void;
+        std::size_t operator()(const KeyView& key) const noexcept;
+    };
+    struct KeyEqual {
+        using is_transparent = void;
+        bool operator()(const KeyView& a, const KeyView& b) const noexcept {
+            return a.face == b.face && a.text == b.text;
+        }
+    };
+
+    FontFaceRef Resolve(const LogFont& description);
+
+    std::unordered_map<LogFont, FontFaceRef, FontHash> m_faces;
+    std::unordered_map<Key, TextLine, KeyHash, KeyEqual> m_lines;
+    std::size_t m_bytes = 0;  // estimate for m_lines
+    std::uint64_t m_lastId = 0;
+};
+
+/// Draws a line through a painter that works in device pixels. `origin` is the left end of the base
+/// line; nothing is drawn outside `clip` unless it is null. The painter's state is kept.
+void PaintLine(QPainter& painter, const TextLine& line, Point origin, double ratio,
+               std::uint32_t color, const Rect* clip);
+
+}  // namespace velmora::gdi

@@ -1,0 +1,106 @@
+#include "VelmoraCalendar/QtConversions.h"
+
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr qint64 kJulianDayZero = 2415019;  // 30 December 1899
+constexpr int kMillisecondsPerDay = 86'400'000;
+constexpr double kHimetricPerInch = 2540;
+constexpr double kUsualPixelsPerInch = 96;
+
+std::int32_t ToHimetric(int pixels) {
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    const double perInch = screen ? screen->logicalDotsPerInchX() : kUsualPixelsPerInch;
+    return static_cast<std::int32_t>(std::lround(pixels * kHimetricPerInch / perInch));
+}
+
+}  // namespace
+
+Date ToDate(QDate date) { return Date(static_cast<double>(date.toJulianDay() - kJulianDayZero)); }
+
+QDate ToQDate(DayNumber day) { return QDate::fromJulianDay(day + kJulianDayZero); }
+
+Date ToDate(const QDateTime& moment) {
+    const double time = moment.time().msecsSinceStartOfDay() / double{kMillisecondsPerDay};
+    return DateOf(DayOf(ToDate(moment.date())), time);
+}
+
+QDateTime ToQDateTime(Date date) {
+    const auto time = static_cast<int>(std::lround(TimeOf(date) * kMillisecondsPerDay));
+    return {ToQDate(DayOf(date)),
+            QTime::fromMSecsSinceStartOfDay(std::min(time, kMillisecondsPerDay - 1))};
+}
+
+Date LocalNow() { return ToDate(QDateTime::currentDateTime()); }
+
+OLE_COLOR ToOleColor(const QColor& color) {
+    const QRgb rgb = color.rgb();
+    return static_cast<OLE_COLOR>(qRed(rgb) | qGreen(rgb) << 8 | qBlue(rgb) << 16);
+}
+
+QColor ToQColor(Rgb color) {
+    return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+            static_cast<int>(color >> 16 & 0xFF)};
+}
+
+StdFont ToStdFont(const QFont& font) {
+    StdFont result;
+    result.name = font.family().toStdString();
+    result.size = font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+    result.bold = font.bold();
+    result.italic = font.italic();
+    result.underline = font.underline();
+    result.strikethrough = font.strikeOut();
+    return result;
+}
+
+QFont ToQFont(const StdFont& font) {
+    QFont result(ToQString(font.name));
+    if (font.size > 0) result.setPointSizeF(font.size);
+    result.setBold(font.bold);
+    result.setItalic(font.italic);
+    result.setUnderline(font.underline);
+    result.setStrikeOut(font.strikethrough);
+    return result;
+}
+
+PictureRef ToPicture(const QImage& image, PictureType type) {
+    if (image.isNull()) return nullptr;
+    const QImage source = image.convertToFormat(QImage::Format_ARGB32);
+    auto pixels = std::make_shared<PixelImage>();
+    pixels->width = source.width();
+    pixels->height = source.height();
+    const auto width = static_cast<std::size_t>(source.width());
+    pixels->pixels.resize(width * static_cast<std::size_t>(source.height()));
+    for (int y = 0; y < source.height(); ++y) {
+        std::memcpy(pixels->pixels.data() + static_cast<std::size_t>(y) * width,
+                    source.constScanLine(y), width * sizeof(std::uint32_t));
+    }
+    const Size himetric{ToHimetric(source.width()), ToHimetric(source.height())};
+    return std::make_shared<StdPicture>(type, himetric, std::move(pixels));
+}
+
+QImage ToQImage(const PictureRef& picture) {
+    if (!picture || !picture->Image() || !picture->Image()->IsDrawable()) return {};
+    const PixelImage& source = *picture->Image();
+    QImage image(source.width, source.height, QImage::Format_ARGB32);
+    if (image.isNull()) return {};
+    const auto width = static_cast<std::size_t>(source.width);
+    for (int y = 0; y < source.height; ++y) {
+        std::memcpy(image.scanLine(y), source.pixels.data() + static_cast<std::size_t>(y) * width,
+                    width * sizeof(std::uint32_t));
+    }
+    return image;
+}
+
+}  // namespace velmora

@@ -1,0 +1,192 @@
+#include "hosts/qt/windows/QtDropDownForm.h"
+
+#include "VelmoraCalendar/QtConversions.h"
+#include "dropdown/VmCalDropDown.h"
+#include "hosts/qt/values/QtLocale.h"
+#include "hosts/qt/windows/AboutBox.h"
+#include "hosts/qt/windows/QtInput.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+constexpr int kTick = 30;  // milliseconds
+
+std::shared_ptr<QtDropDownForm>& Instance() {
+    static std::shared_ptr<QtDropDownForm> instance;
+    return instance;
+}
+
+/// Nothing of a window larger than the desktop can be seen, and no platform has room for it.
+QSize Limited(const Rect& rect, QSize desktop) {
+    return {std::clamp(rect.right - rect.left, 1, std::max(desktop.width(), 1)),
+            std::clamp(rect.bottom - rect.top, 1, std::max(desktop.height(), 1))};
+}
+
+}  // namespace
+
+void FormWindowing::SetCapture() {
+    m_wanted = true;
+    TakeCapture();
+}
+
+void FormWindowing::ReleaseCapture() {
+    m_wanted = false;
+    if (QWidget::mouseGrabber() == &m_window) m_window.releaseMouse();
+}
+
+void FormWindowing::TakeCapture() {
+    if (!m_wanted || QWidget::mouseGrabber() == &m_window || !m_window.isVisible() ||
+        (QGuiApplication::mouseButtons() != Qt::NoButton && !m_releaseIsLost)) {
+        return;
+    }
+    m_window.grabMouse();
+}
+
+void FormHosting::ShowAboutBox(const AboutText& text) {
+    const QWidget* const active = QApplication::activeWindow();
+    ShowAbout(text, active ? *active : m_window);
+}
+
+std::shared_ptr<QtDropDownForm> QtDropDownForm::Shared() {
+    std::shared_ptr<QtDropDownForm>& instance = Instance();
+    if (!instance) {
+        instance = std::make_shared<QtDropDownForm>();
+        qAddPostRoutine([] { Instance().reset(); });
+    }
+    return instance;
+}
+
+QtDropDownForm::QtDropDownForm()
+    : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                           Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint),
+      m_windowing(*this),
+      m_hosting(*this),
+      m_drawing(this),
+      m_dates(DateLocaleOf(locale()), LocalNow),
+      m_timer(this),
+      m_form({m_drawing, m_windowing, m_dates, m_hosting}, *this) {
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_X11DoNotAcceptFocus);
+    setAttribute(Qt::WA_X11NetWmWindowTypeCombo);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    m_timer.setInterval(kTick);
+    connect(&m_timer, &QTimer::timeout, this, &QtDropDownForm::Tick);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](auto state) {
+        if (state != Qt::ApplicationActive && isVisible()) m_form.GetOwner()->OnLostFocus();
+    });
+}
+
+void QtDropDownForm::MouseReleased() {
+    m_windowing.ReleaseIsLost(false);
+    m_windowing.TakeCapture();
+}
+
+void QtDropDownForm::FollowOwner() {
+    if (!m_box) return;
+    QPalette palette = m_box->palette();
+    palette.setResolveMask(~QPalette::ResolveMask{0});
+    QFont font = m_box->font();
+    font.setResolveMask(QFont::AllPropertiesResolved);
+    setPalette(palette);
+    setFont(font);
+    setLocale(m_box->locale());
+}
+
+void QtDropDownForm::Show(const Rect& screen) {
+    m_box = QtDrawing::WidgetOf(m_form.GetOwner()->hWnd());
+    FollowOwner();
+    for (QWidget* around = m_box; !around->isWindow();) {
+        around = around->parentWidget();
+        around->installEventFilter(m_box);
+        m_watched.push_back(around);
+    }
+    winId();  // makes the native window
+    windowHandle()->setTransientParent(m_box->window()->windowHandle());
+    setGeometry(
+        QRect(QPoint(screen.left, screen.top), Limited(screen, m_box->screen()->virtualSize())));
+    show();
+}
+
+void QtDropDownForm::Hide() {
+    for (const QPointer<QWidget>& around : m_watched) {
+        if (around) around->removeEventFilter(m_box);
+    }
+    m_watched.clear();
+    m_box = nullptr;
+    if (std::exchange(m_pressed, false)) m_windowing.ReleaseIsLost(true);
+    hide();
+}
+
+void QtDropDownForm::Timer(bool on) {
+    if (on) {
+        m_timer.start();
+    } else {
+        m_timer.stop();
+    }
+}
+
+void QtDropDownForm::Tick() {
+    m_windowing.TakeCapture();
+    m_form.OnTimer();
+}
+
+void QtDropDownForm::paintEvent(QPaintEvent* event) {
+    std::vector<Rect> exposed;
+    for (const QRect& rect : event->region()) {
+        exposed.push_back({rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()});
+    }
+    QPainter painter(this);
+    const QtDrawing::Surface surface(m_drawing, painter);
+    m_form.OnPaint(surface.Handle(), exposed);
+}
+
+void QtDropDownForm::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    m_form.Calendar().OnWindowChanged();
+}
+
+void QtDropDownForm::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    switch (event->type()) {
+        case QEvent::LocaleChange:
+            m_dates.Locale(DateLocaleOf(locale()));
+            m_form.Calendar().OnLocaleChanged();
+            break;
+        case QEvent::PaletteChange:
+        case QEvent::StyleChange:
+        case QEvent::FontChange: m_form.Calendar().RepaintControl(); break;
+        default: break;
+    }
+}
+
+void QtDropDownForm::mousePressEvent(QMouseEvent* event) {
+    m_windowing.ReleaseIsLost(false);
+    m_pressed = true;
+    m_form.Calendar().OnMouseDown(ButtonsOf(event->button()), ShiftOf(event->modifiers()),
+                                  XOf(*event), YOf(*event));
+}
+
+void QtDropDownForm::mouseMoveEvent(QMouseEvent* event) {
+    m_form.Calendar().OnMouseMove(ButtonsOf(event->buttons()), ShiftOf(event->modifiers()),
+                                  XOf(*event), YOf(*event));
+}
+
+void QtDropDownForm::mouseReleaseEvent(QMouseEvent* event) {
+    m_pressed = false;
+    m_form.Calendar().OnMouseUp(ButtonsOf(event->button()), ShiftOf(event->modifiers()),
+                                XOf(*event), YOf(*event));
+}
+
+}  // namespace velmora

@@ -1,0 +1,131 @@
+#include "hosts/qt/windows/QtHost.h"
+
+#include "VelmoraCalendar/QtConversions.h"
+#include "hosts/qt/drawing/QtDrawing.h"
+#include "hosts/qt/windows/AboutBox.h"
+#include "hosts/qt/windows/QtChildren.h"
+#include "platform/ScaleMode.h"
+
+#include <QCursor>
+#include <QPixmap>
+#include <QWidget>
+
+#include <array>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr std::int16_t kCustomPointer = 99;
+
+constexpr std::array kPointerShapes{
+    Qt::ArrowCursor,      // 0 default: the widget has none of its own
+    Qt::ArrowCursor,      // 1 arrow
+    Qt::CrossCursor,      // 2 cross
+    Qt::IBeamCursor,      // 3 text
+    Qt::ArrowCursor,      // 4 icon
+    Qt::SizeAllCursor,    // 5 size
+    Qt::SizeBDiagCursor,  // 6 size north-east to south-west
+    Qt::SizeVerCursor,    // 7 size north to south
+    Qt::SizeFDiagCursor,  // 8 size north-west to south-east
+    Qt::SizeHorCursor,    // 9 size west to east
+    Qt::UpArrowCursor,    // 10 up arrow
+    Qt::WaitCursor,       // 11 hourglass
+    Qt::ForbiddenCursor,  // 12 no drop
+    Qt::BusyCursor,       // 13 arrow and hourglass
+    Qt::WhatsThisCursor,  // 14 arrow and question mark
+    Qt::SizeAllCursor,    // 15 size all
+};
+static_assert(kPointerShapes.size() == 16);
+
+Point ToPoint(QPoint point) { return {point.x(), point.y()}; }
+
+}  // namespace
+
+QtWindowing::QtWindowing(QWidget& widget, SelectorInput* input)
+    : m_widget(widget), m_input(input), m_knownEnabled(Enabled()) {}
+
+WindowHandle QtWindowing::Handle() const { return QtDrawing::HandleOf(&m_widget); }
+
+Size QtWindowing::ClientSize() const { return {m_widget.width(), m_widget.height()}; }
+
+double QtWindowing::PixelsPerInch() const { return m_widget.logicalDpiX(); }
+
+bool QtWindowing::Enabled() const { return !m_widget.testAttribute(Qt::WA_ForceDisabled); }
+
+void QtWindowing::Enabled(bool enabled) {
+    m_knownEnabled = enabled;
+    m_widget.setEnabled(enabled);
+}
+
+bool QtWindowing::TakesInput() const { return m_widget.isEnabled(); }
+
+bool QtWindowing::TakeEnabledChange() {
+    const bool before = std::exchange(m_knownEnabled, Enabled());
+    return before != m_knownEnabled;
+}
+
+void QtWindowing::MousePointer(std::int16_t pointer) {
+    m_pointer = pointer;
+    ApplyPointer();
+}
+
+void QtWindowing::MouseIcon(PictureRef icon) {
+    m_icon = std::move(icon);
+    ApplyPointer();
+}
+
+void QtWindowing::OLEDropMode(std::int32_t mode) {
+    m_dropMode = mode;
+    m_widget.setAcceptDrops(mode != 0);
+}
+
+void QtWindowing::ApplyPointer() {
+    if (m_pointer == kCustomPointer) {
+        const QImage icon = ToQImage(m_icon);
+        if (!icon.isNull()) {
+            m_widget.setCursor(QCursor(QPixmap::fromImage(icon)));
+            return;
+        }
+    } else if (m_pointer != 0) {
+        m_widget.setCursor(kPointerShapes.at(static_cast<std::size_t>(m_pointer)));
+        return;
+    }
+    m_widget.unsetCursor();
+}
+
+Point QtWindowing::ClientToScreen(Point point) const {
+    return ToPoint(m_widget.mapToGlobal(QPoint(point.x, point.y)));
+}
+
+Point QtWindowing::ScreenToClient(Point point) const {
+    return ToPoint(m_widget.mapFromGlobal(QPoint(point.x, point.y)));
+}
+
+std::optional<Point> QtWindowing::GetCursorPos() const { return ToPoint(QCursor::pos()); }
+
+std::unique_ptr<ComboBox> QtWindowing::CreateMonthList() {
+    return m_input ? MakeMonthList(m_widget, *m_input) : nullptr;
+}
+
+std::unique_ptr<TextBox> QtWindowing::CreateYearText() {
+    return m_input ? MakeYearText(m_widget, *m_input) : nullptr;
+}
+
+std::unique_ptr<ScrollBar> QtWindowing::CreateYearSpinner() {
+    return m_input ? MakeYearSpinner(m_widget, *m_input) : nullptr;
+}
+
+std::unique_ptr<ScrollBar> QtWindowing::CreateDateScroll() {
+    return m_input ? MakeDateScroll(m_widget, *m_input) : nullptr;
+}
+
+FontRef QtHosting::AmbientFont() const {
+    return std::make_shared<StdFont>(ToStdFont(m_widget.font()));
+}
+
+std::optional<std::int16_t> QtHosting::ContainerScaleMode() const { return kScalePixels; }
+
+void QtHosting::ShowAboutBox(const AboutText& text) { ShowAbout(text, m_widget); }
+
+}  // namespace velmora

@@ -1,0 +1,183 @@
+#include "hosts/qt/windows/QtSelectors.h"
+
+#include "hosts/qt/windows/QtInput.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QPointer>
+
+#include <string>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr std::int16_t kEscapeCode = 27;
+
+bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+/// The keys by which the calendar moves, and their company.
+bool IsNavigation(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End: return true;
+        default: return false;
+    }
+}
+
+void PostEnter(SelectorInput& input) {
+    input.Post([](VmCalendar& calendar) { calendar.OnSelectorEnter(); });
+}
+
+}  // namespace
+
+MonthListBox::MonthListBox(QWidget& parent, SelectorInput& input)
+    : QComboBox(&parent), m_input(input) {
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        m_chosen = index;
+        if (!IsOpen()) PostChoice();
+    });
+}
+
+/// The list's window is made when it first drops; asking the combo box for it would make it.
+bool MonthListBox::IsOpen() const {
+    const auto* const list = findChild<QAbstractItemView*>();
+    return list && list->isVisible();
+}
+
+/// An open list has the keyboard for itself, and takes Escape before the box could see it.
+void MonthListBox::showPopup() {
+    PostEnter(m_input);
+    QComboBox::showPopup();
+    view()->installEventFilter(this);
+}
+
+void MonthListBox::hidePopup() {
+    QComboBox::hidePopup();
+    PostChoice();
+}
+
+void MonthListBox::PostChoice() {
+    const int chosen = std::exchange(m_chosen, -1);
+    if (chosen < 0) return;
+    m_input.Post([chosen](VmCalendar& calendar) { calendar.OnMonthListClick(chosen); });
+}
+
+void MonthListBox::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    if (event->reason() != Qt::PopupFocusReason) PostEnter(m_input);
+}
+
+void MonthListBox::keyPressEvent(QKeyEvent* event) {
+    if (IsEnter(*event) || event->key() == Qt::Key_Escape) {
+        const std::int16_t keyCode = VirtualKeyOf(*event);
+        m_input.Post([keyCode](VmCalendar& calendar) { calendar.OnMonthListKeyDown(keyCode); });
+    }
+    QComboBox::keyPressEvent(event);
+    if (IsNavigation(*event)) event->accept();
+}
+
+void MonthListBox::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat()) {
+        m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyUp(kEscapeCode); });
+    }
+    QComboBox::keyReleaseEvent(event);
+    if (IsNavigation(*event)) event->accept();
+}
+
+bool MonthListBox::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyDown(kEscapeCode); });
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+YearBox::YearBox(QWidget& parent, SelectorInput& input) : QLineEdit(&parent), m_input(input) {
+    setAcceptDrops(false);  // what is dropped here is dropped on the calendar
+}
+
+void YearBox::Commit() {
+    setModified(false);
+    const std::string year = text().toStdString();
+    m_input.Post([year](VmCalendar& calendar) { calendar.OnYearText(year); });
+}
+
+void YearBox::CommitEdit() {
+    if (isModified()) Commit();
+}
+
+/// From the year that is shown when the step is made, which a commit before it may have changed.
+void YearBox::Step(int years) {
+    CommitEdit();
+    m_input.Post([years](VmCalendar& calendar) {
+        calendar.OnYearSpinner(-YearOf(DayOf(calendar.ShownDate())) - years);
+    });
+}
+
+void YearBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() != Qt::PopupFocusReason) PostEnter(m_input);
+}
+
+void YearBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason) CommitEdit();
+}
+
+/// Enter and Escape that did nothing to the text are left to the dialog around.
+void YearBox::keyPressEvent(QKeyEvent* event) {
+    constexpr int kPage = 10;  // years
+    const bool edited = isModified();
+    switch (event->key()) {
+        case Qt::Key_Up: return Step(1);
+        case Qt::Key_Down: return Step(-1);
+        case Qt::Key_PageUp: return Step(kPage);
+        case Qt::Key_PageDown: return Step(-kPage);
+        case Qt::Key_Escape:
+            setModified(false);
+            m_input.Post([](VmCalendar& calendar) { calendar.OnYearTextCancel(); });
+            event->setAccepted(edited);
+            return;
+        default: break;
+    }
+    if (IsEnter(*event)) Commit();
+    QLineEdit::keyPressEvent(event);
+    if (IsNavigation(*event) || (IsEnter(*event) && edited)) event->accept();
+}
+
+SelectorBar::SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorInput& input,
+                         Handler handler)
+    : QScrollBar(orientation, &parent), m_input(input), m_handler(handler) {
+    setFocusPolicy(Qt::NoFocus);
+    setContextMenuPolicy(Qt::NoContextMenu);  // its own menu would outlive a deleted calendar
+    connect(this, &QScrollBar::valueChanged, this, [this] { PostValue(); });
+}
+
+/// The bar takes no focus, so that a year that is being typed has to be committed for it.
+void SelectorBar::mousePressEvent(QMouseEvent* event) {
+    for (QLineEdit* const box : parentWidget()->findChildren<QLineEdit*>()) {
+        if (auto* const year = dynamic_cast<YearBox*>(box)) year->CommitEdit();
+    }
+    QScrollBar::mousePressEvent(event);
+}
+
+void SelectorBar::PostValue() {
+    if (std::exchange(m_posted, true)) return;
+    const QPointer<SelectorBar> bar(this);
+    m_input.Post([bar](VmCalendar& calendar) {
+        if (!bar) return;
+        bar->m_posted = false;
+        (calendar.*bar->m_handler)(bar->value());
+    });
+}
+
+}  // namespace velmora

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "hosts/qt/windows/SelectorInput.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScrollBar>
+
+/// The native widgets of the selectors. They post what the user does and keep to themselves the
+/// keys that would move the calendar's selection. Values set with signals blocked post nothing.
+namespace velmora {
+
+class MonthListBox final : public QComboBox {
+public:
+    MonthListBox(QWidget& parent, SelectorInput& input);
+
+    bool IsOpen() const;
+
+    void showPopup() override;
+    void hidePopup() override;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void PostChoice();
+
+    SelectorInput& m_input;
+    int m_chosen = -1;  // by the user, while the list is still open
+};
+
+/// Enter commits the year, and so does the loss of focus when the text has been edited. Up and Down
+/// step the year, the page keys by ten.
+class YearBox final : public QLineEdit {
+public:
+    YearBox(QWidget& parent, SelectorInput& input);
+
+    void CommitEdit();
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Commit();
+    void Step(int years);
+
+    SelectorInput& m_input;
+};
+
+/// Posts its value once for all the changes that one event of the user makes.
+class SelectorBar final : public QScrollBar {
+public:
+    using Handler = void (VmCalendar::*)(int);
+
+    SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorInput& input,
+                Handler handler);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void PostValue();
+
+    SelectorInput& m_input;
+    const Handler m_handler;
+    bool m_posted = false;
+};
+
+}  // namespace velmora

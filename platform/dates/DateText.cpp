@@ -1,0 +1,130 @@
+#include "platform/dates/DateText.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+struct Character {
+    char32_t code = 0;
+    std::size_t length = 0;  // bytes
+};
+
+constexpr bool Within(char32_t code, char32_t first, char32_t last) noexcept {
+    return code >= first && code <= last;
+}
+
+// The simple pairs of upper and lower case among U+0080..U+07FF; both of a pair take two bytes, so
+// folding never changes the length of a text.
+constexpr char32_t FoldTwoByte(char32_t code) noexcept {
+    if (Within(code, 0xC0, 0xDE) && code != 0xD7) return code + 0x20;
+    if (Within(code, 0x100, 0x12F) || Within(code, 0x132, 0x137) || Within(code, 0x14A, 0x177)) {
+        return code | 1;
+    }
+    if (Within(code, 0x139, 0x148) || Within(code, 0x179, 0x17E)) return code + (code & 1);
+    if (code == 0x386) return 0x3AC;
+    if (Within(code, 0x388, 0x38A)) return code + 37;
+    if (code == 0x38C) return 0x3CC;
+    if (Within(code, 0x38E, 0x38F)) return code + 63;
+    if (Within(code, 0x391, 0x3AB)) return code + 0x20;
+    if (code == 0x3C2) return 0x3C3;  // the sigma that ends a word
+    if (Within(code, 0x400, 0x40F)) return code + 0x50;
+    if (Within(code, 0x410, 0x42F)) return code + 0x20;
+    if (Within(code, 0x460, 0x481) || Within(code, 0x48A, 0x4BF)) return code | 1;
+    return code;
+}
+
+// Bytes that are no complete two-byte character count singly, above all characters.
+Character FoldedAt(std::string_view text, std::size_t at) noexcept {
+    constexpr char32_t kBareByte = 0x110000;
+    const auto lead = static_cast<unsigned char>(text[at]);
+    if (lead < 0x80) return {static_cast<unsigned char>(LowerAscii(text[at])), 1};
+    if (lead >= 0xC2 && lead <= 0xDF && at + 1 < text.size()) {
+        const auto next = static_cast<unsigned char>(text[at + 1]);
+        if ((next & 0xC0) == 0x80) return {FoldTwoByte((lead & 0x1Fu) << 6 | (next & 0x3Fu)), 2};
+    }
+    return {kBareByte + lead, 1};
+}
+
+constexpr bool IsAsciiLetter(char character) noexcept {
+    return LowerAscii(character) >= 'a' && LowerAscii(character) <= 'z';
+}
+
+}  // namespace
+
+std::size_t PrefixLength(std::string_view text, std::string_view prefix) noexcept {
+    if (text.size() < prefix.size()) return 0;
+    for (std::size_t at = 0; at < prefix.size();) {
+        const Character wanted = FoldedAt(prefix, at);
+        if (FoldedAt(text, at).code != wanted.code) return 0;
+        at += wanted.length;
+    }
+    return prefix.size();
+}
+
+std::size_t SpaceLength(std::string_view text) noexcept {
+    if (text.empty()) return 0;
+    if (text[0] == ' ' || (text[0] >= '\t' && text[0] <= '\r')) return 1;
+    // No-break space and Arabic letter mark; spaces of typography, direction marks, the narrow
+    // no-break space, the ideographic space.
+    if (text.substr(0, 2) == "\xC2\xA0" || text.substr(0, 2) == "\xD8\x9C") return 2;
+    if (text.size() < 3) return 0;
+    const auto last = static_cast<unsigned char>(text[2]);
+    const bool wide = text.substr(0, 3) == "\xE3\x80\x80";
+    const bool general =
+        text.substr(0, 2) == "\xE2\x80" && ((last >= 0x80 && last <= 0x8F) || last == 0xAF);
+    return wide || general ? 3 : 0;
+}
+
+std::size_t WordLength(std::string_view text) noexcept {
+    std::size_t length = 0;
+    while (length < text.size()) {
+        const bool beyondAscii = static_cast<unsigned char>(text[length]) >= 0x80;
+        if (!beyondAscii && !IsAsciiLetter(text[length])) break;
+        if (beyondAscii && SpaceLength(text.substr(length)) != 0) break;
+        ++length;
+    }
+    return length;
+}
+
+bool EndsName(std::string_view text, std::size_t length) noexcept {
+    if (length == 0 || length == text.size()) return length != 0;
+    if (IsDigit(text[length - 1])) return !IsDigit(text[length]);
+    return WordLength(text.substr(length)) == 0;
+}
+
+std::string_view TrimmedSpaces(std::string_view text) noexcept {
+    while (const std::size_t space = SpaceLength(text)) text.remove_prefix(space);
+    for (std::size_t last = 1; last <= std::min<std::size_t>(3, text.size());) {
+        if (SpaceLength(text.substr(text.size() - last)) == last) {
+            text.remove_suffix(last);
+            last = 1;
+        } else {
+            ++last;
+        }
+    }
+    return text;
+}
+
+bool TextCursor::SkipSpaces() noexcept {
+    const std::size_t before = m_at;
+    while (const std::size_t space = SpaceLength(Rest())) m_at += space;
+    return m_at != before;
+}
+
+char TextCursor::SkipOneOf(std::string_view characters) noexcept {
+    if (AtEnd() || characters.find(m_text[m_at]) == std::string_view::npos) return 0;
+    return m_text[m_at++];
+}
+
+std::optional<WrittenNumber> TextCursor::ReadNumber(int mostDigits) noexcept {
+    WrittenNumber number;
+    while (number.digits < mostDigits && AtDigit()) {
+        number.value = number.value * 10 + (m_text[m_at] - '0');
+        ++number.digits;
+        ++m_at;
+    }
+    return number.digits == 0 ? std::nullopt : std::optional(number);
+}
+
+}  // namespace velmora
