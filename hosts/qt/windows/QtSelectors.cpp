@@ -77,7 +77,12 @@ void MonthListBox::focusInEvent(QFocusEvent* event) {
 }
 
 void MonthListBox::keyPressEvent(QKeyEvent* event) {
-    if (IsEnter(*event) || event->key() == Qt::Key_Escape) {
+    if (event->key() == Qt::Key_Escape) {
+        PressEscape();
+    } else {
+        ReleaseEscape();
+    }
+    if (IsEnter(*event)) {
         const std::int16_t keyCode = VirtualKeyOf(*event);
         m_input.Post([keyCode](VmCalendar& calendar) { calendar.OnMonthListKeyDown(keyCode); });
     }
@@ -86,9 +91,7 @@ void MonthListBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void MonthListBox::keyReleaseEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat()) {
-        m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyUp(kEscapeCode); });
-    }
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat()) ReleaseEscape();
     QComboBox::keyReleaseEvent(event);
     if (IsNavigation(*event)) event->accept();
 }
@@ -96,9 +99,21 @@ void MonthListBox::keyReleaseEvent(QKeyEvent* event) {
 bool MonthListBox::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyDown(kEscapeCode); });
+        PressEscape();
     }
     return QComboBox::eventFilter(watched, event);
+}
+
+void MonthListBox::PressEscape() {
+    m_escapeDown = true;
+    m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyDown(kEscapeCode); });
+}
+
+/// The release of the key that closes the open list goes to a window that is no more when it comes
+/// late: the next key that is pressed stands for it.
+void MonthListBox::ReleaseEscape() {
+    if (!std::exchange(m_escapeDown, false)) return;
+    m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyUp(kEscapeCode); });
 }
 
 YearBox::YearBox(QWidget& parent, SelectorInput& input) : QLineEdit(&parent), m_input(input) {

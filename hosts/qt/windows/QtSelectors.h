@@ -27,8 +27,11 @@ protected:
 
 private:
     void PostChoice();
+    void PressEscape();
+    void ReleaseEscape();
 
     SelectorInput& m_input;
+    bool m_escapeDown = false;
     int m_chosen = -1;  // by the user, while the list is still open
 };
 
