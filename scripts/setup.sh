@@ -1,4 +1,4 @@
-# Sourced by demo, test, windows and bench, from the root folder: installs what is missing on Debian,
+# Sourced by demo, test, package, lint and bench, from the root folder: installs what is missing on Debian,
 # configures and builds a preset. Whatever fails ends the script with one line on what to do.
 # shellcheck shell=bash disable=SC2034
 
@@ -68,6 +68,22 @@ check_layout() {
     if [[ -n $untidy ]]; then
         fail "not laid out by .clang-format; run: clang-format -i ${untidy//$'\n'/ }"
     fi
+}
+
+# The version is CMakeLists.txt's; what has to spell it out itself spells the same. The component's own
+# is checked with its file.
+check_version() {
+    local version
+    version=$(project_version)
+    [[ $(sed -n 's/^## //p' CHANGELOG.md | head -n 1) == "$version" ]] ||
+        fail "CHANGELOG.md does not begin with $version"
+    grep -qF "name=\"VelmoraCalendar\" version=\"$version.0\"" docs/windows.md ||
+        fail "docs/windows.md names another assembly than $version.0"
+    local file
+    for file in docs/designer.md examples/qt_installed/CMakeLists.txt; do
+        grep -q "find_package(VelmoraCalendar ${version%.*} " "$file" ||
+            fail "$file asks for another version than ${version%.*}"
+    done
 }
 
 # build_preset PRESET [TARGET...]: configures when it has to, then builds.
