@@ -52,7 +52,7 @@ constexpr auto kSaved = InOrder(BoxOrder());
 
 /// The values of a new box.
 struct Defaults {
-    explicit Defaults(const BoxPlatform& platform) {
+    explicit Defaults(const Platform& platform) {
         state.dateMax = kBoxDateMax;
         state.dateMin = kBoxDateMin;
         state.dateValue = platform.dates.Now();

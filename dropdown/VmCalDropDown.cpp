@@ -14,7 +14,7 @@ namespace {
 
 }  // namespace
 
-VmCalDropDown::VmCalDropDown(const BoxPlatform& platform, DropDownForm& form)
+VmCalDropDown::VmCalDropDown(const Platform& platform, DropDownForm& form)
     : m_platform(platform), m_form(form), m_store(platform.dates, &platform.windowing) {
     m_store.Days()->DayChanged.Connect([this](Date& day, std::string&) { CopyDecoration(day); });
 }

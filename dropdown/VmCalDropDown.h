@@ -11,20 +11,6 @@
 
 namespace velmora {
 
-/// The window of a date box.
-class BoxWindowing : public Windowing {
-public:
-    /// Asks for the keyboard focus; the host answers with `OnGotFocus`.
-    virtual void SetFocus() = 0;
-};
-
-struct BoxPlatform {
-    Drawing& drawing;
-    BoxWindowing& windowing;
-    Dates& dates;
-    Hosting& hosting;
-};
-
 /// A date box: it shows a date as text and opens a calendar below it. Its calendar-facing
 /// properties are those of `VmCalendar`, kept in a store of its own and refused with the same error
 /// 380 at once; what is set while the calendar is open shows in it. Every handler may close,
@@ -34,7 +20,7 @@ struct BoxPlatform {
 class VmCalDropDown : public AutomationObject {
 public:
     /// The form outlives the box.
-    VmCalDropDown(const BoxPlatform& platform, DropDownForm& form);
+    VmCalDropDown(const Platform& platform, DropDownForm& form);
     ~VmCalDropDown() override;
     VmCalDropDown(const VmCalDropDown&) = delete;
     VmCalDropDown& operator=(const VmCalDropDown&) = delete;
@@ -189,7 +175,7 @@ private:
 
     float InContainer(float pixels, Axis axis) const;
 
-    BoxPlatform m_platform;
+    Platform m_platform;
     DropDownForm& m_form;
     CProperties m_store;
     DropDownEvents m_events;

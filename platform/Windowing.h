@@ -73,6 +73,8 @@ public:
     virtual std::int32_t OLEDropMode() const = 0;
     virtual void OLEDropMode(std::int32_t mode) = 0;
 
+    /// Asks for the keyboard focus; the host tells the control when it has come.
+    virtual void SetFocus() = 0;
     virtual void SetCapture() = 0;
     virtual void ReleaseCapture() = 0;
     virtual Point ClientToScreen(Point point) const = 0;

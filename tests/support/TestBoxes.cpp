@@ -15,7 +15,7 @@ TestBoxes::~TestBoxes() = default;
 void TestBoxes::Make(Box& box, const std::string& name, Rect screen) {
     box.window = std::make_unique<FakeWindow>(screen);
     box.control =
-        std::make_unique<VmCalDropDown>(BoxPlatform{drawn, *box.window, dates, box.host}, *form);
+        std::make_unique<VmCalDropDown>(Platform{drawn, *box.window, dates, box.host}, *form);
     box.window->focused = [&box] { box.control->OnGotFocus(); };
     Connect(box.control->Events(), name);
     box.control->InitProperties();

@@ -12,7 +12,7 @@
 namespace velmora::test {
 
 /// A window at a place of the screen.
-class FakeWindow : public FakeWindowing<BoxWindowing> {
+class FakeWindow : public FakeWindowing {
 public:
     explicit FakeWindow(Rect place) : screen(place) {}
 

@@ -12,8 +12,7 @@
 namespace velmora::test {
 
 /// Keeps what a window is given.
-template <class Interface>
-class FakeWindowing : public Interface {
+class FakeWindowing : public Windowing {
 public:
     bool enabled = true;
 
@@ -27,6 +26,7 @@ public:
     void MouseIcon(PictureRef icon) override { m_icon = std::move(icon); }
     std::int32_t OLEDropMode() const override { return m_dropMode; }
     void OLEDropMode(std::int32_t mode) override { m_dropMode = mode; }
+    void SetFocus() override {}
 
 private:
     std::int16_t m_pointer = 0;
@@ -63,7 +63,7 @@ struct FakeChild {
 Point CenterOf(VmCalendar& calendar, DayNumber day);
 
 /// Everything around a calendar: one log takes events, notifications and repaints in order.
-class TestCalendar : private FakeWindowing<Windowing>, private FakeHosting {
+class TestCalendar : private FakeWindowing, private FakeHosting {
 public:
     using FakeWindowing::enabled;
 

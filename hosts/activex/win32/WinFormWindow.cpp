@@ -1,5 +1,6 @@
 #include "hosts/activex/win32/WinFormWindow.h"
 
+#include "dropdown/VmCalDropDown.h"
 #include "hosts/activex/win32/AboutDialog.h"
 #include "hosts/activex/win32/ThisModule.h"
 #include "hosts/activex/win32/ThreadShared.h"

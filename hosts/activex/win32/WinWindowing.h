@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dropdown/VmCalDropDown.h"
 #include "hosts/activex/win32/SelectorInput.h"
+#include "platform/Windowing.h"
 
 #include <windows.h>
 
@@ -19,7 +19,7 @@ class NativeChild;
 /// then to `DispatchInput` (WinInput.h). When a window has come or gone, the calendar is told by
 /// `OnWindowRecreated`. The window belongs to the calling thread and its messages `WM_USER + 0x700`
 /// to this class.
-class WinWindowing : public BoxWindowing {
+class WinWindowing : public Windowing {
 public:
     WinWindowing();
     ~WinWindowing() override;

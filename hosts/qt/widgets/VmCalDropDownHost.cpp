@@ -12,9 +12,9 @@
 
 namespace velmora {
 void QtBoxWindowing::SetFocus() {
-    const QPointer<QWidget> widget(&m_widget);
+    const QPointer<QWidget> widget(&Widget());
     m_focusing = true;
-    widget->setFocus(Qt::OtherFocusReason);
+    QtWindowing::SetFocus();
     if (!widget) return;
     m_focusing = false;
     const auto gotFocus = m_gotFocus;

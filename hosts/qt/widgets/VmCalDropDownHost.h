@@ -20,43 +20,19 @@ class QPainter;
 namespace velmora {
 
 /// A widget as a date box's window.
-class QtBoxWindowing final : public BoxWindowing {
+class QtBoxWindowing final : public QtWindowing {
 public:
     /// `gotFocus` is called when the focus that the box has asked for is there. It may end the
     /// widget, and this object with it.
     QtBoxWindowing(QWidget& widget, std::function<void()> gotFocus)
-        : m_widget(widget), m_window(widget), m_gotFocus(std::move(gotFocus)) {}
+        : QtWindowing(widget), m_gotFocus(std::move(gotFocus)) {}
 
-    WindowHandle Handle() const override { return m_window.Handle(); }
-    Size ClientSize() const override { return m_window.ClientSize(); }
-    double PixelsPerInch() const override { return m_window.PixelsPerInch(); }
-    bool Enabled() const override { return m_window.Enabled(); }
-    void Enabled(bool enabled) override { m_window.Enabled(enabled); }
-    bool TakesInput() const override { return m_window.TakesInput(); }
-    bool TakeEnabledChange() { return m_window.TakeEnabledChange(); }
-    std::int16_t MousePointer() const override { return m_window.MousePointer(); }
-    void MousePointer(std::int16_t pointer) override { m_window.MousePointer(pointer); }
-    PictureRef MouseIcon() const override { return m_window.MouseIcon(); }
-    void MouseIcon(PictureRef icon) override { m_window.MouseIcon(std::move(icon)); }
-    std::int32_t OLEDropMode() const override { return m_window.OLEDropMode(); }
-    void OLEDropMode(std::int32_t mode) override { m_window.OLEDropMode(mode); }
-    void SetCapture() override {}
-    void ReleaseCapture() override {}
-    Point ClientToScreen(Point point) const override { return m_window.ClientToScreen(point); }
-    Point ScreenToClient(Point point) const override { return m_window.ScreenToClient(point); }
-    std::optional<Point> GetCursorPos() const override { return m_window.GetCursorPos(); }
-    std::unique_ptr<ComboBox> CreateMonthList() override { return nullptr; }
-    std::unique_ptr<TextBox> CreateYearText() override { return nullptr; }
-    std::unique_ptr<ScrollBar> CreateYearSpinner() override { return nullptr; }
-    std::unique_ptr<ScrollBar> CreateDateScroll() override { return nullptr; }
     void SetFocus() override;
     /// The focus is on its way because the box has asked for it: in the middle of that no slot may
     /// delete the widget.
     bool IsFocusing() const noexcept { return m_focusing; }
 
 private:
-    QWidget& m_widget;
-    QtWindowing m_window;
     std::function<void()> m_gotFocus;
     bool m_focusing = false;
 };

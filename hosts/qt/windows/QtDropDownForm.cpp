@@ -42,15 +42,15 @@ void FormWindowing::SetCapture() {
 
 void FormWindowing::ReleaseCapture() {
     m_wanted = false;
-    if (QWidget::mouseGrabber() == &m_window) m_window.releaseMouse();
+    if (QWidget::mouseGrabber() == &Widget()) Widget().releaseMouse();
 }
 
 void FormWindowing::TakeCapture() {
-    if (!m_wanted || QWidget::mouseGrabber() == &m_window || !m_window.isVisible() ||
+    if (!m_wanted || QWidget::mouseGrabber() == &Widget() || !Widget().isVisible() ||
         (QGuiApplication::mouseButtons() != Qt::NoButton && !m_releaseIsLost)) {
         return;
     }
-    m_window.grabMouse();
+    Widget().grabMouse();
 }
 
 void FormHosting::ShowAboutBox(const AboutText& text) {

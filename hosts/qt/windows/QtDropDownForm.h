@@ -19,7 +19,7 @@ namespace velmora {
 /// waits, so that the release arrives where the press did.
 class FormWindowing final : public QtWindowing {
 public:
-    explicit FormWindowing(QWidget& window) : QtWindowing(window), m_window(window) {}
+    using QtWindowing::QtWindowing;
 
     void SetCapture() override;
     void ReleaseCapture() override;
@@ -30,7 +30,6 @@ public:
     void ReleaseIsLost(bool lost) { m_releaseIsLost = lost; }
 
 private:
-    QWidget& m_window;
     bool m_wanted = false;
     bool m_releaseIsLost = false;
 };

@@ -94,6 +94,8 @@ void QtWindowing::ApplyPointer() {
     m_widget.unsetCursor();
 }
 
+void QtWindowing::SetFocus() { m_widget.setFocus(Qt::OtherFocusReason); }
+
 Point QtWindowing::ClientToScreen(Point point) const {
     return ToPoint(m_widget.mapToGlobal(QPoint(point.x, point.y)));
 }

@@ -32,6 +32,7 @@ public:
     std::int32_t OLEDropMode() const override { return m_dropMode; }
     void OLEDropMode(std::int32_t mode) override;
 
+    void SetFocus() override;
     /// Qt holds the mouse by itself while a button is down.
     void SetCapture() override {}
     void ReleaseCapture() override {}
@@ -43,6 +44,9 @@ public:
     std::unique_ptr<TextBox> CreateYearText() override;
     std::unique_ptr<ScrollBar> CreateYearSpinner() override;
     std::unique_ptr<ScrollBar> CreateDateScroll() override;
+
+protected:
+    QWidget& Widget() const noexcept { return m_widget; }
 
 private:
     void ApplyPointer();
