@@ -52,7 +52,7 @@ inline std::vector<Variant> WrongTypes(const PropertyRow& row) {
         case Kind::Format: return {5.0, Null{}};
         case Kind::Icon: return {"text", 5.0, ObjectRef(std::make_shared<StdFont>())};
         case Kind::Font: return {"text", 5.0, ObjectRef(bitmap)};
-        default: return {"text", Null{}, ObjectRef(bitmap)};
+        default: return {"text", Null{}, ObjectRef(std::make_shared<StdFont>())};
     }
 }
 

@@ -4,26 +4,40 @@
 namespace velmora::vmhost {
 namespace {
 
+/// A container's bag that keeps what it is given.
+class TestBag final : public ComObject<IPropertyBag> {
+public:
+    STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog*) override {
+        const auto found = values.find(name);
+        return found == values.end() ? E_INVALIDARG : found->second.CopyTo(*value);
+    }
+    STDMETHODIMP Write(LPCOLESTR name, VARIANT* value) override {
+        values[name] = Value::CopyOf(*value);
+        return S_OK;
+    }
+    std::map<std::wstring, Value> values;
+};
+
 class Persistence : public ClientTest {
 protected:
+    /// Nothing is left at its default that a container may save.
+    ControlSite& AddChanged(const PublishedClass& published) {
+        ControlSite& site = Add(published.name, "Changed", kCalendarPlace);
+        Automated control(site);
+        test::ChangeAll(control, published.rows);
+        return site;
+    }
     std::vector<std::string> Faces() const {
         std::vector<std::string> faces;
         for (const ComPtr<ControlSite>& site : form->Sites()) {
-            faces.push_back(FaceOf(site->Control(), kClasses[faces.size()].rows));
+            faces.push_back(test::FaceOf(Automated(*site.Get()), kClasses[faces.size()].rows));
         }
         return faces;
     }
 };
 
-/// Nothing is left at its default that a container may save.
 TEST_F(Persistence, FormsGoThroughFilesByEveryInterface) {
-    for (const PublishedClass& published : kClasses) {
-        ControlSite& site = Add(published.name, "Changed", kCalendarPlace);
-        for (const PropertyRow& row : published.rows) {
-            const Value value = ValueOf(row, row.Changed());
-            EXPECT_TRUE(PutProperty(site.Control(), row.name, value).Succeeded()) << row.name;
-        }
-    }
+    for (const PublishedClass& published : kClasses) AddChanged(published);
     const std::vector<std::string> faces = Faces();
     wchar_t folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
@@ -36,6 +50,42 @@ TEST_F(Persistence, FormsGoThroughFilesByEveryInterface) {
         EXPECT_TRUE(EqualRect(&form->Sites()[0]->Place(), &kCalendarPlace));
     }
     DeleteFileW(path.c_str());
+}
+
+TEST_F(Persistence, ScriptsCopyAndHaveBagsOfTheirOwn) {
+    IUnknown* const source = AddChanged(kClasses[0]).Control();
+    const std::string face = Faces()[0];
+    const ComPtr<TestBag> bag = Adopt(new TestBag);
+    Value holder;
+    V_VT(&holder) = VT_UNKNOWN;
+    bag.CopyTo(&V_UNKNOWN(&holder));
+    EXPECT_EQ(CallMethod(source, "WriteProps", {holder}).Number(), 0);
+    EXPECT_EQ(CallMethod(source, "WriteProps", {1}).Number(), 13);
+    EXPECT_EQ(bag->values[L"MonthBackColor"].Type(), VT_I4);
+    EXPECT_EQ(bag->values[L"DateValue"].Type(), VT_DATE);
+    EXPECT_EQ(bag->values.count(L"NoRepaintControl"), 0u);
+    ControlSite& restoredSite = AddCalendar();
+    IUnknown* const restored = restoredSite.Control();
+    EXPECT_EQ(CallMethod(restored, "ReadProps", {holder}).Number(), 0);
+    EXPECT_EQ(test::FaceOf(Automated(restoredSite), test::kCalendarRows), face);
+    ControlSite& copySite = AddCalendar();
+    IUnknown* const copy = copySite.Control();
+    PutProperty(copy, "Enabled", false);  // which is not copied
+    EXPECT_EQ(CallMethod(copy, "SetProps", {static_cast<IDispatch*>(nullptr)}).Number(), 13);
+    ComPtr<IDispatch> dispatch;
+    source->QueryInterface(IID_PPV_ARGS(dispatch.GetAddressOf()));
+    EXPECT_EQ(CallMethod(copy, "SetProps", {dispatch.Get()}).Number(), 0);
+    EXPECT_EQ(test::FaceOf(Automated(copySite), test::kCalendarRows), face);
+    // As the parameters of a web page come.
+    for (const auto& [name, text] : {std::pair{L"ShowWeekend", "False"},
+                                     {L"MonthBackColor", "255"},
+                                     {L"DayAppearance", "?"}}) {
+        bag->values[name] = text;
+    }
+    EXPECT_EQ(CallMethod(restored, "ReadProps", {holder}).Number(), 0);
+    EXPECT_EQ(Got(restored, "ShowWeekend"), "False");
+    EXPECT_EQ(Got(restored, "MonthBackColor"), "255");
+    EXPECT_EQ(Got(restored, "DayAppearance"), "1") << "the default";
 }
 
 }  // namespace

@@ -21,12 +21,12 @@ class ScriptedContainer final
     : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, IDispatch,
                        IOleInPlaceFrame, IPropertyNotifySink, IAdviseSink> {
 public:
-    ScriptedContainer();
-
     /// The calls since the last time, separated by spaces.
-    std::string TakeLog();
+    std::string TakeLog() { return std::exchange(m_log, {}); }
 
-    HWND window = nullptr;  // what controls are placed in
+    HWND window =  // what controls are placed in
+        CreateWindowExW(0, L"STATIC", L"container", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400,
+                        300, nullptr, nullptr, nullptr, nullptr);
     RECT place{10, 20, 260, 220};
     RECT clip{0, 0, 400, 300};
     std::string refused;         // the call of this name fails
@@ -51,13 +51,30 @@ public:
     STDMETHODIMP OnInPlaceActivate() override { return Note("OnInPlaceActivate"); }
     STDMETHODIMP OnUIActivate() override { return Note("OnUIActivate"); }
     STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
-                                  RECT* its, RECT* visible, OLEINPLACEFRAMEINFO*) override;
+                                  RECT* its, RECT* visible, OLEINPLACEFRAMEINFO*) override {
+        *document = nullptr;
+        *frame = nullptr;
+        *its = place;
+        *visible = clip;
+        const HRESULT result = Note("GetWindowContext");
+        if (FAILED(result)) return result;
+        *document = *frame = this;
+        AddRef();
+        AddRef();
+        return result;
+    }
     STDMETHODIMP Scroll(SIZE) override { return E_NOTIMPL; }
     STDMETHODIMP OnUIDeactivate(BOOL) override { return Note("OnUIDeactivate"); }
     STDMETHODIMP OnInPlaceDeactivate() override { return Note("OnInPlaceDeactivate"); }
     STDMETHODIMP DiscardUndoState() override { return S_OK; }
     STDMETHODIMP DeactivateAndUndo() override { return S_OK; }
-    STDMETHODIMP OnPosRectChange(LPCRECT its) override;
+    STDMETHODIMP OnPosRectChange(LPCRECT its) override {
+        std::string text;
+        for (const LONG edge : {its->left, its->top, its->right, its->bottom}) {
+            text += (text.empty() ? "" : ",") + std::to_string(edge);
+        }
+        return Note("OnPosRectChange(" + text + ")");
+    }
 
     STDMETHODIMP OnControlInfoChanged() override { return S_OK; }
     STDMETHODIMP LockInPlaceActive(BOOL) override { return S_OK; }
@@ -99,17 +116,60 @@ public:
 
     STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override;
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+        const std::wstring name = *names;
+        if (name != L"ScaleMode" && !scaleModes.contains(name)) return DISP_E_UNKNOWNNAME;
+        *ids = name[0];  // ambient properties have negative ones
+        if (name != L"ScaleMode") m_scaleMode = scaleModes[name];
+        return S_OK;
+    }
     /// Ambient properties, events of a control that it is connected to, and scale modes.
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                        EXCEPINFO*, UINT*) override;
+                        EXCEPINFO*, UINT*) override {
+        if (flags & DISPATCH_METHOD) {
+            std::string text;
+            for (UINT i = arguments->cArgs; i-- > 0;) {
+                OwnedVariant value;
+                VariantCopyInd(&value, &arguments->rgvarg[i]);
+                if (V_VT(&value) == VT_DATE) V_VT(&value) = VT_R8;  // a number in every language
+                VariantChangeType(&value, &value, VARIANT_NOVALUEPROP, VT_BSTR);
+                text += (text.empty() ? "" : ",") + FromBstr(V_BSTR(&value));
+            }
+            return Note("Event" + std::to_string(id) + "(" + text + ")");
+        }
+        if (id == L'S') {
+            V_VT(result) = VT_I2;
+            V_I2(result) = m_scaleMode;
+        } else if (id > 0) {
+            V_VT(result) = VT_DISPATCH;
+            V_DISPATCH(result) = this;
+            AddRef();
+        } else {
+            const auto found = ambients.find(id);
+            return found == ambients.end() ? DISP_E_MEMBERNOTFOUND
+                                           : VariantCopy(result, &found->second);
+        }
+        return S_OK;
+    }
 
 protected:
-    ~ScriptedContainer() override;
-    void* Find(REFIID iid) override;
+    ~ScriptedContainer() override {
+        if (window) DestroyWindow(window);
+    }
+    void* Find(REFIID iid) override {
+        if (iid == IID_IOleWindow) return static_cast<IOleInPlaceSite*>(this);
+        return ComObject::Find(iid);
+    }
 
 private:
-    HRESULT Note(const std::string& call);
+    HRESULT Note(const std::string& call) {
+        m_log += m_log.empty() ? call : " " + call;
+        if (call == interferesWith) {
+            interferesWith.clear();
+            interference();
+        }
+        return call == refused ? E_FAIL : S_OK;
+    }
 
     std::string m_log;
     short m_scaleMode = 0;  // of the object asked for last

@@ -32,8 +32,6 @@ protected:
     using ComPtr = Microsoft::WRL::ComPtr<Interface>;
 
     ShellFixture() {
-        OleInitialize(nullptr);
-        container = Adopt(new ScriptedContainer);
         m_before = ModuleLock::Count();
         object = Adopt<IOleObject>(new CalendarControl);
     }
@@ -41,8 +39,6 @@ protected:
         Drop();
         EXPECT_EQ(ModuleLock::Count(), m_before) << "a reference to the control was left";
         EXPECT_FALSE(container->window && ::GetWindow(container->window, GW_CHILD));
-        container.Reset();
-        OleUninitialize();
     }
 
     template <class Interface>
@@ -120,7 +116,7 @@ protected:
         return static_cast<HWND>(LongToHandle(window));
     }
 
-    ComPtr<ScriptedContainer> container;
+    ComPtr<ScriptedContainer> container = Adopt(new ScriptedContainer);
     ComPtr<IOleObject> object;
 
 private:

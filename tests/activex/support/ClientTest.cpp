@@ -4,16 +4,12 @@
 
 namespace velmora::vmhost {
 
-ClientTest::ClientTest() {
-    OleInitialize(nullptr);
-    form = Form::Open(nullptr, {0, 0, 500, 300}, "Client");
-}
+ClientTest::ClientTest() : form(Form::Open(nullptr, {0, 0, 500, 300}, "Client")) {}
 
 ClientTest::~ClientTest() {
     form->Close();
     form.Reset();
     EXPECT_EQ(VisibleWindows(), 0);
-    OleUninitialize();
 }
 
 ControlSite& ClientTest::Add(const char* classText, const std::string& name, const RECT& place,

@@ -8,7 +8,6 @@ class Ole : public testing::Environment {
     void SetUp() override { ASSERT_EQ(OleInitialize(nullptr), S_OK); }
     void TearDown() override { OleUninitialize(); }
 };
-
 const auto* const kOle = testing::AddGlobalTestEnvironment(new Ole);
 
 }  // namespace
