@@ -58,17 +58,17 @@ private:
     void Mouse(Act act, const Hand& hand) override {
         const bool isAim = act == Act::Press || (act == Act::Move && hand.button == 0);
         if (isAim) m_pressed = hand.onForm ? OpenCalendar() : Window();
-        MoveMouse(OnScreen(m_pressed, hand.at.x, hand.at.y));
+        const POINT at = OnScreen(m_pressed, hand.at.x, hand.at.y);
+        MoveMouse(at);
         if (act == Act::Move) return;
         if (act == Act::Press && hand.at.x < 0) {
             EXPECT_TRUE(Serve([&] { return IsDestroyed() || GetCapture() == m_pressed; }));
         }
         if (IsDestroyed()) return;
         const bool down = act != Act::Release;
-        MouseButton(hand.button == 1 ? (down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP)
-                                     : (down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP));
+        MoveMouse(at, hand.button == 1 ? (down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP)
+                                       : (down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP));
     }
-
     void LoseMouse() override {
         ServeWaiting(form.Get());
         ReleaseCapture();

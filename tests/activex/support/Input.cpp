@@ -23,26 +23,18 @@ LONG Absolute(LONG at, int metric) {
 
 }  // namespace
 
-void MoveMouse(POINT screen) {
+void MoveMouse(POINT screen, DWORD button) {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dx = Absolute(screen.x, SM_CXSCREEN);
     input.mi.dy = Absolute(screen.y, SM_CYSCREEN);
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    Send(input);
-}
-
-void MouseButton(DWORD event) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = event;
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button;
     Send(input);
 }
 
 void Click(POINT screen) {
-    MoveMouse(screen);
-    MouseButton(MOUSEEVENTF_LEFTDOWN);
-    MouseButton(MOUSEEVENTF_LEFTUP);
+    MoveMouse(screen, MOUSEEVENTF_LEFTDOWN);
+    MoveMouse(screen, MOUSEEVENTF_LEFTUP);
 }
 
 void PressKey(WORD virtualKey) { SendKey(virtualKey, 0); }

@@ -8,9 +8,9 @@ namespace velmora::vmhost {
 
 /// The user's mouse and keyboard: what these do arrives by the system's own queue.
 
-void MoveMouse(POINT screen);
-/// `MOUSEEVENTF_LEFTDOWN`, `MOUSEEVENTF_LEFTUP`, ...
-void MouseButton(DWORD event);
+/// Then, in one go, `MOUSEEVENTF_LEFTDOWN`, `MOUSEEVENTF_LEFTUP`, ...: the system may hear late of
+/// an earlier place.
+void MoveMouse(POINT screen, DWORD button = 0);
 void Click(POINT screen);
 void PressKey(WORD virtualKey);
 void ReleaseKey(WORD virtualKey);
