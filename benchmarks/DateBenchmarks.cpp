@@ -1,5 +1,6 @@
 #include "VelmoraCalendar/VmCalendarWidget.h"
 #include "benchmarks/Suites.h"
+#include "calendar/VmCalendar.h"
 #include "platform/dates/Dates.h"
 
 #include <QLocale>

@@ -2,7 +2,7 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "benchmarks/Subjects.h"
 #include "benchmarks/Suites.h"
-#include "calendar/CProperties.h"
+#include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/values/QtLocale.h"
 #include "hosts/qt/windows/QtDropDownForm.h"
 

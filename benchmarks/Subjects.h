@@ -2,6 +2,7 @@
 
 #include "VelmoraCalendar/VmCalendarWidget.h"
 #include "benchmarks/ResultTable.h"
+#include "calendar/VmCalendar.h"
 
 #include <QCalendarWidget>
 #include <QDate>

@@ -1,5 +1,7 @@
 #include "apps/gallery/Decorations.h"
 
+#include "model/VmDay.h"
+
 #include <QImage>
 #include <QPainter>
 

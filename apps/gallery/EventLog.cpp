@@ -21,8 +21,8 @@ EventLog::EventLog(QWidget* parent) : QListWidget(parent) {
     setUniformItemSizes(true);
 }
 
-template <class... Args>
-void EventLog::FollowSignal(VmCalendarWidget& calendar, void (VmCalendarWidget::*signal)(Args...)) {
+template <class Widget, class... Args>
+void EventLog::FollowSignal(VmCalendarWidget& calendar, void (Widget::*signal)(Args...)) {
     const QMetaMethod method = QMetaMethod::fromSignal(signal);
     connect(&calendar, signal, this,
             [this, method](Args... values) { Add(method, {TextOf(values)...}); });

@@ -20,8 +20,8 @@ public:
     void Follow(VmCalendarWidget& calendar);
 
 private:
-    template <class... Args>
-    void FollowSignal(VmCalendarWidget& calendar, void (VmCalendarWidget::*signal)(Args...));
+    template <class Widget, class... Args>
+    void FollowSignal(VmCalendarWidget& calendar, void (Widget::*signal)(Args...));
     void Add(const QMetaMethod& signal, const QStringList& values);
 
     int m_moves = 0;  // that the last line stands for

@@ -11,7 +11,7 @@ PropertyPanel::PropertyPanel(VmCalendarWidget& calendar, QWidget* parent)
     auto* form = new QFormLayout(rows);
     const QMetaObject& type = VmCalendarWidget::staticMetaObject;
     AddRow(type.property(type.indexOfProperty("enabled")), *form);
-    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
+    for (int i = QWidget::staticMetaObject.propertyCount(); i < type.propertyCount(); ++i) {
         AddRow(type.property(i), *form);
     }
     ShowValues();

@@ -1,5 +1,6 @@
 #include "apps/gallery/SavedSettings.h"
 
+#include "calendar/VmCalendar.h"
 #include "platform/stores/TextFileBag.h"
 
 #include <QDir>

@@ -17,7 +17,7 @@ std::unique_ptr<QWidget> Compiled() {
     Ui::Appointment controls;
     controls.setupUi(form.get());
     QObject::connect(
-        controls.calendar, &velmora::VmCalendarWidget::dateChanged, controls.dateBox,
+        controls.calendar, &velmora::VmCalendarWidget::dateValueChanged, controls.dateBox,
         [box = controls.dateBox](QDate date) { box->setDateValue(QDateTime(date, QTime(9, 0))); });
     return form;
 }

@@ -90,7 +90,7 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
     const QMetaObject& meta = Widget::staticMetaObject;
     const std::string className = std::string(meta.className()).substr(sizeof("velmora::") - 1);
     std::set<std::string> own;
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+    for (int i = QWidget::staticMetaObject.propertyCount(); i < meta.propertyCount(); ++i) {
         own.insert(meta.property(i).name());
     }
     for (const test::PropertyRow& row : rows) {

@@ -1,4 +1,5 @@
 #include "VelmoraCalendar/VmCalendarWidget.h"
+#include "calendar/VmCalendar.h"
 #include "hosts/qt/drawing/QtDrawing.h"
 
 #include "platform/DrawingScopes.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VelmoraCalendar/VmCalendarWidget.h"
+#include "calendar/VmCalendar.h"
 
 #include <QApplication>
 #include <QKeyEvent>

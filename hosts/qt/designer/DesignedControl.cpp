@@ -4,6 +4,7 @@
 #include "VelmoraCalendar/QtConversions.h"
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "dropdown/VmCalDropDown.h"
+#include "hosts/qt/values/QtNames.h"
 #include "platform/stores/MemoryBag.h"
 
 #include <QCoreApplication>
@@ -38,13 +39,6 @@ std::unique_ptr<QWidget> DraftOf(QWidget& widget) {
     draft->setLocale(widget.locale());
     CopyProperties(static_cast<VmCalDropDownWidget&>(widget).dropDownBox(), draft->dropDownBox());
     return draft;
-}
-
-/// "DateMin" is `dateMin` in Qt's spelling.
-QByteArray QtNameOf(std::string_view name) {
-    QByteArray result(name.data(), static_cast<qsizetype>(name.size()));
-    if (!result.isEmpty()) result[0] = QChar::fromLatin1(result[0]).toLower().toLatin1();
-    return result;
 }
 
 /// The pages show days only: writing back the day that they have shown must not fix the present

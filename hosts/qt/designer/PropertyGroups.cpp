@@ -41,7 +41,7 @@ void Group(QExtensionManager& manager, QWidget& widget) {
     auto* const sheet = qt_extension<QDesignerPropertySheetExtension*>(&manager, &widget);
     if (!sheet || !AutomationOf(widget)) return;
     const QMetaObject& type = *widget.metaObject();
-    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
+    for (int i = QWidget::staticMetaObject.propertyCount(); i < type.propertyCount(); ++i) {
         const QLatin1String name(type.property(i).name());
         if (const int index = sheet->indexOf(name); index >= 0) {
             sheet->setPropertyGroup(index, GroupOf(name));

@@ -91,6 +91,15 @@ gdi::FrameColors FrameColorsOf(const QPalette& palette) {
 
 }  // namespace
 
+std::vector<Rect> RectsOf(const QRegion& region) {
+    std::vector<Rect> rects;
+    rects.reserve(static_cast<std::size_t>(region.rectCount()));
+    for (const QRect& rect : region) {
+        rects.push_back({rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()});
+    }
+    return rects;
+}
+
 QtDrawing::Surface::Surface(QtDrawing&, QPainter& painter)
     : m_canvas(std::make_unique<gdi::PainterCanvas>(painter)) {}
 

@@ -5,8 +5,10 @@
 #include <QPalette>
 
 #include <memory>
+#include <vector>
 
 class QPainter;
+class QRegion;
 class QWidget;
 
 namespace velmora {
@@ -14,6 +16,9 @@ namespace velmora {
 namespace gdi {
 class PainterCanvas;
 }
+
+/// The parts of a region, as a paint is told them.
+std::vector<Rect> RectsOf(const QRegion& region);
 
 /// The drawing operations on Qt. Memory surfaces are opaque images whose pixels are written without
 /// a painter as far as possible; a widget's own surface is the painter of its paint event.

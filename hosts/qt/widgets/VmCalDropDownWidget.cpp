@@ -1,28 +1,79 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 
 #include "hosts/qt/widgets/VmCalDropDownHost.h"
-#include "hosts/qt/windows/QtInput.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
 
 namespace velmora {
 
-VmCalDropDownWidget::VmCalDropDownWidget(QWidget* parent) : QWidget(parent) {
-    setFocusPolicy(Qt::StrongFocus);
+VmCalDropDownWidget::VmCalDropDownWidget(QWidget* parent) : VmDateWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setMouseTracking(true);
     m_host = std::make_unique<Host>(*this);
 }
 
-/// Events on the way find the host gone.
-VmCalDropDownWidget::~VmCalDropDownWidget() {
-    const bool isDragTarget = m_host->Drops().IsEntered();
-    m_host.reset();
-    if (isDragTarget) LeaveDrag(*this);
+VmCalDropDownWidget::~VmCalDropDownWidget() { EndHost(); }
+
+VmCalDropDownWidget::Host& VmCalDropDownWidget::Own() const noexcept {
+    return static_cast<Host&>(*m_host);
 }
+
+VmCalDropDown& VmCalDropDownWidget::dropDownBox() noexcept { return Own().dropDown; }
+
+const VmCalDropDown& VmCalDropDownWidget::dropDownBox() const noexcept { return Own().dropDown; }
+
+QString VmCalDropDownWidget::text() const { return ToQString(dropDownBox().Text()); }
+
+QFont VmCalDropDownWidget::comboFont() const {
+    return m_host->Shown<QFont>(dropDownBox().ComboFont());
+}
+void VmCalDropDownWidget::setComboFont(const QFont& value) {
+    Host::Let(dropDownBox(), kComboFont, value);
+}
+
+QString VmCalDropDownWidget::dateFormat() const { return ToQString(dropDownBox().DateFormat()); }
+void VmCalDropDownWidget::setDateFormat(const QString& value) {
+    Host::Let(dropDownBox(), kDateFormat, value);
+}
+
+QDateTime VmCalDropDownWidget::dateValue() const { return ToQDateTime(dropDownBox().DateValue()); }
+void VmCalDropDownWidget::setDateValue(const QDateTime& value) { m_host->Let(kDateValue, value); }
+
+VmCalDropDownWidget::DropDownAlignment VmCalDropDownWidget::dropDownAlignment() const {
+    return static_cast<DropDownAlignment>(dropDownBox().DropDownAlignment());
+}
+void VmCalDropDownWidget::setDropDownAlignment(DropDownAlignment value) {
+    Host::Let(dropDownBox(), kDropDownAlignment, value);
+}
+
+VmCalDropDownWidget::Appearance VmCalDropDownWidget::dropDownAppearance() const {
+    return m_host->Get<Appearance>(kAppearance);
+}
+void VmCalDropDownWidget::setDropDownAppearance(Appearance value) {
+    m_host->Let(kAppearance, value);
+}
+
+int VmCalDropDownWidget::dropDownHeight() const { return dropDownBox().DropDownHeight(); }
+void VmCalDropDownWidget::setDropDownHeight(int value) {
+    Host::Let(dropDownBox(), kDropDownHeight, value);
+}
+
+bool VmCalDropDownWidget::dropDownState() const { return dropDownBox().DropDownState(); }
+void VmCalDropDownWidget::setDropDownState(bool value) { dropDownBox().DropDownState(value); }
+
+int VmCalDropDownWidget::dropDownWidth() const { return dropDownBox().DropDownWidth(); }
+void VmCalDropDownWidget::setDropDownWidth(int value) {
+    Host::Let(dropDownBox(), kDropDownWidth, value);
+}
+
+VmCalDropDownWidget::MonthYearSelStyle VmCalDropDownWidget::monthYearSelStyle() const {
+    return m_host->Get<MonthYearSelStyle>(kMonthYearSelStyle);
+}
+void VmCalDropDownWidget::setMonthYearSelStyle(MonthYearSelStyle value) {
+    m_host->Let(kMonthYearSelStyle, value);
+}
+
+void VmCalDropDownWidget::setNoLostFocus(bool value) { dropDownBox().NoLostFocus(value); }
 
 QSize VmCalDropDownWidget::sizeHint() const { return {120, fontMetrics().height() + 10}; }
 
@@ -48,7 +99,7 @@ bool VmCalDropDownWidget::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Hide:
         case QEvent::ParentChange:
         case QEvent::WindowStateChange:
-            if (m_host) m_host->WindowChanged();
+            if (m_host) Own().WindowChanged();
             break;
         default: break;
     }
@@ -57,81 +108,28 @@ bool VmCalDropDownWidget::eventFilter(QObject* watched, QEvent* event) {
 
 void VmCalDropDownWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    m_host->Paint(painter);
+    Own().Paint(painter);
 }
 
 void VmCalDropDownWidget::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
-    if (m_host) m_host->WindowChanged();
+    if (m_host) Own().WindowChanged();
 }
 
 void VmCalDropDownWidget::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
-    m_host->WindowChanged();
+    Own().WindowChanged();
 }
 
 void VmCalDropDownWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    m_host->WindowChanged();
+    Own().WindowChanged();
 }
 
-void VmCalDropDownWidget::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (!m_host) return;
-    switch (event->type()) {
-        case QEvent::EnabledChange: m_host->EnabledChanged(); break;
-        case QEvent::LocaleChange: m_host->LocaleChanged(); break;
-        case QEvent::PaletteChange:
-        case QEvent::StyleChange:
-        case QEvent::FontChange: m_host->LookChanged(); break;
-        default: break;
-    }
-}
-
-void VmCalDropDownWidget::focusInEvent(QFocusEvent*) { m_host->FocusGained(); }
+void VmCalDropDownWidget::focusInEvent(QFocusEvent*) { Own().FocusGained(); }
 
 void VmCalDropDownWidget::focusOutEvent(QFocusEvent*) {
-    if (m_host) m_host->FocusLost();
+    if (m_host) Own().FocusLost();
 }
-
-void VmCalDropDownWidget::keyPressEvent(QKeyEvent* event) {
-    const QPointer<VmCalDropDownWidget> alive(this);
-    bool used = false;
-    if (std::int16_t keyCode = VirtualKeyOf(*event); keyCode != 0) {
-        std::int16_t shift = ShiftOf(event->modifiers());
-        m_host->dropDown.OnKeyDown(keyCode, shift);
-        used = keyCode == 0;
-    }
-    if (std::int16_t character = CharacterOf(*event); alive && character != 0) {
-        m_host->dropDown.OnKeyPress(character);
-    }
-    if (alive && !used) QWidget::keyPressEvent(event);
-}
-
-void VmCalDropDownWidget::keyReleaseEvent(QKeyEvent* event) {
-    const QPointer<VmCalDropDownWidget> alive(this);
-    std::int16_t keyCode = VirtualKeyOf(*event);
-    if (keyCode != 0 && !event->isAutoRepeat()) {
-        std::int16_t shift = ShiftOf(event->modifiers());
-        m_host->dropDown.OnKeyUp(keyCode, shift);
-    }
-    if (alive) QWidget::keyReleaseEvent(event);
-}
-
-void VmCalDropDownWidget::mousePressEvent(QMouseEvent* event) { m_host->MouseDown(*event); }
-
-void VmCalDropDownWidget::mouseMoveEvent(QMouseEvent* event) { m_host->MouseMove(*event); }
-
-void VmCalDropDownWidget::mouseReleaseEvent(QMouseEvent* event) { m_host->MouseUp(*event); }
-
-void VmCalDropDownWidget::dragEnterEvent(QDragEnterEvent* event) { m_host->Drops().Enter(*event); }
-
-void VmCalDropDownWidget::dragMoveEvent(QDragMoveEvent* event) { m_host->Drops().Move(*event); }
-
-void VmCalDropDownWidget::dragLeaveEvent(QDragLeaveEvent*) {
-    if (m_host) m_host->Drops().Leave();
-}
-
-void VmCalDropDownWidget::dropEvent(QDropEvent* event) { m_host->Drops().Drop(*event); }
 
 }  // namespace velmora

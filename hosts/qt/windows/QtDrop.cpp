@@ -40,31 +40,31 @@ void LeaveDrag(QWidget& widget) {
     QCoreApplication::sendEvent(&widget, &leave);
 }
 
-template <class Control>
-bool DropTarget<Control>::IsAutomatic() const {
-    return m_control.OLEDropMode() == VmOLEAutomatic;
+bool DropTarget::IsAutomatic() const {
+    return std::visit([](auto* control) { return control->OLEDropMode(); }, m_control) ==
+           VmOLEAutomatic;
 }
 
-template <class Control>
-bool DropTarget<Control>::CanSelect(const Variant& text) const {
+bool DropTarget::CanSelect(const Variant& text) const {
     if (!text.As<std::string>()) return false;
+    const auto isInLimits = [&text](auto* control) {
+        const DayNumber day = DayOf(control->ToDate(text));
+        return DayOf(control->DateMin()) <= day && day <= DayOf(control->DateMax());
+    };
     try {
-        const DayNumber day = DayOf(m_control.ToDate(text));
-        return DayOf(m_control.DateMin()) <= day && day <= DayOf(m_control.DateMax());
+        return std::visit(isInLimits, m_control);
     } catch (const AutomationError&) {
         return false;
     }
 }
 
-template <class Control>
-void DropTarget<Control>::Enter(QDropEvent& event) {
+void DropTarget::Enter(QDropEvent& event) {
     m_entered = true;
     m_last = {};
     event.accept();
 }
 
-template <class Control>
-void DropTarget<Control>::Move(QDropEvent& event) {
+void DropTarget::Move(QDropEvent& event) {
     if (IsAutomatic()) {
         Answer(event, CanSelect(TextOf(event)) ? kDropAny : kDropNone);
     } else {
@@ -72,45 +72,51 @@ void DropTarget<Control>::Move(QDropEvent& event) {
     }
 }
 
-template <class Control>
-void DropTarget<Control>::Ask(QDropEvent& event) {
+void DropTarget::Ask(QDropEvent& event) {
     const DragState state = m_last.data ? DragState::Over : DragState::Enter;
     m_last = {WrapData(event.mimeData()), ShiftOf(event.modifiers()), XOf(event), YOf(event)};
-    const Last now = m_last;
     std::int32_t effect = ToEffects(event.possibleActions());
-    m_control.OnOLEDragOver(now.data, effect, ButtonsOf(event.buttons()), now.shift, now.x, now.y,
-                            static_cast<std::int16_t>(state));
+    RaiseOver(Last(m_last), effect, ButtonsOf(event.buttons()), state);
     Answer(event, effect);
 }
 
-template <class Control>
-void DropTarget<Control>::Leave() {
+void DropTarget::RaiseOver(const Last& at, std::int32_t& effect, std::int16_t buttons,
+                           DragState state) {
+    std::visit(
+        [&](auto* control) {
+            control->OnOLEDragOver(at.data, effect, buttons, at.shift, at.x, at.y,
+                                   static_cast<std::int16_t>(state));
+        },
+        m_control);
+}
+
+void DropTarget::Leave() {
     m_entered = false;
     const Last last = std::exchange(m_last, {});
     if (IsAutomatic() || !last.data) return;
     std::int32_t effect = kDropNone;
-    m_control.OnOLEDragOver(last.data, effect, 0, last.shift, last.x, last.y,
-                            static_cast<std::int16_t>(DragState::Leave));
+    RaiseOver(last, effect, 0, DragState::Leave);
 }
 
-template <class Control>
-void DropTarget<Control>::Drop(QDropEvent& event) {
+void DropTarget::Drop(QDropEvent& event) {
     m_entered = false;
     m_last = {};
     if (!IsAutomatic()) {
         std::int32_t effect = ToEffects(event.possibleActions());
-        m_control.OnOLEDragDrop(WrapData(event.mimeData()), effect, ButtonsOf(event.buttons()),
-                                ShiftOf(event.modifiers()), XOf(event), YOf(event));
+        std::visit(
+            [&](auto* control) {
+                control->OnOLEDragDrop(WrapData(event.mimeData()), effect,
+                                       ButtonsOf(event.buttons()), ShiftOf(event.modifiers()),
+                                       XOf(event), YOf(event));
+            },
+            m_control);
         Answer(event, effect);
         return;
     }
     const Variant text = TextOf(event);
     const bool can = CanSelect(text);
     Answer(event, can ? kDropAny : kDropNone);
-    if (can) m_control.DateValue(text);
+    if (can) std::visit([&text](auto* control) { control->DateValue(text); }, m_control);
 }
-
-template class DropTarget<VmCalendar>;
-template class DropTarget<VmCalDropDown>;
 
 }  // namespace velmora

@@ -2,10 +2,18 @@
 
 #include "platform/Hosting.h"
 
+#include <variant>
+
 class QDropEvent;
 class QWidget;
 
 namespace velmora {
+
+class VmCalDropDown;
+class VmCalendar;
+
+/// The control of a widget, to do with it what both kinds can do.
+using AnyControl = std::variant<VmCalendar*, VmCalDropDown*>;
 
 /// Numbers of the published event.
 enum class DragState : std::int16_t { Enter = 0, Leave = 1, Over = 2 };
@@ -17,11 +25,10 @@ void LeaveDrag(QWidget& widget);
 /// What is dragged over a calendar or a date box and dropped on it. Manual drops are events, whose
 /// handlers decide; an automatic drop of a date that can be selected selects it. A handler may
 /// delete the control, and this object with it.
-template <class Control>
 class DropTarget {
 public:
     /// The control outlives it.
-    explicit DropTarget(Control& control) : m_control(control) {}
+    explicit DropTarget(AnyControl control) : m_control(control) {}
 
     /// Always accepted: the move that Qt lets follow at once is the published entrance. A drag that
     /// is refused here would not be asked about again, and a handler could not delete the widget.
@@ -33,10 +40,6 @@ public:
     bool IsEntered() const noexcept { return m_entered; }
 
 private:
-    void Ask(QDropEvent& event);
-    bool IsAutomatic() const;
-    bool CanSelect(const Variant& text) const;
-
     struct Last {
         DataRef data;  // null before the entrance
         std::int16_t shift = 0;
@@ -44,7 +47,12 @@ private:
         float y = 0;
     };
 
-    Control& m_control;
+    void Ask(QDropEvent& event);
+    void RaiseOver(const Last& at, std::int32_t& effect, std::int16_t buttons, DragState state);
+    bool IsAutomatic() const;
+    bool CanSelect(const Variant& text) const;
+
+    AnyControl m_control;
     Last m_last;
     bool m_entered = false;
 };

@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace velmora {
 namespace {
@@ -143,13 +142,9 @@ void QtDropDownForm::Tick() {
 }
 
 void QtDropDownForm::paintEvent(QPaintEvent* event) {
-    std::vector<Rect> exposed;
-    for (const QRect& rect : event->region()) {
-        exposed.push_back({rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()});
-    }
     QPainter painter(this);
     const QtDrawing::Surface surface(m_drawing, painter);
-    m_form.OnPaint(surface.Handle(), exposed);
+    m_form.OnPaint(surface.Handle(), RectsOf(event->region()));
 }
 
 void QtDropDownForm::resizeEvent(QResizeEvent* event) {

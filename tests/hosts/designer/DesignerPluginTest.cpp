@@ -122,7 +122,7 @@ TEST_F(DesignerForm, WhatThePagesWriteIsSavedAndUndoneInOneStep) {
     Button(pages, "Cancel").click();
     EXPECT_EQ(NewLines(),
               "<property name=\"firstDayOfWeek\">"
-              "<enum>velmora::VmCalendarWidget::Monday</enum>"
+              "<enum>velmora::VmDateWidget::Monday</enum>"
               "<property name=\"monthYearSelStyle\">"
               "<enum>velmora::VmCalendarWidget::MonthSelCombo</enum>");
     EXPECT_TRUE(m_form->isDirty());

@@ -1,0 +1,177 @@
+#include "hosts/qt/widgets/DateWidgetHost.h"
+
+#include "hosts/qt/values/QtLocale.h"
+#include "hosts/qt/values/QtNames.h"
+#include "hosts/qt/windows/QtDrag.h"
+#include "hosts/qt/windows/QtInput.h"
+
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <utility>
+
+namespace velmora {
+
+using Short = std::int16_t;
+using Long = std::int32_t;
+
+VmDateWidget::Host::Host(VmDateWidget& widget, QtWindowing& windowing, AnyControl control)
+    : QtHosting(widget),
+      m_drawing(&widget),
+      m_widget(widget),
+      m_windowing(windowing),
+      m_control(control),
+      m_drops(control),
+      m_dates(DateLocaleOf(widget.locale()), LocalNow) {}
+
+void VmDateWidget::Host::Begin() {
+    With([this](auto& control) {
+        control.InitProperties();
+        EmitEvents(control.Events());
+    });
+}
+
+template <class Events>
+void VmDateWidget::Host::EmitEvents(Events& events) {
+    VmDateWidget* const to = &m_widget;
+    events.DateChanged.Connect([to](Date& date) { emit to->dateChanged(ToQDate(DayOf(date))); });
+    events.DayChanged.Connect([to](Short& day) { emit to->dayChanged(day); });
+    events.MonthChanged.Connect([this](Short& month) { EmitMonth(month); });
+    events.YearChanged.Connect([to](Short& year) { emit to->yearChanged(year); });
+    events.KeyDown.Connect([to](Short& key, Short& shift) { emit to->keyDown(key, shift); });
+    events.KeyPress.Connect([to](Short& key) { emit to->keyPress(key); });
+    events.KeyUp.Connect([to](Short& key, Short& shift) { emit to->keyUp(key, shift); });
+    events.MouseDown.Connect([to](Short& button, Short& shift, float& x, float& y) {
+        emit to->mouseDown(button, shift, x, y);
+    });
+    events.MouseMove.Connect([to](Short& button, Short& shift, float& x, float& y) {
+        emit to->mouseMove(button, shift, x, y);
+    });
+    events.MouseUp.Connect([to](Short& button, Short& shift, float& x, float& y) {
+        emit to->mouseUp(button, shift, x, y);
+    });
+    events.OLEStartDrag.Connect(
+        [to](DataRef& data, Long& effects) { emit to->oleStartDrag(data, effects); });
+    events.OLESetData.Connect(
+        [to](DataRef& data, Short& format) { emit to->oleSetData(data, format); });
+    events.OLEGiveFeedback.Connect([to](Long& effect, bool& defaultCursors) {
+        emit to->oleGiveFeedback(effect, defaultCursors);
+    });
+    events.OLECompleteDrag.Connect([to](Long& effect) { emit to->oleCompleteDrag(effect); });
+    events.OLEDragOver.Connect(
+        [to](DataRef& data, Long& effect, Short& button, Short& shift, float& x, float& y,
+             Short& state) { emit to->oleDragOver(data, effect, button, shift, x, y, state); });
+    events.OLEDragDrop.Connect(
+        [to](DataRef& data, Long& effect, Short& button, Short& shift, float& x, float& y) {
+            emit to->oleDragDrop(data, effect, button, shift, x, y);
+        });
+}
+
+/// A slot may delete the widget, which must not happen under a painter.
+void VmDateWidget::Host::EmitMonth(Short month) {
+    VmDateWidget* const widget = &m_widget;
+    if (m_painting) {
+        QMetaObject::invokeMethod(
+            widget, [widget, month] { emit widget->monthChanged(month); }, Qt::QueuedConnection);
+    } else {
+        emit widget->monthChanged(month);
+    }
+}
+
+void VmDateWidget::Host::PropertyChanged(std::string_view name) {
+    const QPointer<VmDateWidget> widget(&m_widget);
+    const QString published = ToQString(name);
+    if (name == kDateValue.name) EmitDateValue();
+    if (widget) emit widget->propertyChanged(published);
+}
+
+void VmDateWidget::Host::StartDrag() {
+    if (std::exchange(m_dragging, true)) return;
+    const QPointer<VmDateWidget> widget(&m_widget);
+    LoseMouse();  // the drag takes the release
+    if (!widget) return;
+    DataRef data = MakeDataObject();
+    data->SetData(kTextFormat, DragText());
+    Long effect = kDropCopy;
+    With([&](auto& control) { control.Events().OLEStartDrag.Raise(data, effect); });
+    if (!widget) return;
+    const auto setData = [this, widget](DataRef wanted, Short format) {
+        if (!widget) return;
+        With([&](auto& control) { control.Events().OLESetData.Raise(wanted, format); });
+    };
+    const auto giveFeedback = [this, widget](Long shown) {
+        bool usual = true;
+        if (widget) {
+            With([&](auto& control) { control.Events().OLEGiveFeedback.Raise(shown, usual); });
+        }
+        return widget && !usual ? widget->cursor().pixmap() : QPixmap();
+    };
+    effect = data ? RunDrag(data, effect, {setData, giveFeedback}) : kDropNone;
+    if (!widget) return;
+    m_dragging = false;
+    With([&](auto& control) { control.Events().OLECompleteDrag.Raise(effect); });
+}
+
+void VmDateWidget::Host::MouseDown(const QMouseEvent& event) {
+    With([&](auto& control) {
+        control.OnMouseDown(ButtonsOf(event.button()), ShiftOf(event.modifiers()), XOf(event),
+                            YOf(event));
+    });
+}
+
+void VmDateWidget::Host::MouseMove(const QMouseEvent& event) {
+    With([&](auto& control) {
+        control.OnMouseMove(ButtonsOf(event.buttons()), ShiftOf(event.modifiers()), XOf(event),
+                            YOf(event));
+    });
+}
+
+void VmDateWidget::Host::MouseUp(const QMouseEvent& event) {
+    With([&](auto& control) {
+        control.OnMouseUp(ButtonsOf(event.button()), ShiftOf(event.modifiers()), XOf(event),
+                          YOf(event));
+    });
+}
+
+void VmDateWidget::Host::EnabledChanged() {
+    WindowChanged();
+    if (!m_windowing.TakeEnabledChange()) return;
+    PropertyChanged(std::holds_alternative<VmCalendar*>(m_control) ? kEnabled.name
+                                                                   : InBox(kEnabled).key);
+}
+
+void VmDateWidget::Host::LocaleChanged() {
+    m_dates.Locale(DateLocaleOf(m_widget.locale()));
+    With([](auto& control) { control.OnLocaleChanged(); });
+}
+
+void VmDateWidget::Host::LookChanged() {
+    With([](auto& control) { control.RepaintControl(); });
+}
+
+void VmDateWidget::Host::Warn(std::string_view type, std::string_view property,
+                              const AutomationError& error) {
+    qWarning("%sWidget: %s: %s", std::string(type).c_str(), QtNameOf(property).constData(),
+             error.what());
+}
+
+OLE_COLOR VmDateWidget::Host::Stored(const QColor& value) {
+    if (!value.isValid()) throw AutomationError(ErrorNumber::TypeMismatch);
+    return ToOleColor(value);
+}
+
+Date VmDateWidget::Host::Stored(QDate value) {
+    if (!value.isValid()) throw AutomationError(ErrorNumber::TypeMismatch);
+    return ToDate(value);
+}
+
+Date VmDateWidget::Host::Stored(const QDateTime& value) {
+    if (!value.isValid()) throw AutomationError(ErrorNumber::TypeMismatch);
+    return ToDate(value);
+}
+
+FontRef VmDateWidget::Host::Stored(const QFont& value) {
+    return std::make_shared<StdFont>(ToStdFont(value));
+}
+
+}  // namespace velmora
