@@ -66,7 +66,9 @@ TEST_F(VmDaysTest, ADroppedDayReportsThroughItsFormerParentButIsNoItem) {
     std::vector<int> changedItems;
     days->WhenItemChanges([&](std::int16_t position) { changedItems.push_back(position); });
     const DayRef dropped = days->Item(5);
+    const std::weak_ptr<VmDay> watched = days->Item(7);
     days->LoadMonth(DayFromCivil(2024, 2, 1));
+    EXPECT_TRUE(watched.expired());
     EXPECT_TRUE(log.empty());
     dropped->Caption("late");
     days->Item(6)->Caption("current");
