@@ -295,14 +295,14 @@ private:
 
     // Dates
     bool IsSelectable(DayNumber day) const noexcept { return IsInLimits(m_state, day); }
-    bool ShowDate(Date date);
+    Date ShowDate(Date date);
     void SyncSelectors();
     /// Whether the grid goes along with the selection, or only when the month's number changes:
     /// then a month that the user has turned to stays while the arrow keys work within another.
     enum class Follow { Always, OtherMonths };
     void SelectDate(Date date, Follow follow = Follow::Always);
     void MoveShown(Date date);
-    void RaiseDateParts(Date from, Date to);
+    void RaiseDateParts(Date from, Date shownBefore, Date to);
     void SelectMonth(int month);
     void SelectYear(int year);
 

@@ -87,8 +87,8 @@ TEST(CalendarDates, AHandlerThatMovesTheDateEndsAStepOfTheMonthToo) {
     test.TakeLog();
     test.calendar->OnDateScroll(MonthIndex(Day(2019, 12, 1)));
     EXPECT_EQ(Joined(test.TakeLog()),
-              "MonthChanged 12, DateChanged 2020-05-05, DayChanged 5, MonthChanged 5, notify "
-              "DateValue, repaint");
+              "MonthChanged 12, DateChanged 2020-05-05, DayChanged 5, MonthChanged 5, YearChanged "
+              "2020, notify DateValue, repaint");
 }
 
 TEST(CalendarDates, AHandlerThatMovesTheDateEndsAChoiceInTheListToo) {
@@ -102,6 +102,25 @@ TEST(CalendarDates, AHandlerThatMovesTheDateEndsAChoiceInTheListToo) {
     EXPECT_EQ(Joined(test.TakeLog()),
               "DateChanged 2020-07-15, DateChanged 2020-05-05, DayChanged 5, MonthChanged 5, "
               "notify DateValue, repaint");
+}
+
+TEST(CalendarDates, AHandlerThatThrowsLeavesAWholeMove) {
+    for (const int thrower : {1, 2, 3, 4}) {
+        TestCalendar test;
+        int raised = 0;
+        const auto handler = [&](auto&) {
+            if (++raised == thrower) throw AutomationError(ErrorNumber::InvalidPropertyValue);
+        };
+        CalendarEvents& events = test.calendar->Events();
+        events.DateChanged.Connect(handler), events.DayChanged.Connect(handler);
+        events.MonthChanged.Connect(handler), events.YearChanged.Connect(handler);
+        test.TakeLog();
+        EXPECT_EQ(NumberOf([&] { test.calendar->DateValue(DateOf(Day(2021, 4, 1))); }),
+                  ErrorNumber::InvalidPropertyValue);
+        EXPECT_TRUE(Joined(test.TakeLog()).ends_with(", notify DateValue, repaint"));
+        test.calendar->MonthBackColor(1);
+        EXPECT_EQ(test.TakeLog().back(), "repaint band");
+    }
 }
 
 TEST(CalendarDates, WhatAHandlerChangesWaitsForTheOneRepaint) {
