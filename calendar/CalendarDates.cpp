@@ -43,7 +43,10 @@ Date VmCalendar::ShowDate(Date date) {
     const Date before = std::exchange(m_state.shownDate, date);
     ++m_dateChanges;
     const bool otherMonth = MonthsBetween(DayOf(before), DayOf(date)) != 0;
-    if (otherMonth || m_days->Count() == 0) m_days->LoadMonth(DayOf(date));
+    if (otherMonth || m_days->Count() == 0) {
+        m_days->LoadMonth(DayOf(date));
+        m_outdated = true;
+    }
     SyncSelectors();
     return before;
 }

@@ -134,6 +134,23 @@ TEST(CalendarDates, WhatAHandlerChangesWaitsForTheOneRepaint) {
               "MonthBackColor, notify DateValue, repaint");
 }
 
+TEST(CalendarDates, TheClockMovesToday) {
+    TestCalendar test;
+    test.Paint();
+    test.TakeLog();
+    const std::tuple<double, int, const char*> kCases[] = {// time, minutes to wait, log
+                                                           {0.5, 720, ""},
+                                                           {0.75, 360, ""},
+                                                           {1, 720, "repaint"},
+                                                           {1.25, 720, ""},
+                                                           {0.5, 720, "repaint"}};
+    for (const auto& [time, minutes, log] : kCases) {
+        test.now.value = Day(2020, 3, 15) + time;
+        EXPECT_EQ(test.calendar->OnClock(), std::chrono::minutes(minutes));
+        EXPECT_EQ(Joined(test.TakeLog()), log);
+    }
+}
+
 TEST(CalendarDates, InitRaisesMonthAndYearAndTheFirstPaintTheMonthOnceMore) {
     TestCalendar test;
     EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 3", "YearChanged 2020", "repaint"}));

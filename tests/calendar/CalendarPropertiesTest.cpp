@@ -121,6 +121,18 @@ TEST(CalendarProperties, LimitsRoundToWholeMonthsAndRefuseWhatCrosses) {
     }
 }
 
+TEST(CalendarProperties, ANewBeginningHasTheFirstValues) {
+    TestCalendar test;
+    const std::string face = FaceOf(*test.calendar, kCalendarRows);
+    ChangeAll(*test.calendar, kCalendarRows);
+    for (const PropertyRow& row : kCalendarRows) {  // what lives on the window stays
+        if (row.kind != Kind::Pointer && row.kind != Kind::Icon && row.name != "Enabled") continue;
+        test.calendar->LetMember(row.name, ValueOf(row, row.initial));
+    }
+    test.calendar->InitProperties();
+    EXPECT_EQ(FaceOf(*test.calendar, kCalendarRows), face);
+}
+
 TEST(CalendarProperties, ALimitMovesTheDateSilently) {
     TestCalendar test;
     test.Paint();
