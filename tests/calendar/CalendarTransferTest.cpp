@@ -27,23 +27,13 @@ TEST(CalendarSaving, WronglyTypedValuesGiveTheDefaults) {
 TEST(CalendarSaving, ReadsAsANewCalendarWithoutChecks) {
     TestCalendar test;
     test.calendar->AlwaysDateChanged(true);
-    MemoryBag bag;
-    for (const PropertyRow& row : kCalendarRows) {
-        if (row.kind == Kind::Choice) bag.WriteProperty(row.Key(), row.high + 1, Variant());
-    }
-    bag.WriteProperty("DateValue", Date(Day(2021, 2, 3) + 0.75), Variant());
     test.TakeLog();
-    test.calendar->ReadProps(bag);
+    ExpectKeepsWhatIsStored(*test.calendar, kCalendarRows);
     EXPECT_EQ(test.TakeLog(), (Log{"MonthChanged 2", "repaint"}));
     EXPECT_EQ(DayOf(test.calendar->ShownDate()), Day(2021, 2, 3));
     EXPECT_EQ(test.BrokenInvariant(), "");
     EXPECT_NE(test.calendar->DayFont(), test.calendar->MonthFont());
     EXPECT_NE(test.calendar->DayFont(), test.calendar->WeekDayFont());
-    for (const PropertyRow& row : kCalendarRows) {
-        if (row.kind == Kind::Choice) {
-            EXPECT_EQ(ReadBack(*test.calendar, row), row.high + 1) << row.name;
-        }
-    }
     EXPECT_TRUE(test.Paint().empty());
 
     MemoryBag empty;
@@ -52,6 +42,25 @@ TEST(CalendarSaving, ReadsAsANewCalendarWithoutChecks) {
     test.TakeLog();
     test.Clicks(Day(2020, 3, 15));
     EXPECT_NE(Joined(test.TakeLog()).find("DayChanged 15"), std::string::npos);
+}
+
+TEST(CalendarSaving, FollowsTheDayOfLoadingUntilADateIsChosen) {
+    const std::pair<DayNumber, DayNumber> kCases[] = {// what is chosen, 0 for none; what is read
+                                                      {0, Day(2020, 3, 17)},
+                                                      {Day(2020, 3, 15), Day(2020, 3, 15)}};
+    for (const auto& [chosen, read] : kCases) {
+        MemoryBag bag;
+        for (int day = 0; day < 3; ++day) {
+            TestCalendar test;
+            test.now.value += day;
+            test.calendar->ReadProps(bag);
+            if (chosen && day == 0) test.calendar->DateValue(DateOf(chosen));
+            test.now.value += 0.75;  // past midnight
+            test.calendar->WriteProps(bag);
+            if (day < 2) continue;
+            EXPECT_EQ(IsoDate(DayOf(test.calendar->SelectedDate())), IsoDate(read));
+        }
+    }
 }
 
 TEST(CalendarTransfer, CopiesEachRowAlone) {
