@@ -82,27 +82,76 @@ TEST(CalendarTransfer, CopiesEachRowAlone) {
     }
 }
 
-TEST(CalendarTransfer, CopiesTheWholeDecorationOfDirtyDays) {
-    TestCalendar test;
-    CProperties holder(test.dates);
-    for (const DayRef& day : {test.calendar->Days()->Item(5), test.calendar->Days()->Item(6),
-                              test.calendar->Days()->Item(7)})
-        day->Caption("its own");
-    const DayRef from = holder.Days()->Item(5);
-    const PictureRef picture = IconOf(1, 1);
-    from->Caption("copied");
-    from->BackColor(std::int32_t{0x0000FF});
-    from->ForeColor(Null{});
-    from->Picture(picture);
-    holder.Days()->Item(6)->ForeColor(std::int32_t{0});
-    test.calendar->SetProps(holder);
-    const DayRef to = test.calendar->Days()->Item(5);
-    EXPECT_EQ(to->Caption(), "copied");
-    EXPECT_EQ(to->BackColor(), Variant(std::int32_t{0x0000FF}));
-    EXPECT_EQ(to->ForeColor(), Variant(Null{}));
-    EXPECT_EQ(to->Picture(), picture);
-    EXPECT_EQ(test.calendar->Days()->Item(6)->Caption(), "");
-    EXPECT_EQ(test.calendar->Days()->Item(7)->Caption(), "its own");
+/// A client's own objects with the names of a holder, of its days or of one of them.
+class Named : public AutomationObject {
+public:
+    std::map<std::string_view, Variant> members;
+    std::vector<std::shared_ptr<Named>> items;
+
+    Variant GetMember(std::string_view name) const override {
+        const auto member = members.find(name);
+        return member == members.end() ? AutomationObject::GetItem(0) : member->second;
+    }
+    void LetMember(std::string_view, const Variant&) override {}
+    Variant GetItem(std::int16_t index) const override {
+        return ObjectRef(items.at(static_cast<std::size_t>(index) - 1));
+    }
+};
+
+std::shared_ptr<Named> NamesOf(const VmDays& days, bool dated) {
+    const auto named = std::make_shared<Named>();
+    named->members = {{"Count", days.Count()}, {"DefaultBackColor", days.DefaultBackColor()}};
+    for (const DayRef& day : days.Items()) {
+        named->items.push_back(std::make_shared<Named>());
+        named->items.back()->members = {{"Dirty", day->Dirty()},
+                                        {"BackColor", day->BackColor()},
+                                        {"ForeColor", day->ForeColor()},
+                                        {"Caption", day->Caption()},
+                                        {"Picture", ObjectRef(day->Picture())}};
+        if (dated) named->items.back()->members["DayDate"] = day->DayDate();
+    }
+    return named;
+}
+
+/// From a holder of this library and from others, whose days may have no dates.
+TEST(CalendarTransfer, DecoratesTheDaysOfTheSameDateAlone) {
+    enum class From { Own, Named, Undated };
+    for (const From from : {From::Own, From::Named, From::Undated}) {
+        for (const int month : {3, 4}) {  // that of the holder's days
+            TestCalendar test;
+            CProperties own(test.dates);
+            own.FollowMonth(Day(2020, month, 1));
+            own.Days()->DefaultBackColor(0x123456);
+            const DayRef rent = own.Days()->Item(5);
+            const PictureRef picture = IconOf(1, 1);
+            rent->Caption("rent"), rent->BackColor(255), rent->ForeColor(Null{});
+            rent->Picture(picture);
+            own.Days()->Item(6)->ForeColor(0);
+            Named named;
+            named.members["DateValue"] = own.DateValue();
+            named.members["Days"] = ObjectRef(NamesOf(*own.Days(), from == From::Named));
+            test.calendar->Days()->Item(6)->Caption("gone with its month");
+            test.calendar->OnDateScroll(MonthIndex(Day(2020, 4, 1)));
+            test.TakeLog();
+            const auto copy = [&](const AutomationObject& holder) {
+                return NumberOf([&] { test.calendar->SetProps(holder); });
+            };
+            EXPECT_EQ(from == From::Own ? copy(own) : copy(named),
+                      from == From::Own ? ErrorNumber{} : ErrorNumber::MemberNotFound);
+            EXPECT_TRUE(Joined(test.TakeLog()).ends_with("MonthChanged 3, repaint"));
+            EXPECT_EQ(test.calendar->DayDefaultBackColor(), 0x123456u);
+            const VmDays& days = *test.calendar->Days();
+            const bool copied = month == 3 || from == From::Undated;
+            const VmDay& to = *days.Item(5);
+            EXPECT_EQ(IsoDate(DayOf(to.DayDate())), "2020-03-05");
+            EXPECT_EQ(to.Caption(), copied ? "rent" : "");
+            EXPECT_EQ(to.BackColor(), copied ? Variant(255) : Variant());
+            EXPECT_EQ(to.ForeColor(), copied ? Variant(Null{}) : Variant());
+            EXPECT_EQ(to.Picture(), copied ? picture : nullptr);
+            EXPECT_EQ(days.Item(6)->Caption() + days.Item(7)->Caption(), "");
+            EXPECT_EQ(days.Item(6)->Dirty(), copied);
+        }
+    }
 }
 
 TEST(CalendarTransfer, DisjointRangesGoThroughInBothDirections) {
