@@ -174,23 +174,16 @@ TEST(CalendarTransfer, DisjointRangesGoThroughInBothDirections) {
 }
 
 TEST(CalendarTransfer, SkipsWhatIsMissingOrRefusedAndReportsTheFirst) {
-    class Holder : public AutomationObject {
-    public:
-        Variant GetMember(std::string_view name) const override {
-            if (name == "FirstDayOfWeek") return std::int32_t{9};
-            if (name == "MonthDisplay") return std::int16_t{1};
-            if (name == "DateValue") return Date(43000);
-            if (name == "WeekDayForeColor") return std::int32_t{0x01000000};  // refused as the last
-            throw AutomationError(ErrorNumber::MemberNotFound);
-        }
-        void LetMember(std::string_view, const Variant&) override {}
-    };
+    Named holder;
+    holder.members = {{"FirstDayOfWeek", std::int32_t{9}},
+                      {"MonthDisplay", std::int16_t{1}},
+                      {"DateValue", Date(43000)},
+                      {"WeekDayForeColor", std::int32_t{0x01000000}}};  // refused as the last
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelScrollbar);
     for (int i = 0; i < 2; ++i) {  // the second one moves no date
         test.dateScroll.shown = "moved by the user";
-        EXPECT_EQ(NumberOf([&] { test.calendar->SetProps(Holder()); }),
-                  ErrorNumber::MemberNotFound);
+        EXPECT_EQ(NumberOf([&] { test.calendar->SetProps(holder); }), ErrorNumber::MemberNotFound);
         EXPECT_EQ(test.dateScroll.shown, "-10799..13200: 1413");  // September 2017
     }
     EXPECT_EQ(test.calendar->FirstDayOfWeek(), VmSunday);

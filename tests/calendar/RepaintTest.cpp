@@ -81,7 +81,10 @@ TEST(Repaint, OfAPartShowsWhatARepaintOfAllShows) {
             done += ", then " + walk.Date(1);
         } else if (i % 10 == 4) {
             test.now.value += 0.5;
-            done = "midnight, then " + walk.Date(1);
+            test.calendar->DateMax(
+                DateOf(DayOf(test.calendar->SelectedDate()) - walk.Random(0, 40)));
+            test.calendar->DateMax(kDefaultDateMax);
+            done = "midnight and a limit, then " + walk.Date(1);
         } else if (i % 10 == 0) {
             done = "uncover";  // what lay over a part of it has gone
             const int x = walk.Random(0, test.client.width - 1);

@@ -76,7 +76,7 @@ key Ctrl+PageDown -> YearChanged(2021) !DateValue = 2021-02-28
 let DateValue 2021-01-31 -> DateChanged(2021-01-31) DayChanged(31) MonthChanged(1) !DateValue
                    = 2021-01-31
 key PageDown     -> MonthChanged(2) !DateValue = 2021-02-28
-let DateMin 2021-03-05 -> !DateValue !DateMin = 2021-03-01
+let DateMin 2021-03-05 -> !DateValue !DateMin = 2021-03-01 {}
 let DateMax 2021-03-05 -> !DateMax
 let FirstDayOfWeek 1 -> !FirstDayOfWeek
 let Enabled 0    -> !Enabled
