@@ -32,8 +32,8 @@ public:
 
     /// False while a form is being designed. True where the container does not say.
     bool IsUserMode() const { return m_userMode; }
-    /// Whether the container has the user kept from using its controls, as a debugger does.
-    bool IsUiDead() const { return m_uiDead; }
+    /// Neither is a form being designed nor the user kept from its controls, as by a debugger.
+    bool IsInUse() const { return m_userMode && !m_uiDead; }
     /// Asks for the two again, which are asked for with every message.
     void ReadModes();
     LCID Locale() const;

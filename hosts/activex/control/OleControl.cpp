@@ -50,6 +50,8 @@ OleControl::OleControl(const ControlClass& controlClass)
       m_window(*this),
       m_dates(SharedDateLocale(GetUserDefaultLCID()), LocalNow),
       m_locale(GetUserDefaultLCID()),
+      m_activation(static_cast<IOleObject&>(*this), *this, m_site, m_window, controlClass.userType),
+      m_storage(static_cast<IOleObject&>(*this), *this),
       m_events(*this, controlClass.events, ConnectionPoint::Kind::Events),
       m_properties(*this, __uuidof(IPropertyNotifySink), ConnectionPoint::Kind::Interface) {
     const SIZE pixels = controlClass.defaultPixels;
@@ -67,9 +69,10 @@ void* OleControl::FindOle(REFIID iid) {
     if (is(__uuidof(IOleObject))) return static_cast<IOleObject*>(this);
     if (is(__uuidof(IOleControl))) return static_cast<IOleControl*>(this);
     if (is(__uuidof(IOleInPlaceObject)) || is(__uuidof(IOleWindow))) {
-        return static_cast<IOleInPlaceObject*>(this);
+        return static_cast<IOleInPlaceObject*>(&m_activation);
     }
-    if (is(__uuidof(IOleInPlaceActiveObject))) return static_cast<IOleInPlaceActiveObject*>(this);
+    if (is(__uuidof(IOleInPlaceActiveObject)))
+        return static_cast<IOleInPlaceActiveObject*>(&m_activation);
     if (is(__uuidof(IViewObject)) || is(__uuidof(IViewObject2)) || is(__uuidof(IViewObjectEx))) {
         return static_cast<IViewObjectEx*>(this);
     }
@@ -77,7 +80,7 @@ void* OleControl::FindOle(REFIID iid) {
         is(__uuidof(IPersist))) {
         return static_cast<IPersistStreamInit*>(this);
     }
-    if (is(__uuidof(IPersistStorage))) return static_cast<IPersistStorage*>(this);
+    if (is(__uuidof(IPersistStorage))) return static_cast<IPersistStorage*>(&m_storage);
     if (is(__uuidof(IPersistPropertyBag))) return static_cast<IPersistPropertyBag*>(this);
     if (is(__uuidof(IConnectionPointContainer)))
         return static_cast<IConnectionPointContainer*>(this);
@@ -94,7 +97,7 @@ void* OleControl::FindOle(REFIID iid) {
 STDMETHODIMP OleControl::SetClientSite(IOleClientSite* site) {
     const Hold hold(*this);
     return Guard([&] {
-        if (site != m_site.Get().Get()) InPlaceDeactivate();
+        if (site != m_site.Get().Get()) m_activation.InPlaceDeactivate();
         m_site.Set(site);
         if (!site) return;
         ReadLocale();
@@ -111,8 +114,8 @@ STDMETHODIMP OleControl::Close(DWORD saveOption) {
     return Guard([&] {
         const ComPtr<IOleClientSite> site = m_site.Get();
         if (saveOption != OLECLOSE_NOSAVE && m_dirty && site) site->SaveObject();
-        InPlaceDeactivate();
-        if (const ComPtr<IOleAdviseHolder> advises = m_advises) advises->SendOnClose();
+        m_activation.InPlaceDeactivate();
+        m_advises.Closed();
     });
 }
 
@@ -132,22 +135,38 @@ STDMETHODIMP OleControl::GetClipboardData(DWORD, IDataObject** data) {
 STDMETHODIMP OleControl::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND parent, LPCRECT) {
     const Hold hold(*this);
     return Guard([&]() -> HRESULT {
+        EnsureInitialized();
         switch (verb) {
             case OLEIVERB_DISCARDUNDOSTATE: return S_OK;
-            case OLEIVERB_HIDE: Hide(); return S_OK;
+            case OLEIVERB_HIDE: m_activation.Hide(); return S_OK;
             case OLEIVERB_PROPERTIES:
-            case kVerbProperties: EnsureInitialized(); return ShowProperties(parent);
+            case kVerbProperties: return ShowProperties(parent);
             case OLEIVERB_SHOW:
-            case OLEIVERB_INPLACEACTIVATE: return Activate();
+            case OLEIVERB_INPLACEACTIVATE: return m_activation.Activate();
             case OLEIVERB_PRIMARY:
             case OLEIVERB_OPEN:
-            case OLEIVERB_UIACTIVATE: return ActivateUi();
+            case OLEIVERB_UIACTIVATE: return m_activation.ActivateUi();
             default: break;
         }
         if (verb < 0) return E_NOTIMPL;
-        const HRESULT activated = ActivateUi();
+        const HRESULT activated = m_activation.ActivateUi();
         return FAILED(activated) ? activated : OLEOBJ_S_INVALIDVERB;
     });
+}
+
+HRESULT OleControl::ShowProperties(HWND parent) {
+    const auto site = m_site.As<IOleControlSite>();
+    if (site && SUCCEEDED(site->ShowPropertyFrame())) return S_OK;
+    std::wstring title = m_site.DisplayName();
+    if (title.empty()) title = m_class.userType;
+    CAUUID pages{};
+    if (const HRESULT got = GetPages(&pages); FAILED(got)) return got;
+    IUnknown* object = static_cast<IOleObject*>(this);
+    const HRESULT shown =
+        OleCreatePropertyFrame(parent ? parent : m_activation.OwnerOfDialogs(), 0, 0, title.c_str(),
+                               1, &object, pages.cElems, pages.pElems, m_locale, 0, nullptr);
+    CoTaskMemFree(pages.pElems);
+    return shown;
 }
 
 STDMETHODIMP OleControl::EnumVerbs(IEnumOLEVERB** verbs) {
@@ -188,23 +207,6 @@ STDMETHODIMP OleControl::GetExtent(DWORD aspect, SIZEL* extent) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     *extent = m_extent;
     return S_OK;
-}
-
-STDMETHODIMP OleControl::Advise(IAdviseSink* sink, DWORD* connection) {
-    if (!connection) return E_POINTER;
-    *connection = 0;
-    const HRESULT made = m_advises ? S_OK : CreateOleAdviseHolder(&m_advises);
-    return FAILED(made) ? made : m_advises->Advise(sink, connection);
-}
-
-STDMETHODIMP OleControl::Unadvise(DWORD connection) {
-    return m_advises ? m_advises->Unadvise(connection) : OLE_E_NOCONNECTION;
-}
-
-STDMETHODIMP OleControl::EnumAdvise(IEnumSTATDATA** advises) {
-    if (!advises) return E_POINTER;
-    *advises = nullptr;
-    return m_advises ? m_advises->EnumAdvise(advises) : OLE_E_ADVISENOTSUPPORTED;
 }
 
 STDMETHODIMP OleControl::GetMiscStatus(DWORD, DWORD* status) {
@@ -380,7 +382,7 @@ void OleControl::Raise(DISPID event, std::span<VARIANT> arguments) {
 
 void OleControl::ShowAboutBox(const AboutText& text) {
     const Hold hold(*this);
-    ShowAboutDialog(OwnerOfDialogs(), text);
+    ShowAboutDialog(m_activation.OwnerOfDialogs(), text);
 }
 
 }  // namespace velmora

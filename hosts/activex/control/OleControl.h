@@ -5,6 +5,9 @@
 #include "hosts/activex/com/ObjectBridge.h"
 #include "hosts/activex/control/ContainerSite.h"
 #include "hosts/activex/control/ControlClass.h"
+#include "hosts/activex/control/ControlStorage.h"
+#include "hosts/activex/control/InPlaceActivation.h"
+#include "hosts/activex/control/ViewAdvises.h"
 #include "hosts/activex/win32/WinDrawing.h"
 #include "hosts/activex/win32/WinWindowing.h"
 #include "platform/Hosting.h"
@@ -34,11 +37,8 @@ namespace velmora {
 /// takes its window away; it may be activated again.
 class OleControl : public IOleObject,
                    public IOleControl,
-                   public IOleInPlaceObject,
-                   public IOleInPlaceActiveObject,
                    public IViewObjectEx,
                    public IPersistStreamInit,
-                   public IPersistStorage,
                    public IPersistPropertyBag,
                    public IConnectionPointContainer,
                    public IProvideClassInfo2,
@@ -46,7 +46,9 @@ class OleControl : public IOleObject,
                    public IDataObject,
                    public IObjectSafety,
                    public ISupportErrorInfo,
-                   public Hosting {
+                   public Hosting,
+                   private InPlaceActivation::Control,
+                   private ControlStorage::Control {
 public:
     OleControl(const OleControl&) = delete;
     OleControl& operator=(const OleControl&) = delete;
@@ -69,9 +71,15 @@ public:
     STDMETHODIMP GetUserType(DWORD form, LPOLESTR* type) override;
     STDMETHODIMP SetExtent(DWORD aspect, SIZEL* extent) override;
     STDMETHODIMP GetExtent(DWORD aspect, SIZEL* extent) override;
-    STDMETHODIMP Advise(IAdviseSink* sink, DWORD* connection) override;
-    STDMETHODIMP Unadvise(DWORD connection) override;
-    STDMETHODIMP EnumAdvise(IEnumSTATDATA** advises) override;
+    STDMETHODIMP Advise(IAdviseSink* sink, DWORD* connection) override {
+        return m_advises.OfObject(&IOleAdviseHolder::Advise, sink, connection);
+    }
+    STDMETHODIMP Unadvise(DWORD connection) override {
+        return m_advises.OfObject(&IOleAdviseHolder::Unadvise, connection);
+    }
+    STDMETHODIMP EnumAdvise(IEnumSTATDATA** advises) override {
+        return m_advises.OfObject(&IOleAdviseHolder::EnumAdvise, advises);
+    }
     STDMETHODIMP GetMiscStatus(DWORD aspect, DWORD* status) override;
     STDMETHODIMP SetColorScheme(LOGPALETTE*) override { return E_NOTIMPL; }
 
@@ -80,23 +88,6 @@ public:
     STDMETHODIMP OnMnemonic(MSG* message) override;
     STDMETHODIMP OnAmbientPropertyChange(DISPID property) override;
     STDMETHODIMP FreezeEvents(BOOL freeze) override;
-
-    // IOleWindow
-    STDMETHODIMP GetWindow(HWND* window) override;
-    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-
-    // IOleInPlaceObject
-    STDMETHODIMP InPlaceDeactivate() override;
-    STDMETHODIMP UIDeactivate() override;
-    STDMETHODIMP SetObjectRects(LPCRECT place, LPCRECT clip) override;
-    STDMETHODIMP ReactivateAndUndo() override { return INPLACE_E_NOTUNDOABLE; }
-
-    // IOleInPlaceActiveObject
-    STDMETHODIMP TranslateAccelerator(MSG* message) override;
-    STDMETHODIMP OnFrameWindowActivate(BOOL) override { return S_OK; }
-    STDMETHODIMP OnDocWindowActivate(BOOL) override { return S_OK; }
-    STDMETHODIMP ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL) override { return S_OK; }
-    STDMETHODIMP EnableModeless(BOOL) override { return S_OK; }
 
     // IViewObjectEx
     STDMETHODIMP Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device,
@@ -107,7 +98,9 @@ public:
     STDMETHODIMP Freeze(DWORD, LONG, void*, DWORD*) override { return E_NOTIMPL; }
     STDMETHODIMP Unfreeze(DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) override;
-    STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
+    STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override {
+        return m_advises.GetView(aspects, flags, sink);
+    }
     STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device,
                            SIZEL* extent) override;
     STDMETHODIMP GetRect(DWORD aspect, RECTL* rect) override;
@@ -126,11 +119,6 @@ public:
     STDMETHODIMP Load(IStream* stream) override;
     STDMETHODIMP Save(IStream* stream, BOOL clearDirty) override;
     STDMETHODIMP GetSizeMax(ULARGE_INTEGER* size) override;
-    STDMETHODIMP InitNew(IStorage* storage) override;
-    STDMETHODIMP Load(IStorage* storage) override;
-    STDMETHODIMP Save(IStorage* storage, BOOL sameAsLoad) override;
-    STDMETHODIMP SaveCompleted(IStorage* storage) override;
-    STDMETHODIMP HandsOffStorage() override;
     STDMETHODIMP Load(IPropertyBag* bag, IErrorLog* log) override;
     STDMETHODIMP Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) override;
 
@@ -153,9 +141,15 @@ public:
     STDMETHODIMP SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
     STDMETHODIMP EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) override;
     STDMETHODIMP DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink,
-                         DWORD* connection) override;
-    STDMETHODIMP DUnadvise(DWORD connection) override;
-    STDMETHODIMP EnumDAdvise(IEnumSTATDATA** advises) override;
+                         DWORD* connection) override {
+        return m_advises.OfData(&IDataAdviseHolder::Advise, this, format, flags, sink, connection);
+    }
+    STDMETHODIMP DUnadvise(DWORD connection) override {
+        return m_advises.OfData(&IDataAdviseHolder::Unadvise, connection);
+    }
+    STDMETHODIMP EnumDAdvise(IEnumSTATDATA** advises) override {
+        return m_advises.OfData(&IDataAdviseHolder::EnumAdvise, advises);
+    }
 
     // IObjectSafety: whatever data it is loaded with does no harm. Nothing is promised about what
     // a script may call.
@@ -216,9 +210,6 @@ protected:
     virtual void OnDropModeChanged() {}
     /// The published property behind a key that the core reports a change of.
     virtual std::string_view PropertyOfKey(std::string_view key) const { return key; }
-    /// Whether the control itself uses the key before the container's accelerators (arrows, Tab
-    /// not). `inChild`: one of its child windows has the focus.
-    virtual bool WantsKey(WORD virtualKey, bool inChild) const = 0;
 
     // What the shell gives it.
 
@@ -249,27 +240,17 @@ private:
     private:
         OleControl& m_owner;
     };
-    enum class Storage { None, Normal, NoScribble, HandsOff };
 
-    // Activation
-    HRESULT Activate();
-    HRESULT ActivateUi();
-    HRESULT MakeWindow();
-    /// The form is not being designed, and its container lets the user at it.
-    bool IsInUse() const { return m_site.IsUserMode() && !m_site.IsUiDead(); }
-    void TellFrames(IOleInPlaceActiveObject* active);
-    void Hide();
     HRESULT ShowProperties(HWND parent);
-    bool HasFocus(bool& inChild) const;
-    void TakeFocus();
-    HWND OwnerOfDialogs() const;
+    IPersistStreamInit& Stream() override { return *this; }
+    void OnSaved(bool isCurrent) override;
+
+    // Window
+    HRESULT CreateControlWindow(HWND parent, const RECT& place) override;
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
-    HRESULT CreateControlWindow(HWND parent, const RECT& place);
     bool Serve(UINT message, WPARAM w, LPARAM l, LRESULT& result);
     bool ServeInShell(UINT message, WPARAM w, LPARAM l, LRESULT& result);
     LRESULT DialogCode(const MSG* message) const;
-    void ServeFocus(UINT message, WPARAM w);
-    void TellFocus(bool hasFocus);
     void EndWindow();
 
     // View
@@ -298,20 +279,12 @@ private:
     std::unordered_map<std::string, DISPID> m_ids;  // of published properties, as they were needed
 
     ContainerSite m_site;
-    Microsoft::WRL::ComPtr<IOleInPlaceSite> m_inPlaceSite;  // while active
-    Microsoft::WRL::ComPtr<IOleInPlaceFrame> m_frame;
-    Microsoft::WRL::ComPtr<IOleInPlaceUIWindow> m_document;
-    bool m_activating = false;
-    bool m_uiActive = false;
-    bool m_focusTold = false;  // the container knows that the control has the focus
+    InPlaceActivation m_activation;
+    ControlStorage m_storage;
+    ViewAdvises m_advises;
     unsigned m_frozen = 0;
 
     SIZEL m_extent{};  // HIMETRIC, as it was set, so that it does not drift
-    Microsoft::WRL::ComPtr<IOleAdviseHolder> m_advises;
-    Microsoft::WRL::ComPtr<IDataAdviseHolder> m_dataAdvises;
-    Microsoft::WRL::ComPtr<IAdviseSink> m_viewSink;
-    DWORD m_viewAspects = 0;
-    DWORD m_viewFlags = 0;
 
     ConnectionPoint m_events;
     ConnectionPoint m_properties;
@@ -319,9 +292,6 @@ private:
     bool m_initialized = false;
     bool m_loading = false;
     bool m_dirty = false;
-    bool m_savedToOwn = false;  // the last save went to the storage that it was loaded from
-    Storage m_storageState = Storage::None;
-    Microsoft::WRL::ComPtr<IStorage> m_storage;
 };
 
 }  // namespace velmora

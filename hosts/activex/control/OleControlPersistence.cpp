@@ -11,10 +11,6 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-constexpr wchar_t kStreamName[] = L"Contents";
-constexpr DWORD kReading = STGM_READ | STGM_SHARE_EXCLUSIVE;
-constexpr DWORD kWriting = STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE;
-
 // The size, in HIMETRIC, for containers that leave it to the control.
 constexpr char kWidthKey[] = "_ExtentX";
 constexpr char kHeightKey[] = "_ExtentY";
@@ -77,6 +73,11 @@ void OleControl::SaveTo(PropertyBag& bag) {
     WriteProperties(bag);
 }
 
+void OleControl::OnSaved(bool isCurrent) {
+    if (isCurrent) m_dirty = false;
+    m_advises.Saved();
+}
+
 STDMETHODIMP OleControl::Load(IStream* stream) {
     if (!stream) return E_POINTER;
     const Hold hold(*this);
@@ -121,66 +122,6 @@ STDMETHODIMP OleControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL) {
         SaveTo(values);
         if (clearDirty) m_dirty = false;
     });
-}
-
-STDMETHODIMP OleControl::InitNew(IStorage* storage) {
-    if (!storage) return E_POINTER;
-    if (m_storageState != Storage::None) return CO_E_ALREADYINITIALIZED;
-    if (const HRESULT made = InitNew(); FAILED(made)) return made;
-    m_storage = storage;
-    m_storageState = Storage::Normal;
-    return S_OK;
-}
-
-STDMETHODIMP OleControl::Load(IStorage* storage) {
-    if (!storage) return E_POINTER;
-    if (m_storageState != Storage::None) return CO_E_ALREADYINITIALIZED;
-    ComPtr<IStream> stream;
-    const HRESULT opened = storage->OpenStream(kStreamName, nullptr, kReading, 0, &stream);
-    if (FAILED(opened)) return opened;
-    if (const HRESULT loaded = Load(stream.Get()); FAILED(loaded)) return loaded;
-    m_storage = storage;
-    m_storageState = Storage::Normal;
-    return S_OK;
-}
-
-STDMETHODIMP OleControl::Save(IStorage* storage, BOOL sameAsLoad) {
-    if (m_storageState == Storage::NoScribble || m_storageState == Storage::HandsOff) {
-        return E_UNEXPECTED;
-    }
-    const ComPtr<IStorage> target = sameAsLoad && !storage ? m_storage : storage;
-    if (!target) return E_POINTER;
-    ComPtr<IStream> stream;
-    const HRESULT made = target->CreateStream(kStreamName, kWriting, 0, 0, &stream);
-    if (FAILED(made)) return made;
-    const HRESULT saved = Save(stream.Get(), FALSE);
-    if (FAILED(saved)) return saved;
-    m_savedToOwn = sameAsLoad != FALSE;
-    m_storageState = Storage::NoScribble;
-    return S_OK;
-}
-
-/// Null after a save: the storage of before stays.
-STDMETHODIMP OleControl::SaveCompleted(IStorage* storage) {
-    const bool mayFollow =
-        m_storageState == Storage::NoScribble || m_storageState == Storage::HandsOff;
-    if (!mayFollow) return E_UNEXPECTED;
-    if (!storage && m_storageState == Storage::HandsOff) return E_INVALIDARG;
-    const Hold hold(*this);
-    if (storage) m_storage = storage;
-    if (storage || m_savedToOwn) m_dirty = false;
-    m_storageState = m_storage ? Storage::Normal : Storage::None;
-    if (const ComPtr<IOleAdviseHolder> advises = m_advises) advises->SendOnSave();
-    return S_OK;
-}
-
-STDMETHODIMP OleControl::HandsOffStorage() {
-    if (m_storageState == Storage::None || m_storageState == Storage::HandsOff) {
-        return E_UNEXPECTED;
-    }
-    m_storage.Reset();
-    m_storageState = Storage::HandsOff;
-    return S_OK;
 }
 
 }  // namespace velmora

@@ -76,26 +76,12 @@ void OleControl::ApplyExtent() {
     const Size pixels{MulDiv(m_extent.cx, dpi, kHimetricPerInch),
                       MulDiv(m_extent.cy, dpi, kHimetricPerInch)};
     m_window.Extent(pixels);
-    const HWND window = m_window.Window();
-    const ComPtr<IOleInPlaceSite> site = m_inPlaceSite;
-    if (!window || !site) return;
-    RECT place{};
-    GetWindowRect(window, &place);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
-    place.right = place.left + pixels.width;
-    place.bottom = place.top + pixels.height;
-    site->OnPosRectChange(&place);
+    m_activation.AskForSize(pixels);
 }
 
 void OleControl::ViewChanged() {
     const Hold hold(*this);
-    if (const ComPtr<IAdviseSink> sink = m_viewSink) {
-        if (m_viewFlags & ADVF_ONLYONCE) m_viewSink.Reset();
-        sink->OnViewChange(DVASPECT_CONTENT, -1);
-    }
-    if (const ComPtr<IDataAdviseHolder> advises = m_dataAdvises) {
-        advises->SendOnDataChange(static_cast<IDataObject*>(this), 0, 0);
-    }
+    m_advises.Changed(*this);
 }
 
 STDMETHODIMP OleControl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context,
@@ -143,18 +129,9 @@ STDMETHODIMP OleControl::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC,
 
 STDMETHODIMP OleControl::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
     const Hold hold(*this);
-    const ComPtr<IAdviseSink> before = std::move(m_viewSink);  // may come back when released
-    m_viewSink = sink;
-    m_viewAspects = aspects;
-    m_viewFlags = flags;
+    m_advises.SetView(aspects, flags, sink);
     if (sink && (flags & ADVF_PRIMEFIRST)) ViewChanged();
     return S_OK;
-}
-
-STDMETHODIMP OleControl::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
-    if (aspects) *aspects = m_viewAspects;
-    if (flags) *flags = m_viewFlags;
-    return sink ? m_viewSink.CopyTo(sink) : S_OK;
 }
 
 STDMETHODIMP OleControl::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, SIZEL* extent) {
@@ -284,25 +261,6 @@ STDMETHODIMP OleControl::EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats
         return Enumerator<IEnumFORMATETC, FORMATETC>::Make({kFormats.begin(), kFormats.end()},
                                                            nullptr, formats);
     });
-}
-
-STDMETHODIMP OleControl::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink,
-                                 DWORD* connection) {
-    if (!format || !connection) return E_POINTER;
-    *connection = 0;
-    const HRESULT made = m_dataAdvises ? S_OK : CreateDataAdviseHolder(&m_dataAdvises);
-    if (FAILED(made)) return made;
-    return m_dataAdvises->Advise(static_cast<IDataObject*>(this), format, flags, sink, connection);
-}
-
-STDMETHODIMP OleControl::DUnadvise(DWORD connection) {
-    return m_dataAdvises ? m_dataAdvises->Unadvise(connection) : OLE_E_NOCONNECTION;
-}
-
-STDMETHODIMP OleControl::EnumDAdvise(IEnumSTATDATA** advises) {
-    if (!advises) return E_POINTER;
-    *advises = nullptr;
-    return m_dataAdvises ? m_dataAdvises->EnumAdvise(advises) : OLE_E_ADVISENOTSUPPORTED;
 }
 
 }  // namespace velmora

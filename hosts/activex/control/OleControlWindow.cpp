@@ -5,8 +5,6 @@
 
 #include <olectl.h>
 
-#include <utility>
-
 namespace velmora {
 
 using Microsoft::WRL::ComPtr;
@@ -14,8 +12,6 @@ using Microsoft::WRL::ComPtr;
 namespace {
 
 constexpr wchar_t kClassName[] = L"VelmoraCalendar.Control";
-constexpr UINT kFocusMoved = WM_USER + 0x6FF;  // where the focus went is known only afterwards
-
 /// Registered from first use until the module ends.
 class WindowClass {
 public:
@@ -37,24 +33,6 @@ public:
 bool IsInput(UINT message) {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
-}
-
-bool IsPress(UINT message) {
-    switch (message) {
-        case WM_LBUTTONDOWN:
-        case WM_RBUTTONDOWN:
-        case WM_MBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
-        case WM_RBUTTONDBLCLK:
-        case WM_MBUTTONDBLCLK: return true;
-        default: return false;
-    }
-}
-
-bool IsChildFocus(WPARAM command) {
-    const WORD code = HIWORD(command);
-    return code == CBN_SETFOCUS || code == CBN_KILLFOCUS || code == EN_SETFOCUS ||
-           code == EN_KILLFOCUS;
 }
 
 }  // namespace
@@ -99,7 +77,7 @@ bool OleControl::Serve(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     if (ServeInShell(message, w, l, result)) return true;
     const HWND window = m_window.Window();
     if (!window) return message != WM_DESTROY;  // a handler has destroyed it
-    if (IsInput(message) && !IsInUse()) return false;
+    if (IsInput(message) && !m_site.IsInUse()) return false;
     return OnMessage(message, w, l, result);
 }
 
@@ -123,7 +101,7 @@ bool OleControl::ServeInShell(UINT message, WPARAM w, LPARAM l, LRESULT& result)
         case WM_ENABLE:
         case WM_SHOWWINDOW: OnWindowChanged(); return false;
         case WM_DESTROY: EndWindow(); return false;
-        default: ServeFocus(message, w); return false;
+        default: m_activation.OnMessage(message, w); return false;
     }
 }
 
@@ -133,35 +111,10 @@ LRESULT OleControl::DialogCode(const MSG* message) const {
     return DLGC_WANTARROWS | DLGC_WANTCHARS | (isWanted ? DLGC_WANTMESSAGE : 0);
 }
 
-/// A press gives the control the focus and makes it the active one; the focus alone does, too.
-void OleControl::ServeFocus(UINT message, WPARAM w) {
-    const HWND window = m_window.Window();
-    if (message == WM_SETFOCUS || (IsPress(message) && IsInUse())) {
-        if (IsInUse() && !m_uiActive) ActivateUi();
-        if (IsPress(message) && m_window.Window() && GetFocus() != window) SetFocus(window);
-        TellFocus(true);
-    } else if (message == WM_MOUSEACTIVATE) {
-        if (IsInUse() && !m_uiActive) ActivateUi();
-    } else if (message == WM_KILLFOCUS) {
-        const auto next = reinterpret_cast<HWND>(w);
-        TellFocus(next && IsChild(window, next));
-    } else if (message == WM_COMMAND && IsChildFocus(w)) {
-        PostMessageW(window, kFocusMoved, 0, 0);
-    } else if (message == kFocusMoved) {
-        bool inChild = false;
-        TellFocus(HasFocus(inChild));
-    }
-}
-
-void OleControl::TellFocus(bool hasFocus) {
-    if (std::exchange(m_focusTold, hasFocus) == hasFocus) return;
-    if (const auto site = m_site.As<IOleControlSite>()) site->OnFocus(hasFocus);
-}
-
 void OleControl::EndWindow() {
     m_window.Detach();
     m_drawing.Dpi(Dpi());
-    TellFocus(false);
+    m_activation.OnWindowEnded();
     OnWindowRecreated();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/activex/win32/SelectorInput.h"
+#include "hosts/activex/win32/WinSelectorInput.h"
 #include "platform/Windowing.h"
 
 #include <windows.h>
@@ -18,7 +18,7 @@ namespace velmora {
 struct ChildSite {
     HWND parent;  // null: they are stand-ins
     int dpi;
-    SelectorInput& input;
+    WinSelectorInput& input;
     std::vector<class NativeChild*>& children;  // those that live
 };
 
@@ -64,7 +64,7 @@ protected:
     virtual int WindowHeight(const Rect& place) const { return place.bottom - place.top; }
     LRESULT Own(UINT message, WPARAM w, LPARAM l) const;
     LRESULT Send(UINT message, WPARAM w = 0, LPARAM l = 0) const;
-    void Post(SelectorInput::Action action) { m_input.Post(std::move(action)); }
+    void Post(WinSelectorInput::Action action) { m_input.Post(std::move(action)); }
     void CommitEdits() const;
 
     void MoveTo(const Rect& rect);
@@ -75,7 +75,7 @@ protected:
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
 
-    SelectorInput& m_input;
+    WinSelectorInput& m_input;
     std::vector<NativeChild*>& m_children;
     const int m_dpi;
     Rect m_place;

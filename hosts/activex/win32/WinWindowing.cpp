@@ -186,7 +186,7 @@ bool WinWindowing::OnChildMessage(VmCalendar& calendar, UINT message, WPARAM w, 
                                   LRESULT& result) {
     result = 0;
     switch (message) {
-        case SelectorInput::kMessage: m_input.Deliver(calendar); return true;
+        case WinSelectorInput::kMessage: m_input.Deliver(calendar); return true;
         case WM_COMMAND:
         case WM_HSCROLL:
         case WM_VSCROLL: {

@@ -1,21 +1,21 @@
-#include "hosts/activex/win32/SelectorInput.h"
+#include "hosts/activex/win32/WinSelectorInput.h"
 
 #include <utility>
 
 namespace velmora {
 
-void SelectorInput::Window(HWND window) {
+void WinSelectorInput::Window(HWND window) {
     m_window = window;
     m_actions.clear();
     m_posted = false;
 }
 
-void SelectorInput::Post(Action action) {
+void WinSelectorInput::Post(Action action) {
     m_actions.push_back(std::move(action));
     if (!std::exchange(m_posted, true)) PostMessageW(m_window, kMessage, 0, 0);
 }
 
-bool SelectorInput::Deliver(VmCalendar& calendar) {
+bool WinSelectorInput::Deliver(VmCalendar& calendar) {
     const Lifetime::Watch alive(m_lifetime);
     m_posted = false;
     while (alive && !m_actions.empty()) {

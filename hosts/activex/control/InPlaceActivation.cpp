@@ -1,16 +1,19 @@
-#include "hosts/activex/control/OleControl.h"
+#include "hosts/activex/control/InPlaceActivation.h"
 
+#include "hosts/activex/com/ComError.h"
 #include "hosts/activex/control/FlagScope.h"
 
 #include <olectl.h>
 
-#include <algorithm>
+#include <utility>
 
 namespace velmora {
 
 using Microsoft::WRL::ComPtr;
 
 namespace {
+
+constexpr UINT kFocusMoved = WM_USER + 0x6FF;  // where the focus went is known only afterwards
 
 constexpr DWORD kModifierShift = 1, kModifierControl = 2, kModifierAlt = 4;  // KEYMODIFIERS
 
@@ -20,11 +23,28 @@ DWORD ModifiersNow() {
            (down(VK_MENU) ? kModifierAlt : 0);
 }
 
+bool IsPress(UINT message) {
+    switch (message) {
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+        case WM_RBUTTONDBLCLK:
+        case WM_MBUTTONDBLCLK: return true;
+        default: return false;
+    }
+}
+
+bool IsChildFocus(WPARAM command) {
+    const WORD code = HIWORD(command);
+    return code == CBN_SETFOCUS || code == CBN_KILLFOCUS || code == EN_SETFOCUS ||
+           code == EN_KILLFOCUS;
+}
+
 }  // namespace
 
-HRESULT OleControl::Activate() {
+HRESULT InPlaceActivation::Activate() {
     if (!m_site) return Refuse(E_UNEXPECTED, "The control has no container.");
-    EnsureInitialized();
     if (m_window.Window()) {
         ShowWindow(m_window.Window(), SW_SHOWNA);
         return S_OK;
@@ -53,7 +73,7 @@ HRESULT OleControl::Activate() {
     return m_window.Window() ? S_OK : OLE_E_NOT_INPLACEACTIVE;
 }
 
-HRESULT OleControl::MakeWindow() {
+HRESULT InPlaceActivation::MakeWindow() {
     const ComPtr<IOleInPlaceSite> site = m_inPlaceSite;
     if (!site) return E_UNEXPECTED;  // the container has deactivated it in the meantime
     HWND parent = nullptr;
@@ -68,13 +88,14 @@ HRESULT OleControl::MakeWindow() {
     if (m_inPlaceSite.Get() != site.Get() || m_window.Window()) return E_UNEXPECTED;
     m_frame = frame;
     m_document = document;
-    if (const HRESULT created = CreateControlWindow(parent, place); FAILED(created)) return created;
+    if (const HRESULT created = m_control.CreateControlWindow(parent, place); FAILED(created))
+        return created;
     SetObjectRects(&place, &clip);
     ShowWindow(m_window.Window(), SW_SHOWNA);
     return S_OK;
 }
 
-HRESULT OleControl::ActivateUi() {
+HRESULT InPlaceActivation::ActivateUi() {
     if (const HRESULT activated = Activate(); FAILED(activated)) return activated;
     const ComPtr<IOleInPlaceSite> site = m_inPlaceSite;
     if (!site) return OLE_E_NOT_INPLACEACTIVE;
@@ -94,16 +115,16 @@ HRESULT OleControl::ActivateUi() {
     return m_uiActive ? S_OK : OLE_E_NOT_INPLACEACTIVE;
 }
 
-void OleControl::TellFrames(IOleInPlaceActiveObject* active) {
+void InPlaceActivation::TellFrames(IOleInPlaceActiveObject* active) {
     const ComPtr<IOleInPlaceFrame> frame = m_frame;
     const ComPtr<IOleInPlaceUIWindow> document = m_document;
-    const wchar_t* const name = active ? m_class.userType : nullptr;
+    const wchar_t* const name = active ? m_name : nullptr;
     if (frame) frame->SetActiveObject(active, name);
     if (document) document->SetActiveObject(active, name);
 }
 
-STDMETHODIMP OleControl::UIDeactivate() {
-    const Hold hold(*this);
+STDMETHODIMP InPlaceActivation::UIDeactivate() {
+    const auto hold = Hold();
     return Guard([&] {
         if (!m_uiActive) return;
         m_uiActive = false;
@@ -112,8 +133,8 @@ STDMETHODIMP OleControl::UIDeactivate() {
     });
 }
 
-STDMETHODIMP OleControl::InPlaceDeactivate() {
-    const Hold hold(*this);
+STDMETHODIMP InPlaceActivation::InPlaceDeactivate() {
+    const auto hold = Hold();
     return Guard([&] {
         if (!m_inPlaceSite) return;
         UIDeactivate();
@@ -126,20 +147,32 @@ STDMETHODIMP OleControl::InPlaceDeactivate() {
     });
 }
 
-void OleControl::Hide() {
+void InPlaceActivation::AskForSize(Size pixels) {
+    const HWND window = m_window.Window();
+    const ComPtr<IOleInPlaceSite> site = m_inPlaceSite;
+    if (!window || !site) return;
+    RECT place{};
+    GetWindowRect(window, &place);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    place.right = place.left + pixels.width;
+    place.bottom = place.top + pixels.height;
+    site->OnPosRectChange(&place);
+}
+
+void InPlaceActivation::Hide() {
     UIDeactivate();
     if (m_window.Window()) ShowWindow(m_window.Window(), SW_HIDE);
 }
 
-STDMETHODIMP OleControl::GetWindow(HWND* window) {
+STDMETHODIMP InPlaceActivation::GetWindow(HWND* window) {
     if (!window) return E_POINTER;
     *window = m_window.Window();
     return *window ? S_OK : E_FAIL;
 }
 
-STDMETHODIMP OleControl::SetObjectRects(LPCRECT place, LPCRECT clip) {
+STDMETHODIMP InPlaceActivation::SetObjectRects(LPCRECT place, LPCRECT clip) {
     if (!place || !clip) return E_POINTER;
-    const Hold hold(*this);
+    const auto hold = Hold();
     return Guard([&]() -> HRESULT {
         const HWND window = m_window.Window();
         if (!window) return OLE_E_NOT_INPLACEACTIVE;
@@ -157,29 +190,29 @@ STDMETHODIMP OleControl::SetObjectRects(LPCRECT place, LPCRECT clip) {
     });
 }
 
-bool OleControl::HasFocus(bool& inChild) const {
+bool InPlaceActivation::HasFocus(bool& inChild) const {
     const HWND window = m_window.Window();
     const HWND focus = window ? GetFocus() : nullptr;
     inChild = focus && IsChild(window, focus);
     return focus && (focus == window || inChild);
 }
 
-void OleControl::TakeFocus() {
+void InPlaceActivation::TakeFocus() {
     bool inChild = false;
     if (m_window.Window() && !HasFocus(inChild)) SetFocus(m_window.Window());
 }
 
 /// Alt belongs to the container, but for Alt with the arrows up and down.
-STDMETHODIMP OleControl::TranslateAccelerator(MSG* message) {
+STDMETHODIMP InPlaceActivation::TranslateAccelerator(MSG* message) {
     if (!message) return E_POINTER;
-    const Hold hold(*this);
+    const auto hold = Hold();
     return Guard([&]() -> HRESULT {
         bool inChild = false;
         if (!HasFocus(inChild)) return S_FALSE;
         const bool isKey = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
         const auto key = static_cast<WORD>(message->wParam);
         const bool isOwn = message->message == WM_KEYDOWN || key == VK_UP || key == VK_DOWN;
-        if (isKey && isOwn && IsInUse() && WantsKey(key, inChild)) {
+        if (isKey && isOwn && m_site.IsInUse() && m_control.WantsKey(key, inChild)) {
             TranslateMessage(message);
             DispatchMessageW(message);
             return S_OK;
@@ -190,27 +223,36 @@ STDMETHODIMP OleControl::TranslateAccelerator(MSG* message) {
     });
 }
 
-HWND OleControl::OwnerOfDialogs() const {
+void InPlaceActivation::OnMessage(UINT message, WPARAM w) {
+    const HWND window = m_window.Window();
+    if (message == WM_SETFOCUS || (IsPress(message) && m_site.IsInUse())) {
+        if (m_site.IsInUse() && !m_uiActive) ActivateUi();
+        if (IsPress(message) && m_window.Window() && GetFocus() != window) SetFocus(window);
+        TellFocus(true);
+    } else if (message == WM_MOUSEACTIVATE) {
+        if (m_site.IsInUse() && !m_uiActive) ActivateUi();
+    } else if (message == WM_KILLFOCUS) {
+        const auto next = reinterpret_cast<HWND>(w);
+        TellFocus(next && IsChild(window, next));
+    } else if (message == WM_COMMAND && IsChildFocus(w)) {
+        PostMessageW(window, kFocusMoved, 0, 0);
+    } else if (message == kFocusMoved) {
+        bool inChild = false;
+        TellFocus(HasFocus(inChild));
+    }
+}
+
+void InPlaceActivation::TellFocus(bool hasFocus) {
+    if (std::exchange(m_focusTold, hasFocus) == hasFocus) return;
+    if (const auto site = m_site.As<IOleControlSite>()) site->OnFocus(hasFocus);
+}
+
+HWND InPlaceActivation::OwnerOfDialogs() const {
     HWND window = nullptr;
     const ComPtr<IOleInPlaceSite> active = m_inPlaceSite;
     const auto site = active ? active : m_site.As<IOleInPlaceSite>();
     if (!site || FAILED(site->GetWindow(&window)) || !window) return GetActiveWindow();
     return GetAncestor(window, GA_ROOT);
-}
-
-HRESULT OleControl::ShowProperties(HWND parent) {
-    const auto site = m_site.As<IOleControlSite>();
-    if (site && SUCCEEDED(site->ShowPropertyFrame())) return S_OK;
-    std::wstring title = m_site.DisplayName();
-    if (title.empty()) title = m_class.userType;
-    CAUUID pages{};
-    if (const HRESULT got = GetPages(&pages); FAILED(got)) return got;
-    IUnknown* object = static_cast<IOleObject*>(this);
-    const HRESULT shown =
-        OleCreatePropertyFrame(parent ? parent : OwnerOfDialogs(), 0, 0, title.c_str(), 1, &object,
-                               pages.cElems, pages.pElems, m_locale, 0, nullptr);
-    CoTaskMemFree(pages.pElems);
-    return shown;
 }
 
 }  // namespace velmora

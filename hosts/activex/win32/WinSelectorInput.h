@@ -12,15 +12,15 @@ namespace velmora {
 /// What the user does with the child controls, kept until none of their own procedures runs any
 /// more and then told to the calendar, in the same order. So a handler may destroy the calendar's
 /// window, and the children with it, whatever the user has done.
-class SelectorInput {
+class WinSelectorInput {
 public:
     using Action = std::function<void(VmCalendar&)>;
     /// Posted to the window when there is something to tell.
     static constexpr UINT kMessage = WM_USER + 0x700;
 
-    SelectorInput() = default;
-    SelectorInput(const SelectorInput&) = delete;
-    SelectorInput& operator=(const SelectorInput&) = delete;
+    WinSelectorInput() = default;
+    WinSelectorInput(const WinSelectorInput&) = delete;
+    WinSelectorInput& operator=(const WinSelectorInput&) = delete;
 
     /// The window that the children are in; null forgets what has been posted.
     void Window(HWND window);
