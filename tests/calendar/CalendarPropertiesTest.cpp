@@ -50,41 +50,24 @@ TEST(CProperties, BeginsAndRefusesAsTheCalendar) {
     }
 }
 
-TEST(CalendarProperties, RefuseBitmapsAsIconsAndOtherDropModes) {
+TEST(CalendarProperties, RefuseOtherMembersAndDropModes) {
     TestCalendar test;
-    CProperties holder(test.dates);
     TestBoxes boxes;
-    const auto bitmap = std::make_shared<StdPicture>(PictureType::Bitmap, Size{}, nullptr);
-    for (AutomationObject* const object : std::initializer_list<AutomationObject*>{
-             test.calendar.get(), &holder, boxes.a.control.get()}) {
-        const auto numberOf = [&](const char* name) {
-            return NumberOf([&] { object->LetMember(name, ObjectRef(bitmap)); });
-        };
-        EXPECT_EQ(numberOf("MouseIcon"), ErrorNumber::InvalidPropertyValue);
-        EXPECT_EQ(numberOf("Days"), ErrorNumber::MemberNotFound);
-        EXPECT_EQ(numberOf("NoSuchName"), ErrorNumber::MemberNotFound);
-    }
-    for (const int mode : {-1, 3}) {
-        const auto refused = static_cast<VmOLEDropModeConstants>(mode);
-        EXPECT_EQ(NumberOf([&] { test.calendar->OLEDropMode(refused); }),
-                  ErrorNumber::InvalidPropertyValue);
-        EXPECT_EQ(NumberOf([&] { boxes.a.control->OLEDropMode(refused); }),
-                  ErrorNumber::InvalidPropertyValue);
-    }
-}
-
-TEST(CalendarProperties, FontsAreKeptByReferenceAndBeginAsSeparateCopies) {
-    TestCalendar test;
-    VmCalendar& calendar = *test.calendar;
-    EXPECT_NE(calendar.DayFont(), calendar.MonthFont());
-    EXPECT_NE(calendar.DayFont(), calendar.WeekDayFont());
-    EXPECT_NE(calendar.MonthFont(), calendar.WeekDayFont());
-    const auto font = std::make_shared<StdFont>();
-    calendar.DayFont(font);
-    EXPECT_EQ(calendar.DayFont(), font);
-    calendar.MonthFont(nullptr);
+    const auto refuse = [](auto& control) {
+        for (const char* name : {"Days", "NoSuchName"}) {
+            EXPECT_EQ(NumberOf([&] { control.LetMember(name, 1.0); }), ErrorNumber::MemberNotFound);
+        }
+        for (const int mode : {-1, 3}) {
+            const auto refused = static_cast<VmOLEDropModeConstants>(mode);
+            EXPECT_EQ(NumberOf([&] { control.OLEDropMode(refused); }),
+                      ErrorNumber::InvalidPropertyValue);
+        }
+    };
+    refuse(*test.calendar);
+    refuse(*boxes.a.control);
+    test.calendar->MonthFont(nullptr);
     test.Paint();
-    EXPECT_NE(calendar.MonthFont(), nullptr);  // taken from the container
+    EXPECT_NE(test.calendar->MonthFont(), nullptr);  // taken from the container
 }
 
 TEST(CalendarProperties, LimitsRoundToWholeMonthsAndRefuseWhatCrosses) {
@@ -125,35 +108,6 @@ TEST(CalendarProperties, ANewBeginningHasTheFirstValues) {
     EXPECT_EQ(FaceOf(*test.calendar, kCalendarRows), face);
 }
 
-TEST(CalendarProperties, SelectorsAgreeWithTheShownDate) {
-    for (const auto style : {VmMonthSelCombo, VmMonthSelScrollbar}) {
-        TestCalendar test;
-        EXPECT_EQ(test.childrenMade, 0);
-        test.calendar->MonthYearSelStyle(style);
-        EXPECT_EQ(test.childrenMade, style == VmMonthSelCombo ? 3 : 1);
-        EXPECT_EQ(test.monthList.visible, style == VmMonthSelCombo);
-        EXPECT_EQ(test.dateScroll.visible, style == VmMonthSelScrollbar);
-        const auto shows = [&] {
-            return style == VmMonthSelCombo ? test.monthList.shown + ' ' + test.yearText.shown +
-                                                  ' ' + test.yearSpinner.shown
-                                            : test.dateScroll.shown;
-        };
-        const auto expect = [&](const char* combo, const char* scroll) {
-            EXPECT_EQ(shows(), style == VmMonthSelCombo ? combo : scroll);
-        };
-        expect("2 2020 -2999..-1000: -2020", "-10799..13200: 1443");
-        test.calendar->DateValue(DateOf(Day(1899, 12, 31)));
-        expect("11 1899 -2999..-1000: -1899", "-10799..13200: 0");
-        test.calendar->DateMin(DateOf(Day(1950, 2, 3)));
-        expect("1 1950 -2999..-1950: -1950", "602..13200: 602");
-        test.Key(34, 2);  // Ctrl+Page Down
-        expect("1 1951 -2999..-1950: -1951", "602..13200: 614");
-        test.calendar->MonthYearSelStyle(VmMonthSelNone);
-        EXPECT_FALSE(test.monthList.visible || test.yearText.visible || test.yearSpinner.visible ||
-                     test.dateScroll.visible);
-    }
-}
-
 TEST(CalendarProperties, SelectorsAreMadeAnewForAnotherWindow) {
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelCombo);
@@ -169,6 +123,8 @@ TEST(CalendarProperties, SelectorsAreMadeAnewForAnotherWindow) {
     EXPECT_TRUE(test.monthList.visible && test.yearText.visible && test.yearSpinner.visible);
     EXPECT_EQ(test.monthList.shown + ' ' + test.yearText.shown + ' ' + test.yearSpinner.shown,
               "2 2021 -2999..-1000: -2021");
+    test.calendar->MonthYearSelStyle(VmMonthSelNone);
+    EXPECT_FALSE(test.monthList.visible || test.yearText.visible || test.yearSpinner.visible);
 }
 
 }  // namespace

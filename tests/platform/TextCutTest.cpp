@@ -1,4 +1,4 @@
-#include "tests/support/TestBoxes.h"
+#include "tests/support/TestCalendar.h"
 
 #include "platform/TextCut.h"
 
@@ -27,16 +27,6 @@ TEST(TextCut, AHugeCaptionIsKeptWholeAndDrawnCut) {
         EXPECT_LT(drawn, 20000u) << alignment;
         EXPECT_EQ(test.calendar->Days()->Item(5)->Caption(), caption);
     }
-}
-
-TEST(TextCut, ADateBoxDrawsNoMoreOfItsText) {
-    TestBoxes boxes;
-    boxes.a.control->DateFormat('"' + std::string(1u << 20, 'a') + '"');
-    boxes.drawing.Forget();
-    boxes.a.control->OnPaint(StrictDrawing::kWindowSurface);
-    const auto drawn = boxes.drawing.Of("text");
-    ASSERT_EQ(drawn.size(), 1u);
-    EXPECT_LT(drawn[0].text.size(), 5000u);
 }
 
 TEST(TextCut, CutsBetweenCharactersAtWhatIsNotShown) {

@@ -116,6 +116,7 @@ void ExpectTakesAndRefuses(Control& control, const PropertyRow& row, Check check
         refuse(number, row.kind == Kind::Pointer ? 0 : 380);
     }
     for (const Variant& value : WrongTypes(row)) refuse(value, 13);
+    if (row.kind == Kind::Icon) refuse(WrongTypes(Font("")).back(), 380);  // a bitmap
     if (row.kind == Kind::Choice || row.kind == Kind::Color) refuse(5e9, 6);
     check(false);
 }
