@@ -1,5 +1,6 @@
 #include "calendar/VmCalendar.h"
 
+#include "calendar/DragAndDrop.h"
 #include "platform/Keys.h"
 #include "platform/ScaleMode.h"
 
@@ -37,12 +38,20 @@ void VmCalendar::OnMouseDown(std::int16_t button, std::int16_t shift, float x, f
     if (!m_platform.windowing.TakesInput()) return;
     if ((button & kButtonLeft) != 0) {
         EndPress();
-        m_press.active = true;
+        m_press.active = m_press.clicks = true;
         m_press.arrow = ArrowAt(x, y);
         m_platform.windowing.SetCapture();
         Track(x, y);
     }
     Raise(&CalendarEvents::MouseDown, button, shift, x, y);
+}
+
+void VmCalendar::OnMouseDoubleClick(std::int16_t button, std::int16_t shift, float x, float y) {
+    const Lifetime::Watch alive(m_lifetime);
+    OnMouseDown(button, shift, x, y);
+    if (!alive) return;
+    m_press.clicks = false;
+    if ((button & kButtonLeft) != 0 && m_platform.windowing.TakesInput()) m_events.DblClick.Raise();
 }
 
 void VmCalendar::OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
@@ -54,11 +63,24 @@ void VmCalendar::OnMouseMove(std::int16_t button, std::int16_t shift, float x, f
 void VmCalendar::OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
     if (!m_platform.windowing.TakesInput()) return;
     const Lifetime::Watch alive(m_lifetime);
-    if ((button & kButtonLeft) != 0 && m_press.active) Release(EndPress(), x, y);
+    bool clicks = false;
+    if ((button & kButtonLeft) != 0 && m_press.active) {
+        const Press press = EndPress();
+        const Size size = m_platform.windowing.ClientSize();
+        clicks = press.clicks && x >= 0 && y >= 0 && x < static_cast<float>(size.width) &&
+                 y < static_cast<float>(size.height);
+        Release(press, x, y);
+    }
     if (alive) Raise(&CalendarEvents::MouseUp, button, shift, x, y);
+    if (clicks && alive && m_platform.windowing.TakesInput()) m_events.Click.Raise();
 }
 
 void VmCalendar::OnCaptureLost() { EndPress(); }
+
+void VmCalendar::OleDrag() {
+    EndPress();  // the drag takes the release
+    DragText(*DateValue().As<std::string>(), m_platform.hosting, m_events, m_lifetime, m_dragging);
+}
 
 std::optional<Arrow> VmCalendar::ArrowAt(float x, float y) {
     if (m_state.monthYearSelStyle != VmMonthSelArrows) return std::nullopt;
@@ -115,10 +137,7 @@ void VmCalendar::Release(const Press& press, float x, float y) {
     if (!day) return;
     if (*day != DayOf(m_state.dateValue)) {
         SelectDate(DateOf(*day));
-        return;
-    }
-    m_state.dateChosen = true;
-    if (m_state.alwaysDateChanged) {
+    } else if (m_state.alwaysDateChanged) {
         auto sameDay = static_cast<std::int16_t>(DayOfMonth(*day));
         m_events.DayChanged.Raise(sameDay);
     }

@@ -1,7 +1,5 @@
 #include "calendar/VmCalendar.h"
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -30,18 +28,10 @@ VmCalendar::~VmCalendar() { m_days->WhenItemChanges(nullptr); }
 void VmCalendar::InitProperties() { InitProperties(DateOf(m_platform.dates.Today())); }
 
 void VmCalendar::InitProperties(Date selected) {
-    EndPress();
     const bool announced = m_state.monthAnnounced;
     m_state = NewState(selected);
     m_state.monthAnnounced = announced;
     m_state.shownDate = selected;
-    const VmDays firstColors;
-    for (const auto& color :
-         {kDayDefaultBackColor, kDayOtherMonthForeColor, kDayDefaultForeColor}) {
-        color.Store(Storage(), (firstColors.*color.get)());
-    }
-    ++m_dateChanges;
-    m_outdated = true;
     m_days->LoadMonth(DayOf(m_state.shownDate));
     m_state.ready = true;
     SyncSelectors();
@@ -124,12 +114,13 @@ CalendarView VmCalendar::View() const {
 }
 
 bool VmCalendar::OnPaint(SurfaceHandle surface, std::span<const Rect> exposed) {
-    const Lifetime::Watch alive(m_lifetime);
-    if (IsPaintable() && !std::exchange(m_state.monthAnnounced, true)) AnnounceMonth();
-    if (!alive) return false;
-    if (!IsPaintable()) {
-        m_outdated = true;
-        return false;
+    if (!IsPaintable()) return false;
+    if (!m_state.monthAnnounced) {
+        m_state.monthAnnounced = true;
+        const Lifetime::Watch alive(m_lifetime);
+        auto month = static_cast<std::int16_t>(MonthOf(DayOf(m_state.dateValue)));
+        m_events.MonthChanged.Raise(month);
+        if (!alive || !IsPaintable()) return false;
     }
     const bool stale = IsScreenStale();
     const CalendarView view = View();
@@ -143,52 +134,29 @@ bool VmCalendar::OnPaint(SurfaceHandle surface, std::span<const Rect> exposed) {
     return true;
 }
 
-void VmCalendar::AnnounceMonth() {
-    const Lifetime::Watch alive(m_lifetime);
-    auto month = static_cast<std::int16_t>(MonthOf(DayOf(m_state.dateValue)));
-    try {
-        m_events.MonthChanged.Raise(month);
-    } catch (...) {
-        if (alive) RepaintControl();  // this paint is lost
-        throw;
-    }
-}
-
-/// Brings the layout up to date. True when the screen shows something else than the state, so that
-/// a part of it cannot be painted alone.
+/// Brings the layout up to date. True when the screen shows another layout, month or selection than
+/// the state does, so that a part of it cannot be painted alone.
 bool VmCalendar::IsScreenStale() {
     const CalendarLayout before = std::exchange(m_layout, ComputeLayout());
     const bool first = !std::exchange(m_laidOut, true);
     if (first || m_layout != before) m_selectors.Place(m_state.monthYearSelStyle, m_layout);
     if (first) NoteScreen();
-    return m_layout != before ? !first
-                              : IsOutdated() || m_onScreen.selected != DayOf(m_state.dateValue);
+    return !first && (m_layout != before || m_selectedOnScreen != DayOf(m_state.dateValue) ||
+                      IsOtherMonthOnScreen());
 }
 
-VmCalendar::Screen VmCalendar::WhatToShow() const {
-    return {.selected = DayOf(m_state.dateValue),
-            .today = m_platform.dates.Today(),
-            .dayColors = {m_days->DefaultBackColor(), m_days->OtherMonthForeColor(),
-                          m_days->DefaultForeColor()}};
-}
-
+/// What the screen shows from the repaint on that is being asked for.
 void VmCalendar::NoteScreen() {
-    m_onScreen = WhatToShow();
-    m_outdated = false;
+    m_selectedOnScreen = DayOf(m_state.dateValue);
+    m_shownOnScreen = DayOf(m_state.shownDate);
 }
 
-/// Whether more than the selection is another one on the screen.
-bool VmCalendar::IsOutdated() const {
-    Screen wanted = WhatToShow();
-    wanted.selected = m_onScreen.selected;
-    return m_outdated || wanted != m_onScreen;
+bool VmCalendar::IsOtherMonthOnScreen() const noexcept {
+    return MonthsBetween(m_shownOnScreen, DayOf(m_state.shownDate)) != 0;
 }
 
 void VmCalendar::RepaintControl() {
-    if (!IsPaintable()) {
-        m_outdated = true;
-        return;
-    }
+    if (!IsPaintable()) return;
     NoteScreen();
     if (m_laidOut) UpdateLayout();
     m_platform.drawing.InvalidateRect(hWnd(), nullptr);
@@ -196,7 +164,8 @@ void VmCalendar::RepaintControl() {
 
 void VmCalendar::OnWindowChanged() {
     if (!m_platform.windowing.TakesInput()) EndPress();
-    if (IsPaintable()) m_laidOut = true;
+    if (!IsPaintable()) return;
+    m_laidOut = true;
     RepaintControl();
 }
 
@@ -212,22 +181,16 @@ void VmCalendar::OnLocaleChanged() {
     RepaintControl();
 }
 
-std::chrono::milliseconds VmCalendar::OnClock() {
-    using namespace std::chrono;
-    if (m_laidOut && IsOutdated()) RepaintControl();
-    const double day = milliseconds(24h).count();
-    const double left = std::ceil((1 - TimeOf(m_platform.dates.Now())) * day);
-    return std::min(milliseconds(static_cast<milliseconds::rep>(left)), milliseconds(12h));
-}
-
 void VmCalendar::Invalidate(const Rect& rect) {
-    if (!m_laidOut) return;
-    if (!IsPaintable() || IsOutdated()) return RepaintControl();
-    m_platform.drawing.InvalidateRect(hWnd(), &rect);
+    if (IsPaintable() && m_laidOut) m_platform.drawing.InvalidateRect(hWnd(), &rect);
 }
 
 void VmCalendar::InvalidateDay(std::optional<DayNumber> day) {
     if (!day || !m_laidOut) return;
+    if (IsOtherMonthOnScreen()) {
+        RepaintControl();
+        return;
+    }
     if (const auto cell = GridOf(m_state, m_layout).DayCellRect(*day)) {
         Invalidate({cell->left, cell->top, cell->right + 1, cell->bottom + 1});
     }
@@ -235,9 +198,13 @@ void VmCalendar::InvalidateDay(std::optional<DayNumber> day) {
 
 /// Redraws what a move of the date has changed on the screen: two cells, or all.
 void VmCalendar::RepaintSelection() {
-    if (!IsPaintable() || IsOutdated()) return RepaintControl();
+    if (!IsPaintable()) return;
+    if (IsOtherMonthOnScreen()) {
+        RepaintControl();
+        return;
+    }
     const DayNumber selected = DayOf(m_state.dateValue);
-    const DayNumber before = std::exchange(m_onScreen.selected, selected);
+    const DayNumber before = std::exchange(m_selectedOnScreen, selected);
     if (before == selected) return;
     InvalidateDay(before);
     InvalidateDay(selected);

@@ -12,8 +12,6 @@
 #include "platform/AutomationError.h"
 #include "platform/Platform.h"
 
-#include <array>
-#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -63,8 +61,7 @@ public:
 
     /// The selected date. Reads as text in the locale's short form; takes a date, a number (day
     /// number) or text. Empty, and another time on the same day, change nothing. Raises, each only
-    /// when its part changed, `DateChanged`, `DayChanged`, `MonthChanged`, `YearChanged`; the last
-    /// two also when the grid returns from a month that the user has turned to.
+    /// when its part changed, `DateChanged`, `DayChanged`, `MonthChanged`, `YearChanged`.
     /// Error 13: no date. Error 380: year outside 200..4600, or outside `DateMin`..`DateMax`.
     Variant DateValue() const;
     void DateValue(const Variant& value);
@@ -174,14 +171,11 @@ public:
     void ShowWeekend(bool value) { Let(kShowWeekend, value); }
 
     /// Takes the properties from a bag, unchecked, instead of `InitProperties`. A missing name
-    /// gives its default; dates may be text. Raises `MonthChanged`.
+    /// gives its default. Raises `MonthChanged`.
     void ReadProps(PropertyBag& bag);
-    /// Leaves out a `DateValue` that nobody has chosen: it is the day of loading.
     void WriteProps(PropertyBag& bag) const;
-    /// Copies a whole look from an object that has the calendar's property names, then shows the
-    /// month of `DateValue` and copies the decorations of the holder's dirty days to the days of
-    /// the same date. `Days` may be any object with the names of `VmDays` and `VmDay`; days without
-    /// a `DayDate` count from the first. Every value passes its setter; a member that is missing or
+    /// Copies a whole look from an object that has the calendar's property names, the decorations
+    /// of its dirty days included. Every value passes its setter; a member that is missing or
     /// refused is skipped, the others are copied, and the first error is raised at the end.
     /// Repaints once.
     void SetProps(const AutomationObject& holder);
@@ -198,7 +192,7 @@ public:
     /// True: a click on the selected day raises `DayChanged`, which else raises nothing.
     void AlwaysDateChanged(bool value) { m_state.alwaysDateChanged = value; }
     /// Starts a drag from the control; the drag events follow.
-    void OleDrag() { m_platform.hosting.StartDrag(); }
+    void OleDrag();
     VmOLEDropModeConstants OLEDropMode() const;
     void OLEDropMode(VmOLEDropModeConstants value);
     void AboutBox();
@@ -246,16 +240,9 @@ public:
     void OnWindowRecreated();
     /// The date services speak another language now.
     void OnLocaleChanged();
-    /// The clock may show another day: the time of the last answer has passed, clock or time zone
-    /// have been set, or the machine has slept. Repaints when today's cell has moved, and answers
-    /// when to tell it again, while the window is to be seen: at midnight, or in half a day, as a
-    /// clock that is put forward by an hour brings midnight nearer.
-    std::chrono::milliseconds OnClock();
 
     /// Virtual-key code and shift state; the handlers of `KeyDown` may change both. On return the
-    /// key code is 0 when the calendar used the key. Arrow keys move `DateValue`, wherever the user
-    /// has turned the grid; the grid follows when the month's number changes. So a date can be
-    /// selected that is not to be seen. Page keys move the grid, and select where it arrives.
+    /// key code is 0 when the calendar used the key.
     void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);
     void OnKeyPress(std::int16_t& keyAscii);
     /// Whether the key belongs to the calendar before its container's own keys, or to the child
@@ -265,6 +252,11 @@ public:
 
     void OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y);
+    /// The second press of a double click, in place of a press: raises `MouseDown`, then, of the
+    /// left button, `DblClick`.
+    void OnMouseDoubleClick(std::int16_t button, std::int16_t shift, float x, float y);
+    /// Raises `MouseUp`, then `Click` when the left button went down here, not as the second press
+    /// of a double click, is released inside the window and nothing has ended the press between.
     void OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y);
     /// The window lost the mouse capture: nothing is chosen any more.
     void OnCaptureLost();
@@ -273,8 +265,6 @@ public:
                        float x, float y);
     void OnOLEDragOver(DataRef data, std::int32_t& effect, std::int16_t button, std::int16_t shift,
                        float x, float y, std::int16_t state);
-    void OnClick() { m_events.Click.Raise(); }
-    void OnDblClick() { m_events.DblClick.Raise(); }
 
     // What the user does with the child controls. Their focus, keys and values reach the calendar
     // here alone; values that it sets itself do not come back.
@@ -308,14 +298,14 @@ private:
 
     // Dates
     bool IsSelectable(DayNumber day) const noexcept { return IsInLimits(m_state, day); }
-    Date ShowDate(Date date);
+    bool ShowDate(Date date);
     void SyncSelectors();
     /// Whether the grid goes along with the selection, or only when the month's number changes:
     /// then a month that the user has turned to stays while the arrow keys work within another.
     enum class Follow { Always, OtherMonths };
     void SelectDate(Date date, Follow follow = Follow::Always);
     void MoveShown(Date date);
-    void RaiseDateParts(Date from, Date shownBefore, Date to);
+    void RaiseDateParts(Date from, Date to);
     void SelectMonth(int month);
     void SelectYear(int year);
 
@@ -327,6 +317,7 @@ private:
     // Mouse
     struct Press {
         bool active = false;              // the left button went down here and is still held
+        bool clicks = false;              // its release inside the window is a click
         std::optional<Arrow> arrow;       // where it went down, arrows style
         bool onArrow = false;             // the pointer is on that arrow
         std::optional<DayNumber> chosen;  // the date under the pointer that would be selected
@@ -355,18 +346,9 @@ private:
     }
     CalendarLayout ComputeLayout();
     void UpdateLayout();
-    /// What all parts of the screen show together, as of the last repaint that was asked for.
-    struct Screen {
-        DayNumber selected = 0;
-        DayNumber today = 0;
-        std::array<OLE_COLOR, 3> dayColors{};
-        friend bool operator==(const Screen&, const Screen&) = default;
-    };
-    Screen WhatToShow() const;
-    void NoteScreen();
-    bool IsOutdated() const;
     bool IsScreenStale();
-    void AnnounceMonth();
+    void NoteScreen();
+    bool IsOtherMonthOnScreen() const noexcept;
     CalendarView View() const;
     void Invalidate(const Rect& rect);
     void InvalidateDay(std::optional<DayNumber> day);
@@ -380,12 +362,13 @@ private:
     Selectors m_selectors;
     CalendarLayout m_layout;
     bool m_laidOut = false;
-    bool m_copying = false;  // `SetProps` is at work: one repaint at its end
+    bool m_dragging = false;  // a drag from here is under way
+    bool m_copying = false;   // `SetProps` is at work: one repaint at its end
     Press m_press;
     bool m_cancelled = false;    // Escape in the month list, until a selector is entered again
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
-    Screen m_onScreen;
-    bool m_outdated = false;  // other days since then, or a repaint that was asked for in vain
+    DayNumber m_selectedOnScreen = 0;  // as of the last repaint that was asked for
+    DayNumber m_shownOnScreen = 0;
 };
 
 }  // namespace velmora

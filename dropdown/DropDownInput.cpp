@@ -1,3 +1,4 @@
+#include "calendar/DragAndDrop.h"
 #include "dropdown/VmCalDropDown.h"
 #include "platform/Keys.h"
 #include "platform/ScaleMode.h"
@@ -45,6 +46,12 @@ void VmCalDropDown::OnWindowChanged() {
     m_buttonDown = false;
     RepaintControl();
     if (m_droppedDown) CloseDropDown();
+}
+
+void VmCalDropDown::OleDrag() {
+    const Lifetime::Watch alive(m_lifetime);
+    OnWindowChanged();  // the drag takes the release
+    if (alive) DragText(m_text, m_platform.hosting, m_events, m_lifetime, m_dragging);
 }
 
 void VmCalDropDown::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {

@@ -120,7 +120,7 @@ public:
     void MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void MouseMove(std::int16_t button, std::int16_t shift, float x, float y);
     void MouseUp(std::int16_t button, std::int16_t shift, float x, float y);
-    void OleDrag() { m_platform.hosting.StartDrag(); }
+    void OleDrag();
     void AboutBox();
 
     // What a host tells the box. Coordinates are pixels of the client area.
@@ -187,6 +187,7 @@ private:
     bool m_opening = false;      // what the calendar reports while it is loaded is no news
     bool m_pendingDrop = false;  // opens with the focus that has been asked for
     bool m_noLostFocus = false;
+    bool m_dragging = false;     // a drag from here is under way
     bool m_buttonDown = false;   // the left button is held on the box
     bool m_closedByAlt = false;  // the Alt of an Alt+Down has closed it: the Down is used up
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again

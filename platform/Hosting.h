@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/DataObject.h"
 #include "platform/FontAndPicture.h"
-#include "platform/Variant.h"
 
 #include <cstdint>
 #include <optional>
@@ -23,17 +23,6 @@ public:
                                const Variant& defaultValue) = 0;
 };
 
-/// Drag-and-drop content by format number (1 text, 2 bitmap, 15 files, others as registered).
-class DataObject : public Object {
-public:
-    virtual bool HasFormat(std::int16_t format) const = 0;
-    /// Empty when there is nothing in that format.
-    virtual Variant GetData(std::int16_t format) const = 0;
-    virtual void SetData(std::int16_t format, const Variant& value) = 0;
-};
-
-using DataRef = std::shared_ptr<DataObject>;
-
 /// What the About box shows; the button beside it starts the system-information tool.
 struct AboutText {
     std::string_view title;
@@ -54,8 +43,10 @@ public:
     /// 3 pixels, 4 characters, 5 inches, 6 mm, 7 cm, 8 HIMETRIC. Nothing when it does not say.
     virtual std::optional<std::int16_t> ContainerScaleMode() const = 0;
     virtual std::optional<std::int16_t> ParentScaleMode() const = 0;
-    /// Starts a drag from the control's window and returns when it has ended.
-    virtual void StartDrag() = 0;
+    /// Drags the data from the control's window until the user drops them, and returns the effect.
+    /// Without data of a known format, or without an effect that is allowed, nothing is dragged.
+    virtual std::int32_t Drag(const DataRef& data, std::int32_t allowedEffects,
+                              const DragEvents& events) = 0;
     virtual void ShowAboutBox(const AboutText& text) = 0;
 };
 

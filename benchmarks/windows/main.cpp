@@ -34,7 +34,9 @@ public:
     FontRef AmbientFont() const override { return m_font; }
     std::optional<std::int16_t> ContainerScaleMode() const override { return 3; }
     std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
-    void StartDrag() override {}
+    std::int32_t Drag(const DataRef&, std::int32_t, const DragEvents&) override {
+        return kDropNone;
+    }
     void ShowAboutBox(const AboutText&) override {}
 
 private:

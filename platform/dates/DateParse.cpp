@@ -59,23 +59,29 @@ struct Found {
     bool HasWholeDate() const { return count == 3 || (count == 2 && month != 0); }
 };
 
+/// What a text says: a day, a time of day or both.
+struct Written {
+    std::optional<DayNumber> day;
+    int seconds = 0;
+};
+
 /// Reads one date text; its functions move the cursor only over what they could read.
 class Parser {
 public:
     Parser(const DateLocale& locale, const std::function<DayNumber()>& today)
         : m_locale(locale), m_today(today) {}
 
-    std::optional<Date> Parse(std::string_view text) const;
+    std::optional<Written> Parse(std::string_view text) const;
 
 private:
     enum class TimeSeparators { Colon, ColonAndLocale };
 
-    std::optional<Date> ByPattern(TextCursor cursor, std::string_view pattern) const;
+    std::optional<Written> ByPattern(TextCursor cursor, std::string_view pattern) const;
     bool ReadName(TextCursor& cursor, const PatternPiece& piece, CivilDate& date) const;
     static bool ReadNumber(TextCursor& cursor, const PatternPiece& piece, CivilDate& date);
     static bool ReadText(TextCursor& cursor, std::string_view text);
 
-    std::optional<Date> BySense(TextCursor cursor) const;
+    std::optional<Written> BySense(TextCursor cursor) const;
     bool ReadElement(TextCursor& cursor, Found& found, bool apart) const;
     bool ReadFoundName(TextCursor& cursor, Found& found) const;
     FoundName FindMonth(std::string_view text) const;
@@ -94,13 +100,13 @@ private:
     std::optional<int> ReadTime(TextCursor& cursor, TimeSeparators separators) const;
     bool SkipTimeSeparator(TextCursor& cursor, TimeSeparators separators) const;
     std::optional<bool> ReadAfternoon(TextCursor& cursor) const;
-    std::optional<Date> OnlyTime(TextCursor cursor) const;
+    std::optional<Written> OnlyTime(TextCursor cursor) const;
 
     const DateLocale& m_locale;
     const std::function<DayNumber()>& m_today;
 };
 
-std::optional<Date> Parser::Parse(std::string_view text) const {
+std::optional<Written> Parser::Parse(std::string_view text) const {
     constexpr std::size_t kLongestText = 512;  // bytes
     text = TrimmedSpaces(text);
     if (text.empty() || text.size() > kLongestText) return std::nullopt;
@@ -113,7 +119,7 @@ std::optional<Date> Parser::Parse(std::string_view text) const {
 
 // By a pattern: every field in its place. Separators may be other ones, spaces more or fewer.
 
-std::optional<Date> Parser::ByPattern(TextCursor cursor, std::string_view pattern) const {
+std::optional<Written> Parser::ByPattern(TextCursor cursor, std::string_view pattern) const {
     CivilDate date;
     bool apart = false;  // the pattern has text before the next field
     std::size_t fieldEnd = 0;
@@ -133,12 +139,12 @@ std::optional<Date> Parser::ByPattern(TextCursor cursor, std::string_view patter
         fieldEnd = cursor.Position();
     }
     const auto day = DayIfReal(date.year, date.month, date.day);
-    if (!day || cursor.AtEnd()) return day ? std::optional(DateOf(*day)) : std::nullopt;
+    if (!day || cursor.AtEnd()) return day ? std::optional(Written{day}) : std::nullopt;
     const bool comma = cursor.SkipOneOf(",") != 0;
     if (!cursor.SkipSpaces() && !comma && !cursor.SkipOneOf("Tt")) return std::nullopt;
     const auto seconds = ReadTime(cursor, TimeSeparators::ColonAndLocale);
     if (!seconds || !cursor.AtEnd()) return std::nullopt;
-    return DateOf(*day, static_cast<double>(*seconds) / kSecondsPerDay);
+    return Written{day, *seconds};
 }
 
 bool Parser::ReadName(TextCursor& cursor, const PatternPiece& piece, CivilDate& date) const {
@@ -193,7 +199,7 @@ bool Parser::ReadText(TextCursor& cursor, std::string_view text) {
 
 // By sense: numbers, names and a time in any sensible order, one separator between two of them.
 
-std::optional<Date> Parser::BySense(TextCursor cursor) const {
+std::optional<Written> Parser::BySense(TextCursor cursor) const {
     Found found;
     for (bool apart = true;;) {
         if (!ReadElement(cursor, found, apart)) return std::nullopt;
@@ -209,11 +215,11 @@ std::optional<Date> Parser::BySense(TextCursor cursor) const {
         if (cursor.AtEnd() && separator != '.') return std::nullopt;
         if (cursor.AtEnd()) break;
     }
-    const double time = static_cast<double>(found.seconds.value_or(0)) / kSecondsPerDay;
     const bool hasDate = found.count != 0 || found.month != 0 || found.weekDay;
-    if (!hasDate) return found.seconds ? std::optional(DateOf(0, time)) : std::nullopt;
+    const int seconds = found.seconds.value_or(0);
+    if (!hasDate) return found.seconds ? std::optional(Written{{}, seconds}) : std::nullopt;
     const auto day = DayOf(found);
-    return day ? std::optional(DateOf(*day, time)) : std::nullopt;
+    return day ? std::optional(Written{day, seconds}) : std::nullopt;
 }
 
 /// `apart`: what was read before cannot be part of a time that begins here.
@@ -402,17 +408,25 @@ std::optional<bool> Parser::ReadAfternoon(TextCursor& cursor) const {
 }
 
 /// A time alone, in the locale's writing: where that looks like a date, it has been read as one.
-std::optional<Date> Parser::OnlyTime(TextCursor cursor) const {
+std::optional<Written> Parser::OnlyTime(TextCursor cursor) const {
     const auto seconds = ReadTime(cursor, TimeSeparators::ColonAndLocale);
     if (!seconds || !cursor.AtEnd()) return std::nullopt;
-    return DateOf(0, static_cast<double>(*seconds) / kSecondsPerDay);
+    return Written{{}, *seconds};
 }
 
 }  // namespace
 
 std::optional<Date> ParseDate(const DateLocale& locale, std::string_view text,
                               const std::function<DayNumber()>& today) {
-    return Parser(locale, today).Parse(text);
+    const auto written = Parser(locale, today).Parse(text);
+    if (!written) return std::nullopt;
+    return DateOf(written->day.value_or(0), static_cast<double>(written->seconds) / kSecondsPerDay);
+}
+
+std::optional<DayNumber> ParseDay(const DateLocale& locale, std::string_view text,
+                                  const std::function<DayNumber()>& today) {
+    const auto written = Parser(locale, today).Parse(text);
+    return written ? written->day : std::nullopt;
 }
 
 }  // namespace velmora

@@ -13,4 +13,8 @@ namespace velmora {
 std::optional<Date> ParseDate(const DateLocale& locale, std::string_view text,
                               const std::function<DayNumber()>& today);
 
+/// `Dates::TryParseDay`, likewise.
+std::optional<DayNumber> ParseDay(const DateLocale& locale, std::string_view text,
+                                  const std::function<DayNumber()>& today);
+
 }  // namespace velmora

@@ -78,6 +78,10 @@ std::optional<Date> Dates::TryParse(std::string_view text) const {
     return ParseDate(*m_locale, text, [this] { return Today(); });
 }
 
+std::optional<DayNumber> Dates::TryParseDay(std::string_view text) const {
+    return ParseDay(*m_locale, text, [this] { return Today(); });
+}
+
 Date Dates::Parse(std::string_view text) const {
     const std::optional<Date> date = TryParse(text);
     if (!date) throw AutomationError(ErrorNumber::TypeMismatch);

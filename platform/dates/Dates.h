@@ -53,7 +53,9 @@ public:
     /// two digits are 1930..2029. A time alone that could be a date, as "1.10.03" where times are
     /// written with dots, is the date. Nothing when it is no date or lies outside 100..9999.
     std::optional<Date> TryParse(std::string_view text) const;
-    /// The same with error 13 for text that is no date.
+    /// The day that the text names; of a time alone nothing.
+    std::optional<DayNumber> TryParseDay(std::string_view text) const;
+    /// `TryParse` with error 13 for text that is no date.
     Date Parse(std::string_view text) const;
 
     /// A date, a day number or date text as a date. Error 13: anything else, and text that is none.

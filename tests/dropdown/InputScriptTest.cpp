@@ -17,7 +17,6 @@ class CorePlayer : public InputPlayer {
         m_box.reset();
         m_calendar.reset();
         m_typed.reset();
-        m_pressed = Act::Release;
         m_held = m_painted = false;
         const auto told = [this](const std::string& name) { NoteProperty(name); };
         if (kind == Kind::Calendar) {
@@ -60,7 +59,6 @@ class CorePlayer : public InputPlayer {
         const Variant variant = isDate ? Variant(DateOf(value)) : Variant(value);
         if (property == "Enabled") {
             m_held = false;
-            m_pressed = Act::Release;
             m_calendar ? Calendar().Enabled(value != 0) : Box().Enabled(value != 0);
         } else if (m_box) {
             Box().LetMember(property, variant);
@@ -92,14 +90,8 @@ class CorePlayer : public InputPlayer {
             hand.onForm ? Use(m_box->form->Calendar(), act, hand) : Use(Box(), act, hand);
             return;
         }
-        const Act before = std::exchange(m_pressed, act == Act::Move ? m_pressed : act);
         if (act == Act::Press) Commit();
-        if (IsDestroyed()) return;
-        Use(Calendar(), act, hand);
-        if (IsDestroyed() || !Calendar().Enabled()) return;
-        if (act == Act::DoublePress) Calendar().OnDblClick();
-        const bool inside = hand.at.x >= 0 && hand.button == kButtonLeft;
-        if (act == Act::Release && inside && before == Act::Press) Calendar().OnClick();
+        if (!IsDestroyed()) Use(Calendar(), act, hand);
     }
     template <class Control>
     static void Use(Control& control, Act act, const Hand& hand) {
@@ -108,8 +100,12 @@ class CorePlayer : public InputPlayer {
         const auto x = static_cast<float>(hand.at.x);
         const auto y = static_cast<float>(hand.at.y);
         switch (act) {
-            case Act::Press:
-            case Act::DoublePress: return control.OnMouseDown(button, shift, x, y);
+            case Act::DoublePress:
+                if constexpr (requires { &Control::OnMouseDoubleClick; }) {
+                    return control.OnMouseDoubleClick(button, shift, x, y);
+                }
+                [[fallthrough]];
+            case Act::Press: return control.OnMouseDown(button, shift, x, y);
             case Act::Move: return control.OnMouseMove(button, shift, x, y);
             case Act::Release: return control.OnMouseUp(button, shift, x, y);
         }
@@ -117,7 +113,6 @@ class CorePlayer : public InputPlayer {
 
     void LoseMouse() override {
         m_held = false;
-        m_pressed = Act::Release;
         m_calendar ? Calendar().OnCaptureLost() : m_box->form->Calendar().OnCaptureLost();
     }
 
@@ -244,7 +239,6 @@ class CorePlayer : public InputPlayer {
 
     std::unique_ptr<TestCalendar> m_calendar;
     std::unique_ptr<TestBoxes> m_box;
-    Act m_pressed = Act::Release;
     bool m_held = false;
     bool m_painted = false;
     std::string m_repainted;

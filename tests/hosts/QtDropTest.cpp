@@ -86,7 +86,7 @@ TYPED_TEST(Drop, AutomaticTakesADate) {
     TypeParam widget;
     Prepare(widget);
     widget.setOleDropMode(Widget::OLEAutomatic);
-    for (const char* const text : {"no date", "", "1/1/4601"}) {
+    for (const char* const text : {"no date", "", "1/1/4601", "6 pm", "0:00"}) {
         EXPECT_EQ(DropText(widget, text), Qt::IgnoreAction) << text;
         EXPECT_EQ(widget.property("dateValue").toDate(), kMay15) << text;
     }

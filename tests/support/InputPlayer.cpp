@@ -150,7 +150,6 @@ void InputPlayer::PlayStep(const std::string& step) {
     SCOPED_TRACE(step);
     Do(act);
     Settle(expected);
-    if (act.starts_with("up ")) m_log.clear();
     EXPECT_EQ(std::exchange(m_log, {}), expected);
     EXPECT_EQ(BrokenInvariant(), "");
     ExpectState(expected, wanted);
@@ -338,8 +337,7 @@ void InputPlayer::Type(const std::string& key, bool again) {
 
 void InputPlayer::Press(const std::string& verb, const std::string& from, const std::string& to) {
     const bool whole = verb == "click" || verb == "right" || verb == "double" || verb == "drag";
-    EXPECT_TRUE(whole || verb == "press" || verb == "move" || verb == "release" || verb == "up")
-        << verb;
+    EXPECT_TRUE(whole || verb == "press" || verb == "move" || verb == "release") << verb;
     const auto [shift, place] = SplitModifier(from);
     Hand hand{verb == "right" ? kButtonRight : kButtonLeft, shift, PlaceOf(place),
               m_kind == Kind::Box && place != "box"};
@@ -352,7 +350,7 @@ void InputPlayer::Press(const std::string& verb, const std::string& from, const 
     }
     if (shift) Key({true, CodeOfModifier(shift), shift, 0, false});
     m_held = verb == "press";
-    if (verb != "release" && verb != "up") act(Act::Press);
+    if (verb != "release") act(Act::Press);
     if (!to.empty()) {
         hand.at = PlaceOf(to);
         act(Act::Move);

@@ -2,7 +2,6 @@
 
 #include "platform/Drawing.h"
 
-#include <initializer_list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -115,8 +114,8 @@ private:
     SurfaceState* Surface(SurfaceHandle handle);
     const Thing* SelectedThing(SurfaceState& surface, Kind kind);
     void Copy(SurfaceHandle target, const Rect& area, SurfaceHandle source, const Rect& from);
-    /// Notes what is drawn and fills the boxes with its colour, or with a pattern of its own.
-    void Draw(const Call& call, std::initializer_list<Rect> boxes = {});
+    void Note(Call call);
+    void Pattern(SurfaceState& surface, const Rect& box, const Call& call);
 
     std::map<ObjectHandle, Thing> m_objects;
     std::map<SurfaceHandle, SurfaceState> m_surfaces{{kWindowSurface, {}}};

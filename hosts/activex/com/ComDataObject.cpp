@@ -31,29 +31,6 @@ FORMATETC Etc(CLIPFORMAT format) {
     return {format, nullptr, DVASPECT_CONTENT, -1, medium};
 }
 
-class HeldData final : public DataObject {
-public:
-    bool HasFormat(std::int16_t format) const override { return m_values.contains(format); }
-
-    Variant GetData(std::int16_t format) const override {
-        const auto found = m_values.find(format);
-        return found == m_values.end() ? Variant() : found->second;
-    }
-
-    void SetData(std::int16_t format, const Variant& value) override { m_values[format] = value; }
-
-    void Clear() noexcept { m_values.clear(); }
-
-    std::vector<std::int16_t> Formats() const {
-        std::vector<std::int16_t> formats;
-        for (const auto& entry : m_values) formats.push_back(entry.first);
-        return formats;
-    }
-
-private:
-    std::map<std::int16_t, Variant> m_values;
-};
-
 // From and to the system's memory.
 
 std::string BytesOf(HGLOBAL memory) {
@@ -301,8 +278,6 @@ private:
 };
 
 }  // namespace
-
-DataRef MakeDataObject() { return std::make_shared<HeldData>(); }
 
 DataRef WrapData(IDataObject& data) { return std::make_shared<WrappedData>(data); }
 

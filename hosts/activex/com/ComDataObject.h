@@ -12,16 +12,6 @@
 
 namespace velmora {
 
-/// Formats of a data object that have a form of their own here; any other is a registered one, its
-/// data bytes, which come and go as text.
-inline constexpr std::int16_t kTextFormat = 1;
-inline constexpr std::int16_t kBitmapFormat = 2;  // a picture object
-inline constexpr std::int16_t kFilesFormat = 15;  // text: the paths, one a line
-
-/// An empty data object that holds what is put into it. An Empty value announces its format without
-/// the data.
-DataRef MakeDataObject();
-
 /// What another program drags here, to be read.
 DataRef WrapData(IDataObject& data);
 

@@ -10,7 +10,7 @@ namespace velmora {
 CalendarControl::CalendarControl()
     : ControlFace(kCalendarClass),
       m_calendar({Drawing(), Window(), DateServices(), *this}),
-      m_drops(m_calendar, static_cast<::_VmCalendar&>(*this)) {
+      m_drops(m_calendar, DateServices(), static_cast<::_VmCalendar&>(*this)) {
     ConnectToCore();
     Relay(m_calendar.Events().Click, 1);
     Relay(m_calendar.Events().DblClick, 4);
@@ -48,8 +48,6 @@ STDMETHODIMP CalendarControl::SetProps(IDispatch* holder) {
         m_calendar.SetProps(ComAutomation(*holder, Objects()));
     });
 }
-
-std::string CalendarControl::DragText() { return *m_calendar.DateValue().As<std::string>(); }
 
 void CalendarControl::Paint(HDC context, std::span<const Rect> exposed) {
     m_calendar.OnPaint(WinDrawing::SurfaceOf(context), exposed);

@@ -24,8 +24,6 @@ private:
     VmCalendar& Control() override { return m_calendar; }
     const VmCalendar& Control() const override { return m_calendar; }
     DropRegistration<VmCalendar>& Drops() override { return m_drops; }
-    void EndPress() override { m_calendar.OnCaptureLost(); }
-    std::string DragText() override;
 
     void Paint(HDC context, std::span<const Rect> exposed) override;
     bool OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;

@@ -2,6 +2,7 @@
 
 #include "calendar/VmCalendar.h"
 #include "dropdown/VmCalDropDown.h"
+#include "hosts/activex/com/ComDataObject.h"
 #include "hosts/activex/com/ComError.h"
 #include "hosts/activex/com/ComObject.h"
 #include "hosts/activex/win32/WinInput.h"
@@ -34,28 +35,6 @@ private:
     const DragEvents m_events;
 };
 
-/// Numbers of the published event.
-enum class DragState : std::int16_t { Enter = 0, Leave = 1, Over = 2 };
-
-/// An effect that no handler has narrowed to one becomes the most harmless of them.
-DWORD OneOf(DWORD effects) {
-    for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
-        if (effects & effect) return effect;
-    }
-    return DROPEFFECT_NONE;
-}
-
-template <class Core>
-bool CanSelect(const Core& core, const Variant& text) {
-    if (!text.As<std::string>()) return false;
-    try {
-        const DayNumber day = DayOf(core.ToDate(text));
-        return DayOf(core.DateMin()) <= day && day <= DayOf(core.DateMax());
-    } catch (const AutomationError&) {
-        return false;
-    }
-}
-
 }  // namespace
 
 std::int32_t RunDrag(const DataRef& data, std::int32_t allowedEffects, const DragEvents& events) {
@@ -72,106 +51,68 @@ std::int32_t RunDrag(const DataRef& data, std::int32_t allowedEffects, const Dra
 template <class Core>
 class DropRegistration<Core>::Target final : public ComObject<IDropTarget> {
 public:
-    Target(Core& core, IUnknown& owner, HWND window)
-        : m_core(&core), m_owner(owner), m_window(window) {}
+    Target(Core& core, const Dates& dates, IUnknown& owner, HWND window)
+        : m_target(std::in_place, core, dates), m_owner(owner), m_window(window) {}
 
     /// No more drops; a drag may still be over the window.
-    void Detach() noexcept { m_core = nullptr; }
+    void Detach() noexcept { m_target.reset(); }
 
     STDMETHODIMP DragEnter(IDataObject* data, DWORD keys, POINTL place, DWORD* effect) override {
         if (!effect) return E_POINTER;
-        m_last = {};
-        if (data) m_last.data = WrapData(*data);
-        return Serve(*effect, [&] { return Over(DragState::Enter, keys, place, *effect); });
+        m_data = nullptr;
+        if (data) m_data = WrapData(*data);
+        if (m_target) m_target->Enter();
+        return DragOver(keys, place, effect);
     }
     STDMETHODIMP DragOver(DWORD keys, POINTL place, DWORD* effect) override {
         if (!effect) return E_POINTER;
-        return Serve(*effect, [&] { return Over(DragState::Over, keys, place, *effect); });
+        return Serve(*effect, [&](DWORD allowed) {
+            return m_target->Move(DragOf(m_data, keys, place, allowed));
+        });
     }
     STDMETHODIMP DragLeave() override {
+        m_data = nullptr;
         DWORD none = DROPEFFECT_NONE;
-        return Serve(none, [&] {
-            const Last last = std::exchange(m_last, {});
-            std::int32_t effect = DROPEFFECT_NONE;
-            if (last.data && !IsAutomatic()) {
-                m_core->OnOLEDragOver(last.data, effect, 0, last.shift, last.x, last.y,
-                                      static_cast<std::int16_t>(DragState::Leave));
-            }
-            return DWORD{DROPEFFECT_NONE};
+        return Serve(none, [&](DWORD) {
+            m_target->Leave();
+            return kDropNone;
         });
     }
     STDMETHODIMP Drop(IDataObject* data, DWORD keys, POINTL place, DWORD* effect) override {
         if (!effect || !data) return E_POINTER;
-        m_last = {};
+        m_data = nullptr;
         const DataRef dropped = WrapData(*data);
-        return Serve(*effect, [&] { return Take(dropped, keys, place, *effect); });
+        return Serve(*effect, [&](DWORD allowed) {
+            return m_target->Drop(DragOf(dropped, keys, place, allowed));
+        });
     }
 
 private:
-    struct Last {
-        DataRef data;
-        std::int16_t shift = 0;
-        float x = 0;
-        float y = 0;
-    };
-
     /// Handlers may close the control meanwhile. Without a control nothing can be dropped.
     template <class Body>
     HRESULT Serve(DWORD& effect, Body body) {
         const ComPtr<IDropTarget> self = this;
         const DWORD allowed = std::exchange(effect, DWORD{DROPEFFECT_NONE});
-        if (!m_core) return S_OK;
+        if (!m_target) return S_OK;
         const ComPtr<IUnknown> owner = &m_owner;
-        return Guard([&] {
-            effect = allowed;
-            try {
-                effect = OneOf(body() & allowed);
-            } catch (...) {
-                effect = DROPEFFECT_NONE;
-                throw;
-            }
-        });
+        return Guard([&] { effect = static_cast<DWORD>(body(allowed)); });
     }
 
-    bool IsAutomatic() const { return m_core->OLEDropMode() == VmOLEAutomatic; }
-
-    DWORD Over(DragState state, DWORD keys, POINTL place, DWORD allowed) {
-        const Last now = Note(m_last.data, keys, place);
-        m_last = now;
-        if (!now.data) return DROPEFFECT_NONE;
-        if (IsAutomatic()) {
-            return CanSelect(*m_core, now.data->GetData(kTextFormat)) ? kAnyEffect
-                                                                      : DROPEFFECT_NONE;
-        }
-        auto effect = static_cast<std::int32_t>(allowed);
-        m_core->OnOLEDragOver(now.data, effect, ButtonsOf(keys), now.shift, now.x, now.y,
-                              static_cast<std::int16_t>(state));
-        return static_cast<DWORD>(effect);
-    }
-
-    DWORD Take(const DataRef& data, DWORD keys, POINTL place, DWORD allowed) {
-        const Last now = Note(data, keys, place);
-        if (!IsAutomatic()) {
-            auto effect = static_cast<std::int32_t>(allowed);
-            m_core->OnOLEDragDrop(now.data, effect, ButtonsOf(keys), now.shift, now.x, now.y);
-            return static_cast<DWORD>(effect);
-        }
-        const Variant text = data->GetData(kTextFormat);
-        if (!CanSelect(*m_core, text)) return DROPEFFECT_NONE;
-        m_core->DateValue(text);
-        return kAnyEffect;
-    }
-
-    Last Note(const DataRef& data, DWORD keys, POINTL place) const {
+    velmora::DragOver DragOf(const DataRef& data, DWORD keys, POINTL place, DWORD allowed) const {
         POINT point{place.x, place.y};
         ScreenToClient(m_window, &point);
-        return {data, ShiftOf(keys), static_cast<float>(point.x), static_cast<float>(point.y)};
+        return {.data = data,
+                .allowed = static_cast<std::int32_t>(allowed),
+                .button = ButtonsOf(keys),
+                .shift = ShiftOf(keys),
+                .x = static_cast<float>(point.x),
+                .y = static_cast<float>(point.y)};
     }
 
-    Core* m_core;
-    IUnknown& m_owner;  // valid as long as there is a core
+    std::optional<DropTarget<Core>> m_target;  // nothing when there are no more drops
+    IUnknown& m_owner;                         // valid as long as there is a target
     const HWND m_window;
-    Last m_last;
+    DataRef m_data;  // what is over the window
 };
 
 template <class Core>
@@ -183,7 +124,7 @@ void DropRegistration<Core>::Follow(HWND window) {
         m_target.Reset();
     }
     if (!window) return;
-    m_target = Adopt(new Target(m_core, m_owner, window));
+    m_target = Adopt(new Target(m_core, m_dates, m_owner, window));
     // A container without OLE on its thread has no drag and drop.
     if (SUCCEEDED(RegisterDragDrop(window, m_target.Get()))) {
         m_window = window;

@@ -93,19 +93,11 @@ public:
         return RunMember([&] { Control().OleDrag(); });
     }
 
-    /// The core asks for a drag. It is one at a time.
-    void StartDrag() override {
-        if (std::exchange(m_dragging, true)) return;
+    std::int32_t Drag(const DataRef& data, std::int32_t allowedEffects,
+                      const DragEvents& events) override {
         const Hold hold(*this);
         ReleaseCapture();  // the drag takes the release
-        EndPress();
-        try {
-            DragFrom(Control(), DragText());
-        } catch (...) {
-            m_dragging = false;
-            throw;
-        }
-        m_dragging = false;
+        return RunDrag(data, allowedEffects, events);
     }
 
 protected:
@@ -114,8 +106,6 @@ protected:
     virtual Core& Control() = 0;
     virtual const Core& Control() const = 0;
     virtual DropRegistration<Core>& Drops() = 0;
-    virtual void EndPress() = 0;
-    virtual std::string DragText() = 0;
 
     template <class Row, class Out>
     HRESULT GetRow(const Row& row, Out* value) noexcept {
@@ -216,7 +206,6 @@ private:
 
     /// Kept, so that its clients' event sinks stay connected as long as the control lives.
     Microsoft::WRL::ComPtr<::_VmDays> m_days;
-    bool m_dragging = false;
 };
 
 }  // namespace velmora

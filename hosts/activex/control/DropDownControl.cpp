@@ -21,7 +21,7 @@ DropDownControl::DropDownControl()
     : ControlFace(kDropDownClass),
       m_form(ThreadDropDownForm()),
       m_box({Drawing(), Window(), DateServices(), *this}, m_form->Form()),
-      m_drops(m_box, static_cast<::_VmCalDropDown&>(*this)) {
+      m_drops(m_box, DateServices(), static_cast<::_VmCalDropDown&>(*this)) {
     m_box.Events().DropDown.Connect([this](bool&) {
         m_form->Follow(AmbientFont(), std::make_shared<DateLocale>(DateServices().Locale()));
     });

@@ -38,8 +38,6 @@ private:
     VmCalDropDown& Control() override { return m_box; }
     const VmCalDropDown& Control() const override { return m_box; }
     DropRegistration<VmCalDropDown>& Drops() override { return m_drops; }
-    void EndPress() override { m_box.OnWindowChanged(); }
-    std::string DragText() override { return m_box.Text(); }
 
     void Paint(HDC context, std::span<const Rect> exposed) override;
     bool OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;

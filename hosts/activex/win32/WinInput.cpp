@@ -5,8 +5,6 @@
 namespace velmora {
 namespace {
 
-constexpr wchar_t kClickBegun[] = L"VelmoraClickBegun";
-
 bool IsDown(int key) noexcept { return GetKeyState(key) < 0; }
 
 }  // namespace
@@ -42,19 +40,6 @@ std::int16_t ButtonOf(UINT message) noexcept {
         case WM_MBUTTONUP: return kButtonMiddle;
         default: return 0;
     }
-}
-
-void Click::Begin(HWND window) {
-    SetPropW(window, kClickBegun, reinterpret_cast<HANDLE>(std::intptr_t{1}));
-}
-
-void Click::Forget(HWND window) { RemovePropW(window, kClickBegun); }
-
-bool Click::Ends(HWND window, LPARAM place) {
-    RECT client{};
-    GetClientRect(window, &client);
-    const POINT at{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
-    return RemovePropW(window, kClickBegun) != nullptr && PtInRect(&client, at);
 }
 
 void HoldMouse(HWND window) {

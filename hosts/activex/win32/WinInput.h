@@ -16,15 +16,6 @@ std::int16_t ButtonsOf(WPARAM mouseKeys) noexcept;
 /// The button of a press, a double click or a release; 0 for any other message.
 std::int16_t ButtonOf(UINT message) noexcept;
 
-/// A click is a press of the left button and its release inside the window. `Begin` and `Forget`
-/// keep that in the window itself.
-namespace Click {
-void Begin(HWND window);
-void Forget(HWND window);
-/// Whether the release that is being served ends a click.
-bool Ends(HWND window, LPARAM place);
-}  // namespace Click
-
 /// The window has the mouse from a press on until the last button is released.
 void HoldMouse(HWND window);
 void ReleaseMouse(HWND window, WPARAM mouseKeys);
@@ -50,25 +41,21 @@ bool DispatchKey(Control& control, HWND window, UINT message, WPARAM w) {
 
 template <class Control>
 void DispatchPress(Control& control, HWND window, UINT message, WPARAM w, LPARAM l) {
-    constexpr bool kHasClicks = requires { control.OnClick(); };
-    const bool isDouble = message == WM_LBUTTONDBLCLK;
     HoldMouse(window);
-    if (kHasClicks && message == WM_LBUTTONDOWN) Click::Begin(window);
-    control.OnMouseDown(ButtonOf(message), ShiftOf(w), XOf(l), YOf(l));
-    if constexpr (kHasClicks) {
-        if (isDouble && IsWindowEnabled(window)) control.OnDblClick();
+    if constexpr (requires { &Control::OnMouseDoubleClick; }) {
+        const bool isDouble = message == WM_LBUTTONDBLCLK || message == WM_RBUTTONDBLCLK ||
+                              message == WM_MBUTTONDBLCLK;
+        if (isDouble) {
+            return control.OnMouseDoubleClick(ButtonOf(message), ShiftOf(w), XOf(l), YOf(l));
+        }
     }
+    control.OnMouseDown(ButtonOf(message), ShiftOf(w), XOf(l), YOf(l));
 }
 
 template <class Control>
 void DispatchRelease(Control& control, HWND window, UINT message, WPARAM w, LPARAM l) {
-    constexpr bool kHasClicks = requires { control.OnClick(); };
-    const bool clicks = kHasClicks && message == WM_LBUTTONUP && Click::Ends(window, l);
     control.OnMouseUp(ButtonOf(message), ShiftOf(w), XOf(l), YOf(l));
     ReleaseMouse(window, w);
-    if constexpr (kHasClicks) {
-        if (clicks && IsWindowEnabled(window)) control.OnClick();
-    }
 }
 
 }  // namespace detail
@@ -102,7 +89,6 @@ bool DispatchInput(Control& control, HWND window, UINT message, WPARAM w, LPARAM
             return true;
         case WM_CAPTURECHANGED:
             if (reinterpret_cast<HWND>(l) == window) return true;
-            Click::Forget(window);
             if constexpr (requires { control.OnCaptureLost(); }) control.OnCaptureLost();
             return true;
         case WM_SETFOCUS:

@@ -2,7 +2,6 @@
 
 #include "hosts/qt/values/QtLocale.h"
 #include "hosts/qt/values/QtNames.h"
-#include "hosts/qt/windows/QtDrag.h"
 #include "hosts/qt/windows/QtInput.h"
 
 #include <QMouseEvent>
@@ -21,7 +20,7 @@ VmDateWidget::Host::Host(VmDateWidget& widget, QtWindowing& windowing, AnyContro
       m_widget(widget),
       m_windowing(windowing),
       m_control(control),
-      m_drops(control),
+      m_drops(control, m_dates),
       m_dates(DateLocaleOf(widget.locale()), LocalNow) {}
 
 void VmDateWidget::Host::Begin() {
@@ -85,38 +84,20 @@ void VmDateWidget::Host::PropertyChanged(std::string_view name) {
     if (widget) emit widget->propertyChanged(published);
 }
 
-void VmDateWidget::Host::StartDrag() {
-    if (std::exchange(m_dragging, true)) return;
-    const QPointer<VmDateWidget> widget(&m_widget);
-    LoseMouse();  // the drag takes the release
-    if (!widget) return;
-    DataRef data = MakeDataObject();
-    data->SetData(kTextFormat, DragText());
-    Long effect = kDropCopy;
-    With([&](auto& control) { control.Events().OLEStartDrag.Raise(data, effect); });
-    if (!widget) return;
-    const auto setData = [this, widget](DataRef wanted, Short format) {
-        if (!widget) return;
-        With([&](auto& control) { control.Events().OLESetData.Raise(wanted, format); });
-    };
-    const auto giveFeedback = [this, widget](Long shown) {
-        bool usual = true;
-        if (widget) {
-            With([&](auto& control) { control.Events().OLEGiveFeedback.Raise(shown, usual); });
-        }
-        return widget && !usual ? widget->cursor().pixmap() : QPixmap();
-    };
-    effect = data ? RunDrag(data, effect, {setData, giveFeedback}) : kDropNone;
-    if (!widget) return;
-    m_dragging = false;
-    With([&](auto& control) { control.Events().OLECompleteDrag.Raise(effect); });
-}
-
 void VmDateWidget::Host::MouseDown(const QMouseEvent& event) {
     With([&](auto& control) {
         control.OnMouseDown(ButtonsOf(event.button()), ShiftOf(event.modifiers()), XOf(event),
                             YOf(event));
     });
+}
+
+void VmDateWidget::Host::DblClick(const QMouseEvent& event) {
+    if (auto* const calendar = std::get_if<VmCalendar*>(&m_control)) {
+        (*calendar)->OnMouseDoubleClick(ButtonsOf(event.button()), ShiftOf(event.modifiers()),
+                                        XOf(event), YOf(event));
+    } else {
+        MouseDown(event);
+    }
 }
 
 void VmDateWidget::Host::MouseMove(const QMouseEvent& event) {

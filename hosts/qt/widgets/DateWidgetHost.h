@@ -25,10 +25,9 @@ public:
     Host(VmDateWidget& widget, QtWindowing& windowing, AnyControl control);
 
     void PropertyChanged(std::string_view name) override;
-    void StartDrag() override;
 
     virtual void MouseDown(const QMouseEvent& event);
-    virtual void DblClick(const QMouseEvent& event) { MouseDown(event); }
+    void DblClick(const QMouseEvent& event);
     void MouseMove(const QMouseEvent& event);
     virtual void MouseUp(const QMouseEvent& event);
     /// Something else takes the release of a button.
@@ -38,7 +37,7 @@ public:
     virtual void EnabledChanged();
     virtual void LocaleChanged();
     virtual void LookChanged();
-    DropTarget& Drops() noexcept { return m_drops; }
+    QtDropTarget& Drops() noexcept { return m_drops; }
 
     /// Does with the control what both kinds can do.
     template <class Action>
@@ -97,8 +96,6 @@ public:
 protected:
     /// To be called when the control has been made.
     void Begin();
-    /// What it drags, as text.
-    virtual Variant DragText() const = 0;
     virtual void EmitDateValue() = 0;
     virtual void WindowChanged() = 0;
 
@@ -132,8 +129,7 @@ private:
     VmDateWidget& m_widget;
     QtWindowing& m_windowing;
     AnyControl m_control;
-    DropTarget m_drops;
-    bool m_dragging = false;
+    QtDropTarget m_drops;
 
 protected:
     Dates m_dates;

@@ -52,7 +52,6 @@ public:
     void FocusLost();
 
 private:
-    Variant DragText() const override { return dropDown.Text(); }
     void EmitDateValue() override { emit m_widget.dateValueChanged(m_widget.dateValue()); }
     void EmitCloseUp();
 

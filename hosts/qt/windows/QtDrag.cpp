@@ -7,8 +7,8 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QUrl>
+#include <QWidget>
 
-#include <map>
 #include <utility>
 
 namespace velmora {
@@ -21,21 +21,6 @@ struct Format {
 constexpr Format kFormats[] = {{kTextFormat, "text/plain"},
                                {kBitmapFormat, "application/x-qt-image"},
                                {kFilesFormat, "text/uri-list"}};
-
-class HeldData final : public DataObject {
-public:
-    bool HasFormat(std::int16_t format) const override { return m_values.contains(format); }
-
-    Variant GetData(std::int16_t format) const override {
-        const auto found = m_values.find(format);
-        return found == m_values.end() ? Variant() : found->second;
-    }
-
-    void SetData(std::int16_t format, const Variant& value) override { m_values[format] = value; }
-
-private:
-    std::map<std::int16_t, Variant> m_values;
-};
 
 std::string PathsOf(const QMimeData& content) {
     QStringList paths;
@@ -143,19 +128,20 @@ std::int32_t ToEffects(Qt::DropActions actions) {
            (actions.testFlag(Qt::LinkAction) ? kDropLink : kDropNone);
 }
 
-DataRef MakeDataObject() { return std::make_shared<HeldData>(); }
-
 DataRef WrapData(const QMimeData* content) { return std::make_shared<WrappedData>(content); }
 
-std::int32_t RunDrag(const DataRef& data, std::int32_t allowedEffects, const DragEvents& events) {
+std::int32_t RunDrag(QWidget& source, const DataRef& data, std::int32_t allowedEffects,
+                     const DragEvents& events) {
     const Qt::DropActions actions = ToActions(allowedEffects);
     auto content = std::make_unique<DragContent>(data, events.setData);
     if (content->formats().isEmpty() || actions == Qt::IgnoreAction) return kDropNone;
     // The source may be deleted by what the drop causes, and would take a drag of its own along.
     auto* const drag = new QDrag(QCoreApplication::instance());
     drag->setMimeData(content.release());
-    QObject::connect(drag, &QDrag::actionChanged, drag, [drag, &events](Qt::DropAction action) {
-        drag->setDragCursor(events.giveFeedback(ToEffects(action)), action);
+    QObject::connect(drag, &QDrag::actionChanged, &source, [&](Qt::DropAction action) {
+        const QPointer<QWidget> widget(&source);
+        const bool usual = events.giveFeedback(ToEffects(action));
+        drag->setDragCursor(usual || !widget ? QPixmap() : widget->cursor().pixmap(), action);
     });
     return ToEffects(drag->exec(actions));
 }

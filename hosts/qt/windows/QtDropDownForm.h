@@ -40,7 +40,9 @@ public:
     explicit FormHosting(QWidget& window) : QtHosting(window), m_window(window) {}
 
     void PropertyChanged(std::string_view) override {}
-    void StartDrag() override {}
+    std::int32_t Drag(const DataRef&, std::int32_t, const DragEvents&) override {
+        return kDropNone;
+    }
     /// In the middle of the active window, as this one is mostly hidden.
     void ShowAboutBox(const AboutText& text) override;
 

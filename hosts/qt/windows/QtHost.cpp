@@ -4,6 +4,7 @@
 #include "hosts/qt/drawing/QtDrawing.h"
 #include "hosts/qt/windows/AboutBox.h"
 #include "hosts/qt/windows/QtChildren.h"
+#include "hosts/qt/windows/QtDrag.h"
 #include "platform/ScaleMode.h"
 
 #include <QCursor>
@@ -129,5 +130,10 @@ FontRef QtHosting::AmbientFont() const {
 std::optional<std::int16_t> QtHosting::ContainerScaleMode() const { return kScalePixels; }
 
 void QtHosting::ShowAboutBox(const AboutText& text) { ShowAbout(text, m_widget); }
+
+std::int32_t QtHosting::Drag(const DataRef& data, std::int32_t allowedEffects,
+                             const DragEvents& events) {
+    return RunDrag(m_widget, data, allowedEffects, events);
+}
 
 }  // namespace velmora

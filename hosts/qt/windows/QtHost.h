@@ -70,6 +70,8 @@ public:
     std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
     /// Returns at once; the box stays until the user closes it.
     void ShowAboutBox(const AboutText& text) override;
+    std::int32_t Drag(const DataRef& data, std::int32_t allowedEffects,
+                      const DragEvents& events) override;
 
 private:
     QWidget& m_widget;

@@ -69,7 +69,7 @@ TEST(Pictures, KeepTheirIdentityAndTheirPixels) {
 /// What dragging within one program does not show.
 TEST(Data, ComeBackFromAnotherProgramAsTheyWere) {
     const auto image = std::make_shared<PixelImage>(PixelImage{1, 1, {0xFF010203}});
-    const auto data = MakeDataObject();
+    const auto data = std::make_shared<HeldData>();
     const auto registered = static_cast<std::int16_t>(RegisterClipboardFormatW(L"Velmora Test"));
     data->SetData(kTextFormat, "a\xe2\x82\xac");
     data->SetData(registered, "raw");

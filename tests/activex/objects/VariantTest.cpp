@@ -68,7 +68,7 @@ TEST(ComVariant, EveryTypeOfTheCoreComesBack) {
     for (const Variant& value :
          {Variant(), Variant(Null()), Variant(std::int16_t{-1}), Variant(0x00FFFF00), Variant(0.25),
           Variant(Date(-1.25)), Variant("a\xe2\x82\xac"), Variant(false), Variant(ObjectRef()),
-          Variant(ObjectRef(font)), Variant(ObjectRef(MakeDataObject()))}) {
+          Variant(ObjectRef(font)), Variant(ObjectRef(std::make_shared<HeldData>()))}) {
         OwnedVariant out;
         ToComVariant(value, *objects, out);
         EXPECT_EQ(V_VT(&out), static_cast<VARTYPE>(value.Type()));
