@@ -100,6 +100,7 @@ void DropDownForm::TrackMouse() {
 
 void DropDownForm::OnTimer() {
     if (!m_owner) return;
+    m_calendar.OnClock();
     bool known = false;
     const bool inside = IsCursorInside(known);
     if (!known || m_buttonPressed) return;  // a press keeps the capture that it has

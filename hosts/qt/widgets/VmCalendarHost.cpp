@@ -7,7 +7,8 @@ VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
       m_widget(widget),
       m_input(widget),
       m_windowing(widget, &m_input),
-      calendar({m_drawing, m_windowing, m_dates, *this}) {
+      calendar({m_drawing, m_windowing, m_dates, *this}),
+      m_clock(widget, calendar) {
     Begin();
     calendar.Events().Click.Connect([this] { emit m_widget.click(); });
     calendar.Events().DblClick.Connect([this] { emit m_widget.dblClick(); });

@@ -2,6 +2,7 @@
 
 #include "VelmoraCalendar/VmCalendarWidget.h"
 #include "hosts/qt/widgets/DateWidgetHost.h"
+#include "hosts/qt/windows/QtClock.h"
 #include "hosts/qt/windows/SelectorInput.h"
 
 class QPainter;
@@ -29,6 +30,9 @@ private:
 
 public:
     VmCalendar calendar;  // ends before what it stands on
+
+private:
+    QtClock m_clock;
 };
 
 }  // namespace velmora
