@@ -1,5 +1,7 @@
 #include "VelmoraCalendar/QtConversions.h"
 
+#include "platform/FontAndPicture.h"
+
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>

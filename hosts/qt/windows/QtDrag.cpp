@@ -1,6 +1,7 @@
 #include "hosts/qt/windows/QtDrag.h"
 
 #include "VelmoraCalendar/QtConversions.h"
+#include "platform/FontAndPicture.h"
 
 #include <QCoreApplication>
 #include <QDrag>

@@ -37,11 +37,11 @@ public:
     /// when it is neither.
     static PropertyPageDialog* Open(QWidget& control);
 
-signals:
+Q_SIGNALS:
     /// The pages that were changed have been written, as far as the object has not refused them.
     void applied();
 
-public slots:
+public Q_SLOTS:
     void accept() override;
 
 private:

@@ -1,9 +1,5 @@
 #pragma once
 
-#include "platform/FontAndPicture.h"
-#include "platform/Values.h"
-#include "platform/dates/Date.h"
-
 #include <QColor>
 #include <QDate>
 #include <QDateTime>
@@ -11,11 +7,22 @@
 #include <QImage>
 #include <QString>
 
-#include <string>
+#include <cstdint>
+#include <memory>
 #include <string_view>
 
-/// The core's value types and their counterparts in Qt.
+/// The core's value types and their counterparts in Qt. The core's are in platform/Values.h,
+/// platform/FontAndPicture.h and platform/dates/Date.h.
 namespace velmora {
+
+struct Date;
+struct StdFont;
+class StdPicture;
+enum class PictureType : std::int16_t;
+using DayNumber = std::int32_t;
+using OLE_COLOR = std::uint32_t;
+using PictureRef = std::shared_ptr<StdPicture>;
+using Rgb = std::uint32_t;
 
 inline QString ToQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

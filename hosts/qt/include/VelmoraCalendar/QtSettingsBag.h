@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Hosting.h"
+#include "platform/PropertyBag.h"
 
 #include <QString>
 

@@ -1,0 +1,1 @@
+#error "a header of the program, not of the library"
