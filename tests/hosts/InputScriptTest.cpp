@@ -21,6 +21,11 @@ namespace velmora {
 namespace {
 
 class QtPlayer : public test::InputPlayer {
+public:
+    /// The event by which a widget loses the mouse.
+    explicit QtPlayer(QEvent::Type loss = QEvent::UngrabMouse) : m_loss(loss) {}
+
+private:
     void Make(Kind kind) override {
         m_window = std::make_unique<QWidget>();
         m_calendar = nullptr;
@@ -38,32 +43,32 @@ class QtPlayer : public test::InputPlayer {
         if (m_widget) m_widget->setFocus();
     }
 
-    template <class AnyWidget>
-    void Connect(AnyWidget* widget, int width, int height) {
+    void Connect(VmDateWidget* widget, int width, int height) {
         m_widget = widget;
-        const auto note = [this, widget](auto signal, const char* name) {
-            QObject::connect(widget, signal, Noting(name));
+        const auto note = [this](auto* from, auto signal, const char* name) {
+            QObject::connect(from, signal, Noting(name));
         };
-        QObject::connect(widget, &AnyWidget::dateChanged, [this](QDate date) {
+        using Any = VmDateWidget;
+        QObject::connect(widget, &Any::dateChanged, [this](QDate date) {
             Noting("DateChanged")(date.toString(Qt::ISODate).toStdString());
         });
-        QObject::connect(widget, &AnyWidget::propertyChanged,
+        QObject::connect(widget, &Any::propertyChanged,
                          [this](const QString& name) { NoteProperty(name.toStdString()); });
-        note(&AnyWidget::dayChanged, "DayChanged");
-        note(&AnyWidget::monthChanged, "MonthChanged");
-        note(&AnyWidget::yearChanged, "YearChanged");
-        note(&AnyWidget::keyDown, "KeyDown");
-        note(&AnyWidget::keyPress, "KeyPress");
-        note(&AnyWidget::keyUp, "KeyUp");
-        note(&AnyWidget::mouseDown, "MouseDown");
-        note(&AnyWidget::mouseUp, "MouseUp");
-        QObject::connect(widget, &AnyWidget::mouseMove, NotingMove());
-        if constexpr (requires { &AnyWidget::click; }) {
-            note(&AnyWidget::click, "Click");
-            note(&AnyWidget::dblClick, "DblClick");
+        note(widget, &Any::dayChanged, "DayChanged");
+        note(widget, &Any::monthChanged, "MonthChanged");
+        note(widget, &Any::yearChanged, "YearChanged");
+        note(widget, &Any::keyDown, "KeyDown");
+        note(widget, &Any::keyPress, "KeyPress");
+        note(widget, &Any::keyUp, "KeyUp");
+        note(widget, &Any::mouseDown, "MouseDown");
+        note(widget, &Any::mouseUp, "MouseUp");
+        QObject::connect(widget, &Any::mouseMove, NotingMove());
+        if (m_calendar) {
+            note(m_calendar, &VmCalendarWidget::click, "Click");
+            note(m_calendar, &VmCalendarWidget::dblClick, "DblClick");
         } else {
-            note(&AnyWidget::closeUp, "CloseUp");
-            note(&AnyWidget::dropDown, "DropDown");
+            note(m_box, &VmCalDropDownWidget::closeUp, "CloseUp");
+            note(m_box, &VmCalDropDownWidget::dropDown, "DropDown");
         }
         widget->setGeometry(150, 10, width, height);
     }
@@ -82,21 +87,33 @@ class QtPlayer : public test::InputPlayer {
 
     void Key(const Stroke& stroke) override {
         static const std::map<int, int> kKeys = {
-            {13, Qt::Key_Return}, {16, Qt::Key_Shift},  {17, Qt::Key_Control},  {18, Qt::Key_Alt},
-            {27, Qt::Key_Escape}, {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {37, Qt::Key_Left},
-            {38, Qt::Key_Up},     {39, Qt::Key_Right},  {40, Qt::Key_Down},     {115, Qt::Key_F4}};
+            {13, Qt::Key_Return},   {16, Qt::Key_Shift},  {17, Qt::Key_Control},
+            {18, Qt::Key_Alt},      {27, Qt::Key_Escape}, {33, Qt::Key_PageUp},
+            {34, Qt::Key_PageDown}, {37, Qt::Key_Left},   {38, Qt::Key_Up},
+            {39, Qt::Key_Right},    {40, Qt::Key_Down},   {46, Qt::Key_Delete},
+            {115, Qt::Key_F4}};
         const auto found = kKeys.find(stroke.code);
         const int key = found == kKeys.end() ? stroke.code : found->second;
         // A key event of a modifier has the state of before.
         const int own = stroke.code == 16 ? 1 : stroke.code == 17 ? 2 : stroke.code == 18 ? 4 : 0;
-        const QString text = stroke.character ? QString(QChar(stroke.character)) : QString();
+        const int typed = key == Qt::Key_Delete ? 127 : stroke.character;
+        const QString text = typed ? QString(QChar(typed)) : QString();
         if (!m_widget->hasFocus()) m_widget->setFocus();
         const auto send = [&, this](QEvent::Type type) {
             QKeyEvent event(type, key, Modifiers(stroke.shift ^ own), text, stroke.again);
             if (m_widget) QApplication::sendEvent(m_widget, &event);
         };
         if (stroke.again) send(QEvent::KeyRelease);
+        if (stroke.down) ExpectShortcut(key);
         send(stroke.down ? QEvent::KeyPress : QEvent::KeyRelease);
+    }
+    /// Keys that close the open calendar are no shortcuts of the form.
+    void ExpectShortcut(int key) {
+        QKeyEvent event(QEvent::ShortcutOverride, key, {});
+        event.ignore();
+        if (m_widget) QApplication::sendEvent(m_widget, &event);
+        const bool closes = key == Qt::Key_Escape || key == Qt::Key_Return;
+        EXPECT_EQ(event.isAccepted(), closes && m_widget && m_box && m_box->dropDownState());
     }
     static Qt::KeyboardModifiers Modifiers(int shift) {
         Qt::KeyboardModifiers modifiers;
@@ -123,7 +140,7 @@ class QtPlayer : public test::InputPlayer {
         QApplication::sendEvent(target, &event);
     }
     void LoseMouse() override {
-        QEvent event(QEvent::UngrabMouse);
+        QEvent event(m_loss);
         QApplication::sendEvent(m_widget, &event);
     }
 
@@ -221,20 +238,27 @@ class QtPlayer : public test::InputPlayer {
         return runs ? "something still runs" : "";
     }
 
+    const QEvent::Type m_loss;
     std::unique_ptr<QWidget> m_window;
     QPointer<QWidget> m_widget;
     VmCalendarWidget* m_calendar = nullptr;
     VmCalDropDownWidget* m_box = nullptr;
 };
 
-TEST(InputScript, TheWidgetsRaiseItsEvents) { QtPlayer().Play(test::kInputScript); }
+TEST(InputScript, TheWidgetsRaiseItsEvents) {
+    for (const auto loss : {QEvent::UngrabMouse, QEvent::Hide, QEvent::WindowDeactivate}) {
+        QtPlayer(loss).Play(test::kInputScript);
+    }
+}
 
 /// A slot of any signal does its worst in the middle of any step.
 TEST(InputScript, TheWidgetsSurviveTheirSlots) {
+    const auto noisy = qInstallMessageHandler([](auto...) {});  // of what off screen there is not
     for (const char* mischief :
          {"destroy", "let DateValue 2031-07-07", "let Enabled 0", "focus away", "key F4"}) {
         QtPlayer().PlayWith(test::kInputScript, mischief);
     }
+    qInstallMessageHandler(noisy);
 }
 
 }  // namespace

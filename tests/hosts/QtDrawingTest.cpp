@@ -119,14 +119,4 @@ TEST(QtDrawing, SystemColoursAreTheActiveOnesAndLegibleOnADarkPalette) {
     EXPECT_GE(std::abs(gray(17) - gray(5)), 48);
 }
 
-TEST(VmCalendarWidget, AHugeCaptionIsPaintedLikeAnyOther) {
-    VmCalendarWidget widget;
-    widget.calendar().DayCaptionAlignment(VmTextTopLeft);
-    widget.resize(400, 300);
-    widget.calendar().Days()->Item(5)->Caption(std::string(10u << 20, 'i'));
-    const QImage huge = widget.grab().toImage();
-    widget.calendar().Days()->Item(5)->Caption(std::string(200, 'i'));
-    EXPECT_EQ(huge, widget.grab().toImage());
-}
-
 }  // namespace velmora

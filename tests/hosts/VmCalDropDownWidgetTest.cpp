@@ -1,5 +1,6 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 
+#include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/windows/QtDropDownForm.h"
 #include "tests/hosts/PropertyWalk.h"
 #include "tests/hosts/WidgetSupport.h"
@@ -66,6 +67,7 @@ TEST(VmCalDropDownWidget, WhateverHappensToTheBoxEndsItsCalendar) {
         for (const QTimer* const timer : TheForm().findChildren<QTimer*>()) {
             EXPECT_FALSE(timer->isActive());
         }
+        EXPECT_EQ(window.closings, 0) << "told when a slot may delete the box";
         QApplication::processEvents();
         EXPECT_EQ(window.closings, window.box ? 1 : 0);
     }
@@ -82,6 +84,12 @@ TEST(VmCalDropDownWidget, OpenCalendarLooksAsItsBox) {
     EXPECT_EQ(TheForm().palette().color(QPalette::Button), QColor(50, 50, 50));
     EXPECT_EQ(window.box->text(), "15.05.2024");
     EXPECT_TRUE(TheForm().isVisible());
+    window.box->setDropDownState(false);
+    window.box->setDropDownWidth(1 << 20);
+    window.box->dropDownBox().DateValue(Variant(Date(45427.9999999999)));
+    EXPECT_EQ(window.box->dateValue().date(), kMay15) << "the last moment of the day";
+    SendKey(window.box, QEvent::KeyPress, Qt::Key_F4);
+    EXPECT_LE(TheForm().width(), window.screen()->virtualSize().width());
 }
 
 }  // namespace

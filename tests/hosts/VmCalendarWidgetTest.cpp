@@ -30,20 +30,6 @@ TEST(VmCalendarWidget, ReportsItsOwnDisablingAlone) {
     EXPECT_EQ(changed, (Names{"Enabled", "Enabled"}));
 }
 
-TEST(VmCalendarWidget, ChildrenExistForTheirStyleAndFollowTheLocale) {
-    Widget widget;
-    widget.setMonthYearSelStyle(Widget::MonthSelArrows);
-    Prepare(widget);
-    EXPECT_TRUE(widget.findChildren<QWidget*>().isEmpty());
-    widget.setMonthYearSelStyle(Widget::MonthSelCombo);
-    const auto* const list = widget.findChild<QComboBox*>();
-    ASSERT_TRUE(list && list->isVisible());
-    EXPECT_EQ(list->currentText(), "May");
-    widget.setLocale(QLocale(QLocale::German, QLocale::Germany));
-    EXPECT_EQ(list->currentText(), "Mai");
-    EXPECT_EQ(widget.calendar().DateValue(), Variant("15.05.2024"));
-}
-
 TEST(VmCalendarWidget, AboutBoxOutlivesTheWidget) {
     auto* const widget = new Widget;
     Prepare(*widget);
@@ -74,7 +60,6 @@ TEST(VmCalendarWidget, KeysAreAcceptedWhenUsed) {
     QApplication::processEvents();
     EXPECT_TRUE(IsUsed(widget, Qt::Key_Right));
     EXPECT_FALSE(IsUsed(widget, Qt::Key_A, "a"));
-    EXPECT_FALSE(IsUsed(widget, Qt::Key_Delete, "\x7f"));
     auto* const year = widget->findChild<QLineEdit*>();
     for (QWidget* const child :
          {static_cast<QWidget*>(widget->findChild<QComboBox*>()), static_cast<QWidget*>(year)}) {

@@ -22,9 +22,9 @@ struct Mischief : std::runtime_error {
 };
 
 /// Virtual-key codes; those of letters are the letters.
-const std::map<std::string, int> kKeys = {{"Return", 13},   {"Escape", 27}, {"PageUp", 33},
-                                          {"PageDown", 34}, {"Left", 37},   {"Up", 38},
-                                          {"Right", 39},    {"Down", 40},   {"F4", 115}};
+const std::map<std::string, int> kKeys = {
+    {"Return", 13}, {"Escape", 27}, {"PageUp", 33}, {"PageDown", 34}, {"Left", 37},
+    {"Up", 38},     {"Right", 39},  {"Down", 40},   {"Delete", 46},   {"F4", 115}};
 
 /// The bit of the modifier before the '+', 0 for none, and what is done with it.
 std::pair<int, std::string> SplitModifier(const std::string& text) {

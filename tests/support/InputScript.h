@@ -50,7 +50,7 @@ key Shift+Down   -> DateChanged(2024-05-22) DayChanged(22) = 2024-05-22
 key Shift+PageUp -> MonthChanged(4) = 2024-04-15
 repeat Right     -> KeyDown(39, 0) DateChanged(2024-04-16) DayChanged(16) KeyDown(39, 0)
                    DateChanged(2024-04-17) DayChanged(17) KeyUp(39, 0) = 2024-04-17
-calendar; key A; key Shift+B; key Return; key Escape; key F4
+calendar; key A; key Shift+B; key Return; key Escape; key F4; key Delete
 repeat A         -> KeyDown(65, 0) KeyPress(97) KeyDown(65, 0) KeyPress(97) KeyUp(65, 0)
 let Enabled 0
 key Right        =>
