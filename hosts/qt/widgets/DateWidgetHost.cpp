@@ -32,38 +32,27 @@ void VmDateWidget::Host::Begin() {
 
 template <class Events>
 void VmDateWidget::Host::EmitEvents(Events& events) {
+    using Widget = VmDateWidget;
     VmDateWidget* const to = &m_widget;
+    const auto relay = [to]<class... Args>(Event<Args...>& event, auto signal) {
+        event.Connect([to, signal](Args... arguments) { (to->*signal)(arguments...); });
+    };
     events.DateChanged.Connect([to](Date& date) { emit to->dateChanged(ToQDate(DayOf(date))); });
-    events.DayChanged.Connect([to](Short& day) { emit to->dayChanged(day); });
     events.MonthChanged.Connect([this](Short& month) { EmitMonth(month); });
-    events.YearChanged.Connect([to](Short& year) { emit to->yearChanged(year); });
-    events.KeyDown.Connect([to](Short& key, Short& shift) { emit to->keyDown(key, shift); });
-    events.KeyPress.Connect([to](Short& key) { emit to->keyPress(key); });
-    events.KeyUp.Connect([to](Short& key, Short& shift) { emit to->keyUp(key, shift); });
-    events.MouseDown.Connect([to](Short& button, Short& shift, float& x, float& y) {
-        emit to->mouseDown(button, shift, x, y);
-    });
-    events.MouseMove.Connect([to](Short& button, Short& shift, float& x, float& y) {
-        emit to->mouseMove(button, shift, x, y);
-    });
-    events.MouseUp.Connect([to](Short& button, Short& shift, float& x, float& y) {
-        emit to->mouseUp(button, shift, x, y);
-    });
-    events.OLEStartDrag.Connect(
-        [to](DataRef& data, Long& effects) { emit to->oleStartDrag(data, effects); });
-    events.OLESetData.Connect(
-        [to](DataRef& data, Short& format) { emit to->oleSetData(data, format); });
-    events.OLEGiveFeedback.Connect([to](Long& effect, bool& defaultCursors) {
-        emit to->oleGiveFeedback(effect, defaultCursors);
-    });
-    events.OLECompleteDrag.Connect([to](Long& effect) { emit to->oleCompleteDrag(effect); });
-    events.OLEDragOver.Connect(
-        [to](DataRef& data, Long& effect, Short& button, Short& shift, float& x, float& y,
-             Short& state) { emit to->oleDragOver(data, effect, button, shift, x, y, state); });
-    events.OLEDragDrop.Connect(
-        [to](DataRef& data, Long& effect, Short& button, Short& shift, float& x, float& y) {
-            emit to->oleDragDrop(data, effect, button, shift, x, y);
-        });
+    relay(events.DayChanged, &Widget::dayChanged);
+    relay(events.YearChanged, &Widget::yearChanged);
+    relay(events.KeyDown, &Widget::keyDown);
+    relay(events.KeyPress, &Widget::keyPress);
+    relay(events.KeyUp, &Widget::keyUp);
+    relay(events.MouseDown, &Widget::mouseDown);
+    relay(events.MouseMove, &Widget::mouseMove);
+    relay(events.MouseUp, &Widget::mouseUp);
+    relay(events.OLEStartDrag, &Widget::oleStartDrag);
+    relay(events.OLESetData, &Widget::oleSetData);
+    relay(events.OLEGiveFeedback, &Widget::oleGiveFeedback);
+    relay(events.OLECompleteDrag, &Widget::oleCompleteDrag);
+    relay(events.OLEDragOver, &Widget::oleDragOver);
+    relay(events.OLEDragDrop, &Widget::oleDragDrop);
 }
 
 /// A slot may delete the widget, which must not happen under a painter.

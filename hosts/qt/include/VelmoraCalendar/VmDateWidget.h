@@ -13,7 +13,7 @@ namespace velmora {
 class DataObject;
 class StdPicture;
 class VmDay;
-/// What is dragged; its class is in platform/Hosting.h.
+/// What is dragged; its class is in platform/DataObject.h.
 using DataRef = std::shared_ptr<DataObject>;
 /// A day to be decorated; its class is in model/VmDay.h.
 using DayRef = std::shared_ptr<VmDay>;
