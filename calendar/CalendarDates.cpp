@@ -9,6 +9,7 @@ void VmCalendar::Let(const LimitProperty& property, Date value) {
     const bool clamps = property.keep(m_state, value);
     if (clamps) {
         m_state.dateValue = m_state.*property.field;
+        m_state.dateChosen = true;
         ShowDate(m_state.dateValue);
     }
     SyncSelectors();
@@ -24,7 +25,10 @@ Variant VmCalendar::DateValue() const {
 void VmCalendar::DateValue(const Variant& value) {
     if (value.Type() == VarType::Empty) return;
     const Date date = ToDate(value);
-    if (DayOf(date) == DayOf(m_state.dateValue)) return;
+    if (DayOf(date) == DayOf(m_state.dateValue)) {
+        m_state.dateChosen = true;
+        return;
+    }
     CheckDateValue(m_state, date);
     SelectDate(date);
 }
@@ -34,14 +38,17 @@ DayRef VmCalendar::SelectedDay() const {
 }
 
 /// Moves the grid; the days and the selectors follow at once, so that every handler finds them in
-/// step. Returns whether another month is shown.
-bool VmCalendar::ShowDate(Date date) {
-    const bool otherMonth = MonthsBetween(DayOf(m_state.shownDate), DayOf(date)) != 0;
-    m_state.shownDate = date;
+/// step. Returns the date that was shown.
+Date VmCalendar::ShowDate(Date date) {
+    const Date before = std::exchange(m_state.shownDate, date);
     ++m_dateChanges;
-    if (otherMonth || m_days->Count() == 0) m_days->LoadMonth(DayOf(date));
+    const bool otherMonth = MonthsBetween(DayOf(before), DayOf(date)) != 0;
+    if (otherMonth || m_days->Count() == 0) {
+        m_days->LoadMonth(DayOf(date));
+        m_outdated = true;
+    }
     SyncSelectors();
-    return otherMonth;
+    return before;
 }
 
 void VmCalendar::SyncSelectors() {
@@ -58,33 +65,45 @@ void VmCalendar::SyncSelectors() {
 /// Selects a date that has been found valid: state, then events, then what has to be redrawn.
 void VmCalendar::SelectDate(Date date, Follow follow) {
     const Date previous = std::exchange(m_state.dateValue, date);
+    m_state.dateChosen = true;
     const bool sameMonthNumber = MonthOf(DayOf(previous)) == MonthOf(DayOf(date));
-    if (follow == Follow::Always || !sameMonthNumber) ShowDate(date);
+    const bool follows = follow == Follow::Always || !sameMonthNumber;
+    const Date shownBefore = follows ? ShowDate(date) : date;
     ++m_dateChanges;
 
     const Lifetime::Watch alive(m_lifetime);
-    RaiseDateParts(previous, date);
-    if (!alive) return;
-    m_platform.hosting.PropertyChanged(kDateValue.name);
-    if (alive) RepaintSelection();
+    RaiseThen([&] { RaiseDateParts(previous, shownBefore, date); },
+              [&] {
+                  if (alive) m_platform.hosting.PropertyChanged(kDateValue.name);
+                  if (alive) RepaintSelection();
+              });
 }
 
 /// Shows another month and leaves the selected date where it is.
 void VmCalendar::MoveShown(Date date) {
-    const CivilDate before = CivilOf(DayOf(m_state.shownDate));
+    const CivilDate before = CivilOf(DayOf(ShowDate(date)));
     const CivilDate after = CivilOf(DayOf(date));
-    ShowDate(date);
     const unsigned change = m_dateChanges;
     const Lifetime::Watch alive(m_lifetime);
-    if (after.month != before.month) SelectMonth(after.month);
-    if (alive && change == m_dateChanges && after.year != before.year) SelectYear(after.year);
-    if (alive) RepaintSelection();
+    RaiseThen(
+        [&] {
+            if (after.month != before.month) SelectMonth(after.month);
+            if (!alive || change != m_dateChanges) return;
+            if (after.year != before.year) SelectYear(after.year);
+        },
+        [&] {
+            if (alive) RepaintSelection();
+        });
 }
 
-/// Stops when a handler has moved the date again: that move has raised events of its own.
-void VmCalendar::RaiseDateParts(Date from, Date to) {
+/// Tells of a date that has been selected, and of the month when the grid has left another one for
+/// it. Stops when a handler has moved the date again: that move has raised events of its own.
+void VmCalendar::RaiseDateParts(Date from, Date shownBefore, Date to) {
     const CivilDate before = CivilOf(DayOf(from));
+    const CivilDate shown = CivilOf(DayOf(shownBefore));
     const CivilDate after = CivilOf(DayOf(to));
+    const bool otherMonth = after.month != before.month || after.month != shown.month;
+    const bool otherYear = after.year != before.year || after.year != shown.year;
     const unsigned change = m_dateChanges;
     const Lifetime::Watch alive(m_lifetime);
     const auto goesOn = [&] { return alive && change == m_dateChanges; };
@@ -95,12 +114,14 @@ void VmCalendar::RaiseDateParts(Date from, Date to) {
         auto newDay = static_cast<std::int16_t>(after.day);
         m_events.DayChanged.Raise(newDay);
     }
-    if (goesOn() && after.month != before.month) SelectMonth(after.month);
-    if (!goesOn() || after.year == before.year) return;
-    const bool both = after.month != before.month;
-    if (both) m_state.noRepaintControl = true;  // one repaint, after the last event
-    SelectYear(after.year);
-    if (alive && both) m_state.noRepaintControl = false;
+    if (goesOn() && otherMonth) SelectMonth(after.month);
+    if (!goesOn() || !otherYear) return;
+    if (!otherMonth) return SelectYear(after.year);
+    m_state.noRepaintControl = true;  // one repaint, after the last event
+    RaiseThen([&] { SelectYear(after.year); },
+              [&] {
+                  if (alive) m_state.noRepaintControl = false;
+              });
 }
 
 void VmCalendar::SelectMonth(int month) {

@@ -81,15 +81,15 @@ bool VmCalendar::StepShown(int months) {
     const DayNumber day = std::max(minimum, std::min(wanted, maximum));
 
     m_state.dateValue = DateOf(day, TimeOf(m_state.dateValue));
+    m_state.dateChosen = true;
     ShowDate(m_state.dateValue);
     const Lifetime::Watch alive(m_lifetime);
-    if (MonthOf(day) != MonthOf(before)) {
-        SelectMonth(MonthOf(day));
-    } else {
-        SelectYear(YearOf(day));
-    }
-    if (alive) m_platform.hosting.PropertyChanged(kDateValue.name);
-    if (alive) RepaintSelection();
+    const bool otherMonth = MonthOf(day) != MonthOf(before);
+    RaiseThen([&] { otherMonth ? SelectMonth(MonthOf(day)) : SelectYear(YearOf(day)); },
+              [&] {
+                  if (alive) m_platform.hosting.PropertyChanged(kDateValue.name);
+                  if (alive) RepaintSelection();
+              });
     return true;
 }
 

@@ -137,7 +137,10 @@ void VmCalendar::Release(const Press& press, float x, float y) {
     if (!day) return;
     if (*day != DayOf(m_state.dateValue)) {
         SelectDate(DateOf(*day));
-    } else if (m_state.alwaysDateChanged) {
+        return;
+    }
+    m_state.dateChosen = true;
+    if (m_state.alwaysDateChanged) {
         auto sameDay = static_cast<std::int16_t>(DayOfMonth(*day));
         m_events.DayChanged.Raise(sameDay);
     }

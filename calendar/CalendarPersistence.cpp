@@ -9,21 +9,25 @@
 namespace velmora {
 namespace {
 
-/// Dates are saved as they are; their defaults are day numbers.
+/// Dates are saved as they are; their defaults are day numbers. A chosen date has no default.
 template <const auto& kRow>
 constexpr SavedProperty<CalendarStorage> SavedAs() {
-    using T = typename std::remove_cvref_t<decltype(kRow)>::Value;
+    using Row = std::remove_cvref_t<decltype(kRow)>;
+    using T = typename Row::Value;
+    constexpr bool isDateValue = std::is_same_v<Row, DateProperty>;
     return {kRow.name, kRow.saved,
             [](const CalendarStorage& from) { return ToSaved<T>(kRow.Get(from)); },
             [](const CalendarStorage& defaults) {
+                if (isDateValue && defaults.state.dateChosen) return Variant();
                 if constexpr (std::is_same_v<T, Date>) {
                     return Variant(DayOf(kRow.Get(defaults)));
                 } else {
                     return ToSaved<T>(OwnCopy<T>(kRow.Get(defaults)));
                 }
             },
-            [](const CalendarStorage& to, const Variant& value) {
-                kRow.Store(to, FromVariant<T>(value));
+            [](const CalendarStorage& to, const Variant& value, const Dates& dates) {
+                kRow.Store(to, FromSaved<T>(value, dates));
+                if (isDateValue) to.state.dateChosen = value != Variant(dates.Today());
             }};
 }
 
@@ -52,7 +56,7 @@ void VmCalendar::ReadProps(PropertyBag& bag) {
     StoredWindow defaultWindow;
     CalendarState state;
     ReadProperties<CalendarStorage>(bag, kRead, {state, *m_days, m_platform.windowing},
-                                    {defaults, defaultDays, defaultWindow});
+                                    {defaults, defaultDays, defaultWindow}, m_platform.dates);
     state.monthAnnounced = m_state.monthAnnounced;
     state.alwaysDateChanged = m_state.alwaysDateChanged;
     state.noResizeControl = m_state.noResizeControl;
@@ -65,12 +69,15 @@ void VmCalendar::ReadProps(PropertyBag& bag) {
     SyncSelectors();
 
     const Lifetime::Watch alive(m_lifetime);
-    SelectMonth(MonthOf(DayOf(m_state.shownDate)));
-    if (alive) RepaintControl();
+    RaiseThen([&] { SelectMonth(MonthOf(DayOf(m_state.shownDate))); },
+              [&] {
+                  if (alive) RepaintControl();
+              });
 }
 
 void VmCalendar::WriteProps(PropertyBag& bag) const {
-    CalendarState defaults = NewState(DateOf(m_platform.dates.Today()));
+    CalendarState defaults = NewState(m_state.dateValue);
+    defaults.dateChosen = m_state.dateChosen;
     VmDays defaultDays;
     StoredWindow defaultWindow;
     CalendarState state = m_state;

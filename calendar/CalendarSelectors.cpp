@@ -29,16 +29,24 @@ void VmCalendar::OnMonthListClick(int listIndex) {
     ShowDate(DateOf(day));
     const unsigned change = m_dateChanges;
     const Lifetime::Watch alive(m_lifetime);
-    Date newDate = m_state.shownDate;
-    m_events.DateChanged.Raise(newDate);
-    if (alive && change == m_dateChanges) AcceptMonth();
+    RaiseThen(
+        [&] {
+            Date newDate = m_state.shownDate;
+            m_events.DateChanged.Raise(newDate);
+            if (alive && change == m_dateChanges) AcceptMonth();
+        },
+        [&] {
+            if (alive) RepaintSelection();
+        });
 }
 
 void VmCalendar::AcceptMonth() {
     if (m_cancelled) return;
     const Lifetime::Watch alive(m_lifetime);
-    SelectMonth(MonthOf(DayOf(m_state.shownDate)));
-    if (alive) RepaintControl();
+    RaiseThen([&] { SelectMonth(MonthOf(DayOf(m_state.shownDate))); },
+              [&] {
+                  if (alive) RepaintControl();
+              });
 }
 
 void VmCalendar::OnMonthListKeyDown(std::int16_t keyCode) {

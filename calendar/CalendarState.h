@@ -17,7 +17,8 @@ struct CalendarState {
     VmAppearanceConstants appearance = VmAppearance3D;
     Date dateMax = kDefaultDateMax;
     Date dateMin = kDefaultDateMin;
-    Date dateValue;  // today in a new calendar
+    Date dateValue;           // today in a new calendar
+    bool dateChosen = false;  // else nobody has touched it, and it is not saved
     VmAppearanceConstants dayAppearance = VmAppearance3D;
     VmTextAlignmentConstants dayCaptionAlignment = VmTextBottomCenter;
     FontRef dayFont;  // null: the container's

@@ -1,12 +1,45 @@
 #include "calendar/PropertyAccess.h"
 #include "calendar/VmCalendar.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace velmora {
 namespace {
+
+/// The days of a holder: this library's own, or any objects that answer by the same names.
+class HolderDays {
+public:
+    HolderDays() = default;
+    /// Error 13: no object, or one without names.
+    explicit HolderDays(const Variant& days) {
+        const auto object = ToObject<Object>(days);
+        m_own = std::dynamic_pointer_cast<VmDays>(object);
+        m_named = std::dynamic_pointer_cast<AutomationObject>(object);
+        if (!m_own && !m_named) RaiseTypeMismatch();
+    }
+
+    explicit operator bool() const noexcept { return m_own || m_named; }
+    std::int32_t Count() const {
+        return m_own ? m_own->Count() : ToInt32(m_named->GetMember("Count"));
+    }
+    OLE_COLOR Color(const DayColorProperty& row) const {
+        constexpr std::size_t kDay = 3;  // "DayDefaultBackColor" is their "DefaultBackColor"
+        return m_own ? (*m_own.*row.get)()
+                     : FromVariant<OLE_COLOR>(m_named->GetMember(row.name.substr(kDay)));
+    }
+    ObjectRef Item(std::int16_t index) const {
+        return m_own ? m_own->Item(index) : ToObject<Object>(m_named->GetItem(index));
+    }
+
+private:
+    std::shared_ptr<VmDays> m_own;
+    std::shared_ptr<AutomationObject> m_named;
+};
 
 /// Copies one thing after the other as long as the target lives, and keeps the first refusal for
 /// the end.
@@ -14,7 +47,7 @@ class Copier {
 public:
     Copier(const AutomationObject& from, VmCalendar& to, const Lifetime::Watch& alive)
         : m_from(from), m_to(to), m_alive(alive) {
-        Try([&] { m_days = ToObject<VmDays>(from.GetMember(kDays.name)); });
+        Try([&] { m_days = HolderDays(from.GetMember(kDays.name)); });
     }
 
     template <const auto&... kRow>
@@ -39,14 +72,21 @@ public:
         });
     }
     void Copy(const DayColorProperty& row) {
-        if (m_days) Try([&] { m_to.Let(row, (*m_days.*row.get)()); });
+        if (m_days) Try([&] { m_to.Let(row, m_days.Color(row)); });
     }
 
     void CopyDecorations() {
-        for (std::int16_t i = 1; m_days && i <= m_days->Count(); ++i) {
+        constexpr std::int32_t kLongestMonth = 31;
+        std::int32_t count = 0;
+        if (m_days) Try([&] { count = std::min(m_days.Count(), kLongestMonth); });
+        for (std::int16_t i = 1; i <= count; ++i) {
             Try([&] {
-                const DayRef from = m_days->Item(i);
-                if (from->Dirty()) CopyDecoration(*from, *m_to.Days()->Item(i));
+                const ObjectRef day = m_days.Item(i);
+                if (const auto* own = dynamic_cast<const VmDay*>(day.get())) {
+                    CopyOwn(*own);
+                } else if (const auto* named = dynamic_cast<const AutomationObject*>(day.get())) {
+                    CopyNamed(*named, i);
+                }
             });
         }
     }
@@ -65,17 +105,41 @@ public:
     }
 
 private:
-    static void CopyDecoration(const VmDay& from, VmDay& to) {
-        to.BackColor(from.BackColor());
-        to.Caption(from.Caption());
-        to.ForeColor(from.ForeColor());
-        to.Picture(from.Picture());
+    /// The target's day of that date; null where another month is shown.
+    DayRef DayOfDate(DayNumber day) const {
+        if (MonthsBetween(DayOf(m_to.ShownDate()), day) != 0) return nullptr;
+        return m_to.Days()->Item(static_cast<std::int16_t>(DayOfMonth(day)));
+    }
+
+    void CopyOwn(const VmDay& from) {
+        const DayRef to = from.Dirty() ? DayOfDate(DayOf(from.DayDate())) : nullptr;
+        if (!to) return;
+        to->BackColor(from.BackColor());
+        to->Caption(from.Caption());
+        to->ForeColor(from.ForeColor());
+        to->Picture(from.Picture());
+    }
+
+    void CopyNamed(const AutomationObject& from, std::int16_t index) {
+        if (!ToBoolean(from.GetMember("Dirty"))) return;
+        DayNumber day = FirstOfMonth(DayOf(m_to.ShownDate())) + index - 1;
+        try {
+            day = DayOf(m_to.ToDate(from.GetMember("DayDate")));
+        } catch (const AutomationError&) {
+            // Counted from the first.
+        }
+        const DayRef to = DayOfDate(day);
+        if (!to) return;
+        Try([&] { to->BackColor(from.GetMember("BackColor")); });
+        Try([&] { to->Caption(FromVariant<std::string>(from.GetMember("Caption"))); });
+        Try([&] { to->ForeColor(from.GetMember("ForeColor")); });
+        Try([&] { to->Picture(FromVariant<PictureRef>(from.GetMember("Picture"))); });
     }
 
     const AutomationObject& m_from;
     VmCalendar& m_to;
     const Lifetime::Watch& m_alive;
-    std::shared_ptr<VmDays> m_days;  // null: the holder has none
+    HolderDays m_days;  // none: the holder has none
     std::exception_ptr m_firstError;
 };
 
@@ -86,6 +150,10 @@ void VmCalendar::SetProps(const AutomationObject& holder) {
     Copier copier(holder, *this, alive);
     m_copying = true;
     copier.CopyAll(CopyOrder());
+    copier.Try([&] {
+        const Date selected = m_state.dateValue;
+        if (MonthsBetween(DayOf(m_state.shownDate), DayOf(selected)) != 0) MoveShown(selected);
+    });
     copier.CopyDecorations();
     if (!alive) return;
     SyncSelectors();

@@ -3,8 +3,11 @@
 #include "calendar/PropertyRows.h"
 #include "platform/Automation.h"
 #include "platform/Hosting.h"
+#include "platform/dates/Dates.h"
 
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -17,7 +20,8 @@ struct SavedProperty {
     Saved saved;
     Variant (*get)(const Storage&);
     Variant (*defaultIn)(const Storage& defaults);
-    void (*store)(const Storage&, const Variant&);  // error 13 or 6: a value of the wrong type
+    /// Error 13 or 6: a value of the wrong type.
+    void (*store)(const Storage&, const Variant&, const Dates&);
 };
 
 /// Small numbers are saved as 32-bit integers.
@@ -28,6 +32,16 @@ Variant ToSaved(const T& value) {
     } else {
         return ToVariant(value);
     }
+}
+
+/// Dates may be text, as somebody writes them into a page.
+template <class T>
+T FromSaved(const Variant& value, const Dates& dates) {
+    if constexpr (std::is_same_v<T, Date>) {
+        const auto* text = value.As<std::string>();
+        if (const auto date = text ? dates.TryParse(*text) : std::nullopt) return *date;
+    }
+    return FromVariant<T>(value);
 }
 
 /// A font that is taken as the default becomes a copy: each property has a font of its own.
@@ -54,13 +68,13 @@ void WriteProperties(PropertyBag& bag, std::span<const SavedProperty<Storage>> p
 /// Takes what is stored without the setters' checks. A value of the wrong type counts as missing.
 template <class Storage>
 void ReadProperties(PropertyBag& bag, std::span<const SavedProperty<Storage>> properties,
-                    const Storage& to, const Storage& defaults) {
+                    const Storage& to, const Storage& defaults, const Dates& dates) {
     for (const auto& property : properties) {
         const Variant fallback = property.defaultIn(defaults);
         try {
-            property.store(to, bag.ReadProperty(property.key, fallback));
+            property.store(to, bag.ReadProperty(property.key, fallback), dates);
         } catch (const AutomationError&) {
-            property.store(to, fallback);
+            property.store(to, fallback, dates);
         }
     }
 }

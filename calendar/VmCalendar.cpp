@@ -1,5 +1,7 @@
 #include "calendar/VmCalendar.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -28,10 +30,18 @@ VmCalendar::~VmCalendar() { m_days->WhenItemChanges(nullptr); }
 void VmCalendar::InitProperties() { InitProperties(DateOf(m_platform.dates.Today())); }
 
 void VmCalendar::InitProperties(Date selected) {
+    EndPress();
     const bool announced = m_state.monthAnnounced;
     m_state = NewState(selected);
     m_state.monthAnnounced = announced;
     m_state.shownDate = selected;
+    const VmDays firstColors;
+    for (const auto& color :
+         {kDayDefaultBackColor, kDayOtherMonthForeColor, kDayDefaultForeColor}) {
+        color.Store(Storage(), (firstColors.*color.get)());
+    }
+    ++m_dateChanges;
+    m_outdated = true;
     m_days->LoadMonth(DayOf(m_state.shownDate));
     m_state.ready = true;
     SyncSelectors();
@@ -114,13 +124,12 @@ CalendarView VmCalendar::View() const {
 }
 
 bool VmCalendar::OnPaint(SurfaceHandle surface, std::span<const Rect> exposed) {
-    if (!IsPaintable()) return false;
-    if (!m_state.monthAnnounced) {
-        m_state.monthAnnounced = true;
-        const Lifetime::Watch alive(m_lifetime);
-        auto month = static_cast<std::int16_t>(MonthOf(DayOf(m_state.dateValue)));
-        m_events.MonthChanged.Raise(month);
-        if (!alive || !IsPaintable()) return false;
+    const Lifetime::Watch alive(m_lifetime);
+    if (IsPaintable() && !std::exchange(m_state.monthAnnounced, true)) AnnounceMonth();
+    if (!alive) return false;
+    if (!IsPaintable()) {
+        m_outdated = true;
+        return false;
     }
     const bool stale = IsScreenStale();
     const CalendarView view = View();
@@ -134,29 +143,52 @@ bool VmCalendar::OnPaint(SurfaceHandle surface, std::span<const Rect> exposed) {
     return true;
 }
 
-/// Brings the layout up to date. True when the screen shows another layout, month or selection than
-/// the state does, so that a part of it cannot be painted alone.
+void VmCalendar::AnnounceMonth() {
+    const Lifetime::Watch alive(m_lifetime);
+    auto month = static_cast<std::int16_t>(MonthOf(DayOf(m_state.dateValue)));
+    try {
+        m_events.MonthChanged.Raise(month);
+    } catch (...) {
+        if (alive) RepaintControl();  // this paint is lost
+        throw;
+    }
+}
+
+/// Brings the layout up to date. True when the screen shows something else than the state, so that
+/// a part of it cannot be painted alone.
 bool VmCalendar::IsScreenStale() {
     const CalendarLayout before = std::exchange(m_layout, ComputeLayout());
     const bool first = !std::exchange(m_laidOut, true);
     if (first || m_layout != before) m_selectors.Place(m_state.monthYearSelStyle, m_layout);
     if (first) NoteScreen();
-    return !first && (m_layout != before || m_selectedOnScreen != DayOf(m_state.dateValue) ||
-                      IsOtherMonthOnScreen());
+    return m_layout != before ? !first
+                              : IsOutdated() || m_onScreen.selected != DayOf(m_state.dateValue);
 }
 
-/// What the screen shows from the repaint on that is being asked for.
+VmCalendar::Screen VmCalendar::WhatToShow() const {
+    return {.selected = DayOf(m_state.dateValue),
+            .today = m_platform.dates.Today(),
+            .dayColors = {m_days->DefaultBackColor(), m_days->OtherMonthForeColor(),
+                          m_days->DefaultForeColor()}};
+}
+
 void VmCalendar::NoteScreen() {
-    m_selectedOnScreen = DayOf(m_state.dateValue);
-    m_shownOnScreen = DayOf(m_state.shownDate);
+    m_onScreen = WhatToShow();
+    m_outdated = false;
 }
 
-bool VmCalendar::IsOtherMonthOnScreen() const noexcept {
-    return MonthsBetween(m_shownOnScreen, DayOf(m_state.shownDate)) != 0;
+/// Whether more than the selection is another one on the screen.
+bool VmCalendar::IsOutdated() const {
+    Screen wanted = WhatToShow();
+    wanted.selected = m_onScreen.selected;
+    return m_outdated || wanted != m_onScreen;
 }
 
 void VmCalendar::RepaintControl() {
-    if (!IsPaintable()) return;
+    if (!IsPaintable()) {
+        m_outdated = true;
+        return;
+    }
     NoteScreen();
     if (m_laidOut) UpdateLayout();
     m_platform.drawing.InvalidateRect(hWnd(), nullptr);
@@ -164,8 +196,7 @@ void VmCalendar::RepaintControl() {
 
 void VmCalendar::OnWindowChanged() {
     if (!m_platform.windowing.TakesInput()) EndPress();
-    if (!IsPaintable()) return;
-    m_laidOut = true;
+    if (IsPaintable()) m_laidOut = true;
     RepaintControl();
 }
 
@@ -181,16 +212,22 @@ void VmCalendar::OnLocaleChanged() {
     RepaintControl();
 }
 
+std::chrono::milliseconds VmCalendar::OnClock() {
+    using namespace std::chrono;
+    if (m_laidOut && IsOutdated()) RepaintControl();
+    const double day = milliseconds(24h).count();
+    const double left = std::ceil((1 - TimeOf(m_platform.dates.Now())) * day);
+    return std::min(milliseconds(static_cast<milliseconds::rep>(left)), milliseconds(12h));
+}
+
 void VmCalendar::Invalidate(const Rect& rect) {
-    if (IsPaintable() && m_laidOut) m_platform.drawing.InvalidateRect(hWnd(), &rect);
+    if (!m_laidOut) return;
+    if (!IsPaintable() || IsOutdated()) return RepaintControl();
+    m_platform.drawing.InvalidateRect(hWnd(), &rect);
 }
 
 void VmCalendar::InvalidateDay(std::optional<DayNumber> day) {
     if (!day || !m_laidOut) return;
-    if (IsOtherMonthOnScreen()) {
-        RepaintControl();
-        return;
-    }
     if (const auto cell = GridOf(m_state, m_layout).DayCellRect(*day)) {
         Invalidate({cell->left, cell->top, cell->right + 1, cell->bottom + 1});
     }
@@ -198,13 +235,9 @@ void VmCalendar::InvalidateDay(std::optional<DayNumber> day) {
 
 /// Redraws what a move of the date has changed on the screen: two cells, or all.
 void VmCalendar::RepaintSelection() {
-    if (!IsPaintable()) return;
-    if (IsOtherMonthOnScreen()) {
-        RepaintControl();
-        return;
-    }
+    if (!IsPaintable() || IsOutdated()) return RepaintControl();
     const DayNumber selected = DayOf(m_state.dateValue);
-    const DayNumber before = std::exchange(m_selectedOnScreen, selected);
+    const DayNumber before = std::exchange(m_onScreen.selected, selected);
     if (before == selected) return;
     InvalidateDay(before);
     InvalidateDay(selected);

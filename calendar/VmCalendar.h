@@ -12,6 +12,8 @@
 #include "platform/AutomationError.h"
 #include "platform/Platform.h"
 
+#include <array>
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -61,7 +63,8 @@ public:
 
     /// The selected date. Reads as text in the locale's short form; takes a date, a number (day
     /// number) or text. Empty, and another time on the same day, change nothing. Raises, each only
-    /// when its part changed, `DateChanged`, `DayChanged`, `MonthChanged`, `YearChanged`.
+    /// when its part changed, `DateChanged`, `DayChanged`, `MonthChanged`, `YearChanged`; the last
+    /// two also when the grid returns from a month that the user has turned to.
     /// Error 13: no date. Error 380: year outside 200..4600, or outside `DateMin`..`DateMax`.
     Variant DateValue() const;
     void DateValue(const Variant& value);
@@ -171,11 +174,14 @@ public:
     void ShowWeekend(bool value) { Let(kShowWeekend, value); }
 
     /// Takes the properties from a bag, unchecked, instead of `InitProperties`. A missing name
-    /// gives its default. Raises `MonthChanged`.
+    /// gives its default; dates may be text. Raises `MonthChanged`.
     void ReadProps(PropertyBag& bag);
+    /// Leaves out a `DateValue` that nobody has chosen: it is the day of loading.
     void WriteProps(PropertyBag& bag) const;
-    /// Copies a whole look from an object that has the calendar's property names, the decorations
-    /// of its dirty days included. Every value passes its setter; a member that is missing or
+    /// Copies a whole look from an object that has the calendar's property names, then shows the
+    /// month of `DateValue` and copies the decorations of the holder's dirty days to the days of
+    /// the same date. `Days` may be any object with the names of `VmDays` and `VmDay`; days without
+    /// a `DayDate` count from the first. Every value passes its setter; a member that is missing or
     /// refused is skipped, the others are copied, and the first error is raised at the end.
     /// Repaints once.
     void SetProps(const AutomationObject& holder);
@@ -240,9 +246,16 @@ public:
     void OnWindowRecreated();
     /// The date services speak another language now.
     void OnLocaleChanged();
+    /// The clock may show another day: the time of the last answer has passed, clock or time zone
+    /// have been set, or the machine has slept. Repaints when today's cell has moved, and answers
+    /// when to tell it again, while the window is to be seen: at midnight, or in half a day, as a
+    /// clock that is put forward by an hour brings midnight nearer.
+    std::chrono::milliseconds OnClock();
 
     /// Virtual-key code and shift state; the handlers of `KeyDown` may change both. On return the
-    /// key code is 0 when the calendar used the key.
+    /// key code is 0 when the calendar used the key. Arrow keys move `DateValue`, wherever the user
+    /// has turned the grid; the grid follows when the month's number changes. So a date can be
+    /// selected that is not to be seen. Page keys move the grid, and select where it arrives.
     void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);
     void OnKeyPress(std::int16_t& keyAscii);
     /// Whether the key belongs to the calendar before its container's own keys, or to the child
@@ -298,14 +311,14 @@ private:
 
     // Dates
     bool IsSelectable(DayNumber day) const noexcept { return IsInLimits(m_state, day); }
-    bool ShowDate(Date date);
+    Date ShowDate(Date date);
     void SyncSelectors();
     /// Whether the grid goes along with the selection, or only when the month's number changes:
     /// then a month that the user has turned to stays while the arrow keys work within another.
     enum class Follow { Always, OtherMonths };
     void SelectDate(Date date, Follow follow = Follow::Always);
     void MoveShown(Date date);
-    void RaiseDateParts(Date from, Date to);
+    void RaiseDateParts(Date from, Date shownBefore, Date to);
     void SelectMonth(int month);
     void SelectYear(int year);
 
@@ -346,9 +359,18 @@ private:
     }
     CalendarLayout ComputeLayout();
     void UpdateLayout();
-    bool IsScreenStale();
+    /// What all parts of the screen show together, as of the last repaint that was asked for.
+    struct Screen {
+        DayNumber selected = 0;
+        DayNumber today = 0;
+        std::array<OLE_COLOR, 3> dayColors{};
+        friend bool operator==(const Screen&, const Screen&) = default;
+    };
+    Screen WhatToShow() const;
     void NoteScreen();
-    bool IsOtherMonthOnScreen() const noexcept;
+    bool IsOutdated() const;
+    bool IsScreenStale();
+    void AnnounceMonth();
     CalendarView View() const;
     void Invalidate(const Rect& rect);
     void InvalidateDay(std::optional<DayNumber> day);
@@ -367,8 +389,8 @@ private:
     Press m_press;
     bool m_cancelled = false;    // Escape in the month list, until a selector is entered again
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
-    DayNumber m_selectedOnScreen = 0;  // as of the last repaint that was asked for
-    DayNumber m_shownOnScreen = 0;
+    Screen m_onScreen;
+    bool m_outdated = false;  // other days since then, or a repaint that was asked for in vain
 };
 
 }  // namespace velmora

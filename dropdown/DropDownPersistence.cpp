@@ -20,9 +20,9 @@ Variant InSavedForm(const BoxStorage& from) {
 
 /// A value that the box's own setter would refuse counts as one of the wrong type.
 template <const auto& kRow>
-void Restore(const BoxStorage& to, const Variant& value) {
+void Restore(const BoxStorage& to, const Variant& value, const Dates& dates) {
     using Row = std::remove_cvref_t<decltype(kRow)>;
-    const auto converted = FromVariant<typename Row::Value>(value);
+    const auto converted = FromSaved<typename Row::Value>(value, dates);
     if constexpr (requires { kRow.admits; }) {
         if (!AdmitInBox(kRow, converted)) RaiseTypeMismatch();
     }
@@ -83,7 +83,8 @@ void VmCalDropDown::InitProperties() {
 void VmCalDropDown::ReadProps(PropertyBag& bag) {
     Abandon();
     Defaults defaults(m_platform);
-    ReadProperties<BoxStorage>(bag, kSaved, {m_store.Storage(), m_box}, defaults.Storage());
+    ReadProperties<BoxStorage>(bag, kSaved, {m_store.Storage(), m_box}, defaults.Storage(),
+                               m_platform.dates);
     m_store.Restored(defaults.state);
     ++m_dateChanges;
     OnWindowChanged();

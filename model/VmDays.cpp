@@ -28,18 +28,9 @@ void VmDays::RemoveDay(std::int16_t index) {
 void VmDays::LoadMonth(DayNumber day) {
     const DayNumber first = FirstOfMonth(day);
     const auto count = static_cast<std::size_t>(LastOfMonth(day) - first) + 1;
+    m_items.clear();
     m_items.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        VmDay fresh(weak_from_this(), DateOf(first + static_cast<DayNumber>(i)));
-        if (i >= m_items.size()) {
-            m_items.push_back(std::make_shared<VmDay>(std::move(fresh)));
-        } else if (m_items[i].use_count() == 1) {
-            *m_items[i] = std::move(fresh);
-        } else {  // a client keeps that day as it is
-            m_items[i] = std::make_shared<VmDay>(std::move(fresh));
-        }
-    }
-    m_items.resize(count);
+    for (DayNumber d = first; m_items.size() < count; ++d) AddDay(DateOf(d));
 }
 
 void VmDays::RaiseDayChanged(const VmDay& day, std::string_view property) {

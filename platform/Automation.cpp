@@ -20,6 +20,10 @@ double TextToDouble(const std::string& text) {
 
 void RaiseTypeMismatch() { throw AutomationError(ErrorNumber::TypeMismatch); }
 
+Variant AutomationObject::GetItem(std::int16_t) const {
+    throw AutomationError(ErrorNumber::MemberNotFound);
+}
+
 double ToDouble(const Variant& value) {
     if (const auto* whole = value.As<std::int32_t>()) return *whole;
     if (const auto* small = value.As<std::int16_t>()) return *small;

@@ -22,6 +22,8 @@ public:
     /// Error 438 as above; error 13 for a value that does not convert; else the setter's own
     /// errors.
     virtual void LetMember(std::string_view name, const Variant& value) = 0;
+    /// The member `Item` of a collection, which takes an index from 1. Error 438: there is none.
+    virtual Variant GetItem(std::int16_t index) const;
 };
 
 /// Conversions of a value that somebody hands in. Error 13: it does not convert. Error 6: a number

@@ -69,6 +69,18 @@ private:
     std::shared_ptr<List> m_list;
 };
 
+/// Raises events and then does the rest, also when a handler throws; its error goes on from here.
+template <class Raise, class Rest>
+void RaiseThen(Raise raise, Rest rest) {
+    try {
+        raise();
+    } catch (...) {
+        rest();
+        throw;
+    }
+    rest();
+}
+
 /// Tells code that raises events whether its object still exists when the handlers have returned.
 class Lifetime {
 public:

@@ -65,22 +65,6 @@ TEST(CalendarEvents, AreToldToThoseThatWereThereAndStillAre) {
     EXPECT_EQ(log, Log());
 }
 
-TEST(CalendarMouse, WhatEscapeHasEndedNoReleaseDoes) {
-    TestCalendar test;
-    test.calendar->MonthYearSelStyle(VmMonthSelArrows);
-    const Rect arrow = test.calendar->Layout().arrows[0];
-    const Point day = test.CenterOf(Day(2020, 3, 20));  // before the first paint
-    for (const Point at : {day, Point{arrow.left, arrow.top}}) {
-        const DayNumber before = DayOf(test.calendar->ShownDate());
-        for (const bool escapes : {true, false}) {
-            test.calendar->OnMouseDown(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
-            if (escapes) test.Key(kKeyEscape);
-            test.calendar->OnMouseUp(1, 0, static_cast<float>(at.x), static_cast<float>(at.y));
-            EXPECT_EQ(DayOf(test.calendar->ShownDate()) == before, escapes);
-        }
-    }
-}
-
 TEST(CalendarSelectors, EscapeInTheListCancelsUntilItsKeyIsReleased) {
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelCombo);

@@ -29,16 +29,6 @@ TEST(CalendarPainter, AChangedDayRedrawsItsCellAlone) {
     EXPECT_TRUE(test.TakeLog().empty());
 }
 
-TEST(CalendarPainter, APartIsNotPaintedIntoAnotherMonthsPicture) {
-    TestCalendar test;
-    test.Paint();
-    test.calendar->DateMax(DateOf(Day(2019, 5, 1)));  // moves the date, paints nothing
-    test.TakeLog();
-    const Point at = test.CenterOf(Day(2019, 5, 8));
-    test.Paint({at.x, at.y, at.x + 1, at.y + 1});
-    EXPECT_EQ(test.TakeLog(), std::vector<std::string>{"repaint"});
-}
-
 TEST(CalendarPainter, LeavesNothingBehindWhicheverCreationFails) {
     TestCalendar test;
     VmCalendar& calendar = *test.calendar;

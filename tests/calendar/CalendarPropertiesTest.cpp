@@ -71,65 +71,41 @@ TEST(CalendarProperties, RefuseOtherMembersAndDropModes) {
 }
 
 TEST(CalendarProperties, LimitsRoundToWholeMonthsAndRefuseWhatCrosses) {
-    struct Case {
-        const char* name;
-        bool maximum;
-        DayNumber value;
-        bool accepted;
-        DayNumber stored;
-    };
     const DayNumber min = Day(2020, 2, 1);
     const DayNumber max = Day(2020, 6, 30);
-    const Case cases[] = {
-        {"last of the month", true, Day(2024, 2, 10), true, Day(2024, 2, 29)},
-        {"in the month of DateMin", true, Day(2020, 2, 1), true, Day(2020, 2, 29)},
-        {"before DateMin", true, Day(2020, 1, 31), false, max},
-        {"first of the month", false, Day(2020, 3, 10), true, Day(2020, 3, 1)},
-        {"in the month of DateMax", false, Day(2020, 6, 30), true, Day(2020, 6, 1)},
-        {"after DateMax", false, Day(2020, 7, 1), false, min}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    const std::tuple<const char*, DayNumber, DayNumber> kCases[] = {
+        // what is kept, 0 for 380
+        {"DateMax", Day(2024, 2, 10), Day(2024, 2, 29)},
+        {"DateMax", min, Day(2020, 2, 29)},
+        {"DateMax", min - 1, 0},
+        {"DateMin", Day(2020, 3, 10), Day(2020, 3, 1)},
+        {"DateMin", max, Day(2020, 6, 1)},
+        {"DateMin", max + 1, 0}};
+    for (const auto& [name, value, kept] : kCases) {
+        SCOPED_TRACE(std::string(name) + ' ' + IsoDate(value));
         TestCalendar test;
         test.calendar->DateMax(DateOf(max));
         test.calendar->DateMin(DateOf(min));
+        const Variant before = test.calendar->GetMember(name);
         test.TakeLog();
-        const ErrorNumber number = NumberOf([&] {
-            c.maximum ? test.calendar->DateMax(DateOf(c.value))
-                      : test.calendar->DateMin(DateOf(c.value));
-        });
-        EXPECT_EQ(number, c.accepted ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
-        EXPECT_EQ(DayOf(c.maximum ? test.calendar->DateMax() : test.calendar->DateMin()), c.stored);
+        EXPECT_EQ(NumberOf([&, n = name, v = value] { test.calendar->LetMember(n, DateOf(v)); }),
+                  kept ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
+        EXPECT_EQ(test.calendar->GetMember(name), kept ? Variant(DateOf(kept)) : before);
         EXPECT_EQ(test.BrokenInvariant(), "");
-        EXPECT_EQ(test.TakeLog().empty(), !c.accepted);
+        EXPECT_EQ(test.TakeLog().empty(), !kept);
     }
 }
 
-TEST(CalendarProperties, ALimitMovesTheDateSilently) {
+TEST(CalendarProperties, ANewBeginningHasTheFirstValues) {
     TestCalendar test;
-    test.Paint();
-    test.calendar->Days()->Item(3)->Caption("gone");
-    test.TakeLog();
-    test.calendar->DateMax(DateOf(Day(2019, 12, 5)));
-    EXPECT_EQ(test.TakeLog(), (Log{"notify DateValue", "notify DateMax"}));
-    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2019, 12, 31));
-    EXPECT_EQ(test.BrokenInvariant(), "");
-    EXPECT_EQ(test.calendar->Days()->Item(3)->Caption(), "");
-
-    test.calendar->DateMax(DateOf(Day(2999, 1, 1)));
-    test.TakeLog();
-    test.calendar->DateMin(DateOf(Day(2021, 5, 20)));
-    EXPECT_EQ(test.TakeLog(), (Log{"notify DateValue", "notify DateMin"}));
-    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2021, 5, 1));
-    EXPECT_EQ(test.BrokenInvariant(), "");
-}
-
-TEST(CalendarProperties, ADisabledCalendarForgetsThePress) {
-    TestCalendar test;
-    test.Press(Day(2020, 3, 20));
-    test.calendar->Enabled(false);
-    test.calendar->Enabled(true);
-    test.Release(Day(2020, 3, 20));
-    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 15));
+    const std::string face = FaceOf(*test.calendar, kCalendarRows);
+    ChangeAll(*test.calendar, kCalendarRows);
+    for (const PropertyRow& row : kCalendarRows) {  // what lives on the window stays
+        if (row.kind != Kind::Pointer && row.kind != Kind::Icon && row.name != "Enabled") continue;
+        test.calendar->LetMember(row.name, ValueOf(row, row.initial));
+    }
+    test.calendar->InitProperties();
+    EXPECT_EQ(FaceOf(*test.calendar, kCalendarRows), face);
 }
 
 TEST(CalendarProperties, SelectorsAreMadeAnewForAnotherWindow) {

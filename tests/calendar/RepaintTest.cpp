@@ -57,10 +57,34 @@ TEST(Repaint, OfAPartShowsWhatARepaintOfAllShows) {
     Window window;
     TestCalendar& test = window.test;
     RepaintWalk walk(*test.calendar);
+    struct Thrown {};
+    bool throws = false;
+    const auto handler = [&](auto&) {
+        if (throws && walk.Random(0, 1) == 0) throw Thrown();
+    };
+    test.calendar->Events().DateChanged.Connect(handler);
+    test.calendar->Events().MonthChanged.Connect(handler);
+    test.calendar->Events().YearChanged.Connect(handler);
     for (int i = 0; i < 20'000; ++i) {
         std::string done = "resize";
+        throws = i % 10 == 1;
         if (i % 100 == 0) {
             window.Resize({walk.Random(1, 130), walk.Random(1, 130)});
+        } else if (i % 10 == 2) {
+            done = "hidden for " + walk.Step() + ", " + walk.Step();
+            test.drawing.damage = {std::nullopt};
+        } else if (i % 10 == 3) {  // what comes next shows it too
+            test.calendar->NoRepaintControl(true);
+            done = "suspended for " + walk.Step() + ", " + walk.Step();
+            if (i % 20 == 3) window.PaintWhatIsAskedFor();
+            test.calendar->NoRepaintControl(false);
+            done += ", then " + walk.Date(1);
+        } else if (i % 10 == 4) {
+            test.now.value += 0.5;
+            test.calendar->DateMax(
+                DateOf(DayOf(test.calendar->SelectedDate()) - walk.Random(0, 40)));
+            test.calendar->DateMax(kDefaultDateMax);
+            done = "midnight and a limit, then " + walk.Date(1);
         } else if (i % 10 == 0) {
             done = "uncover";  // what lay over a part of it has gone
             const int x = walk.Random(0, test.client.width - 1);
@@ -68,7 +92,11 @@ TEST(Repaint, OfAPartShowsWhatARepaintOfAllShows) {
             test.drawing.damage.push_back(
                 Rect{x, y, x + walk.Random(1, 40), y + walk.Random(1, 40)});
         } else {
-            done = walk.Step();
+            try {
+                done = walk.Step();
+            } catch (const Thrown&) {
+                done = "a handler throws";
+            }
         }
         window.PaintWhatIsAskedFor();
         ASSERT_EQ(window.Difference(), "") << "step " << i << ": " << done << " in "

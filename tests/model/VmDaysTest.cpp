@@ -1,5 +1,6 @@
 #include "model/VmDays.h"
 #include "tests/support/Refusals.h"
+#include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
 
@@ -23,50 +24,35 @@ protected:
 
 using test::NumberOf;
 
-TEST_F(VmDaysTest, HoldsTheDaysOfItsMonthInOrder) {
-    ASSERT_EQ(days->Count(), 29);
-    EXPECT_EQ(DayOf(days->Item(29)->DayDate()), DayFromCivil(2024, 2, 29));
-    for (const int index : {0, 30, -1, 32767}) {
-        EXPECT_EQ(NumberOf([&] { days->Item(static_cast<std::int16_t>(index)); }),
-                  ErrorNumber::SubscriptOutOfRange);
-    }
-}
-
-TEST_F(VmDaysTest, ColoursTakeExactlyThreeTypes) {
-    const DayRef day = days->Item(1);
-    const struct {
-        Variant value;
-        bool accepted;
-    } kCases[] = {{Variant(), true},          {Null{}, true}, {std::int32_t{255}, true},
-                  {std::int16_t{255}, false}, {255.0, false}, {"255", false}};
-    for (const auto& c : kCases) {
+TEST_F(VmDaysTest, EveryChangeIsReportedAndMarksTheDay) {
+    const std::pair<Variant, bool> kColors[] = {
+        {Variant(), true},          {Null{}, true}, {std::int32_t{255}, true},
+        {std::int16_t{255}, false}, {255.0, false}, {"255", false}};
+    const DayRef day = days->Item(29);
+    for (const auto& [value, accepted] : kColors) {
         day->BackColor(std::int32_t{1});
         log.clear();
-        const ErrorNumber number = NumberOf([&] { day->BackColor(c.value); });
-        EXPECT_EQ(number, c.accepted ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
-        EXPECT_EQ(day->BackColor(), c.accepted ? c.value : Variant(std::int32_t{1}));
-        EXPECT_EQ(log.size(), c.accepted ? 1u : 0u);
+        EXPECT_EQ(NumberOf([&, &color = value] { day->BackColor(color); }),
+                  accepted ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
+        EXPECT_EQ(day->BackColor(), accepted ? value : Variant(std::int32_t{1}));
+        EXPECT_EQ(test::Joined(log), accepted ? "29 BackColor" : "");
     }
-}
-
-TEST_F(VmDaysTest, EveryChangeIsReportedAndMarksTheDay) {
-    days->Item(1)->BackColor(Null{});
-    EXPECT_TRUE(days->Item(1)->Dirty());
-    days->Item(2)->ForeColor(std::int32_t{255});
+    log.clear();
+    days->Item(2)->ForeColor(Null{});
     days->Item(3)->Caption("three");
     days->Item(4)->Picture(nullptr);
-    EXPECT_TRUE(days->Item(4)->Dirty());
     days->Item(5)->DayDate(DateOf(DayFromCivil(2024, 2, 9)));
-    EXPECT_FALSE(days->Item(5)->Dirty());
-    EXPECT_EQ(log, (std::vector<std::string>{"1 BackColor", "2 ForeColor", "3 Caption", "4 Picture",
-                                             "9 DayDate"}));
+    EXPECT_EQ(test::Joined(log), "2 ForeColor, 3 Caption, 4 Picture, 9 DayDate");
+    for (std::int16_t i = 2; i < 6; ++i) EXPECT_EQ(days->Item(i)->Dirty(), i < 5);
 }
 
 TEST_F(VmDaysTest, ADroppedDayReportsThroughItsFormerParentButIsNoItem) {
     std::vector<int> changedItems;
     days->WhenItemChanges([&](std::int16_t position) { changedItems.push_back(position); });
     const DayRef dropped = days->Item(5);
+    const std::weak_ptr<VmDay> watched = days->Item(7);
     days->LoadMonth(DayFromCivil(2024, 2, 1));
+    EXPECT_TRUE(watched.expired());
     EXPECT_TRUE(log.empty());
     dropped->Caption("late");
     days->Item(6)->Caption("current");
@@ -82,12 +68,13 @@ TEST_F(VmDaysTest, ADroppedDayReportsThroughItsFormerParentButIsNoItem) {
 TEST_F(VmDaysTest, AddDayChecksItsColoursFirst) {
     EXPECT_EQ(NumberOf([&] { days->AddDay(Date(1.5), std::int16_t{3}); }),
               ErrorNumber::InvalidPropertyValue);
-    EXPECT_EQ(days->Count(), 29);
-    const DayRef day = days->AddDay(Date(-1.25), std::int32_t{3});
-    EXPECT_EQ(day->DayDate(), Date(-1));
+    EXPECT_EQ(days->AddDay(Date(-1.25), std::int32_t{3})->DayDate(), Date(-1));
     EXPECT_EQ(days->Count(), 30);
     days->RemoveDay(30);
-    EXPECT_EQ(NumberOf([&] { days->RemoveDay(30); }), ErrorNumber::SubscriptOutOfRange);
+    for (const std::int16_t index : {std::int16_t{0}, std::int16_t{30}, std::int16_t{-1}}) {
+        EXPECT_EQ(NumberOf([&] { days->Item(index); }), ErrorNumber::SubscriptOutOfRange);
+        EXPECT_EQ(NumberOf([&] { days->RemoveDay(index); }), ErrorNumber::SubscriptOutOfRange);
+    }
 }
 
 }  // namespace

@@ -75,7 +75,7 @@ key Ctrl+PageDown -> YearChanged(2021) !DateValue = 2021-02-28
 let DateValue 2021-01-31 -> DateChanged(2021-01-31) DayChanged(31) MonthChanged(1) !DateValue
                    = 2021-01-31
 key PageDown     -> MonthChanged(2) !DateValue = 2021-02-28
-let DateMin 2021-03-05 -> !DateValue !DateMin = 2021-03-01
+let DateMin 2021-03-05 -> !DateValue !DateMin = 2021-03-01 {}
 let DateMax 2021-03-05 -> !DateMax
 let FirstDayOfWeek 1 -> !FirstDayOfWeek
 let Enabled 0    -> !Enabled
@@ -158,7 +158,12 @@ key Right        -> DateChanged(2024-02-01) DayChanged(1) MonthChanged(2) = 2024
 click MonthBack  -> MonthChanged(1) = (2024-01)
 right title
 click MonthBack  -> MonthChanged(12) YearChanged(2023) = (2023-12)
-let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1) = 2024-01-31
+let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1)
+                   YearChanged(2024) = 2024-01-31
+click MonthForward -> MonthChanged(2) = (2024-02)
+click 1,1        -> DateChanged(2024-01-29) DayChanged(29) MonthChanged(1) = 2024-01-29
+click YearBack   -> YearChanged(2023) = (2023-01)
+let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) YearChanged(2024) = 2024-01-31
 let DateValue 2024-02-29 -> DateChanged(2024-02-29) DayChanged(29) MonthChanged(2) = 2024-02-29
 click YearForward -> YearChanged(2025) = (2025-02)
 key PageDown     -> MonthChanged(3) = 2025-03-28

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <span>
 #include <string>
@@ -167,6 +168,30 @@ void ExpectEachComesBack(Rows rows) {
                 EXPECT_EQ(FaceOf(ControlOf(target), rows), FaceOf(ControlOf(source), rows));
             }
         }
+    }
+}
+
+/// A bag's values are taken as they are, also beyond their range; dates may be text.
+template <class Control>
+void ExpectKeepsWhatIsStored(Control& control, Rows rows) {
+    const std::map<std::string_view, Variant> dates{
+        {"DateMin", "2021-02-01"}, {"DateMax", "12/31/2030"}, {"DateValue", "3 Feb 2021 18:00"}};
+    const auto stored = [&](const PropertyRow& row) {
+        if (const auto date = dates.find(row.name); date != dates.end()) return date->second;
+        const bool isRanged = row.kind == Kind::Choice || row.kind == Kind::Color;
+        return isRanged ? Variant(row.kind == Kind::Choice ? row.high + 1 : 0xFFFFFFFF) : Variant();
+    };
+    MemoryBag bag;
+    for (const PropertyRow& row : rows) {
+        if (stored(row) != Variant()) bag.WriteProperty(row.Key(), stored(row), Variant());
+    }
+    control.ReadProps(bag);
+    for (const PropertyRow& row : rows) {
+        if (stored(row) == Variant()) continue;
+        const bool isDate = dates.contains(row.name);
+        EXPECT_EQ(ReadBack(control, row),
+                  isDate ? control.ToDate(stored(row)).value : NumberIn(row, stored(row)))
+            << row.name;
     }
 }
 

@@ -18,7 +18,7 @@ public:
     /// Returns what has been done, for messages.
     std::string Step() {
         switch (Random(0, 8)) {
-            case 0: return Date();
+            case 0: return Date(Random(-40, 40));
             case 1: return Key();
             case 2: return Select();
             case 3: return Mouse();
@@ -26,6 +26,12 @@ public:
             case 5: return Decorate();
             default: return Property();
         }
+    }
+
+    std::string Date(int days) {
+        const DayNumber day = DayOf(m_calendar.SelectedDate()) + days;
+        m_calendar.DateValue(DateOf(day));
+        return "DateValue " + IsoDate(day);
     }
 
 private:
@@ -42,12 +48,6 @@ private:
             default: return "nothing";
         }
         return std::string(row.name);
-    }
-
-    std::string Date() {
-        const DayNumber day = DayOf(m_calendar.ShownDate()) + Random(-40, 40);
-        m_calendar.DateValue(DateOf(day));
-        return "DateValue " + IsoDate(day);
     }
 
     std::string Key() {

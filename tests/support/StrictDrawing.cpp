@@ -144,23 +144,22 @@ const StrictDrawing::Thing* StrictDrawing::SelectedThing(SurfaceState& surface, 
     return found == m_objects.end() ? nullptr : &found->second;
 }
 
-void StrictDrawing::Note(Call call) {
-    if (notesCalls) calls.push_back(std::move(call));
-}
-
-void StrictDrawing::Pattern(SurfaceState& surface, const Rect& box, const Call& call) {
-    if (!surface.pixels) return;
+void StrictDrawing::Draw(const Call& call, std::initializer_list<Rect> boxes) {
+    if (notesCalls) calls.push_back(call);
+    SurfaceState* const surface = Surface(call.surface);
+    if (!surface || !surface->pixels) return;
     const std::hash<std::string_view> hash;
+    const bool plain = call.name == "fill" || call.name == "line";
     const auto seed = static_cast<std::uint32_t>(hash(call.name) + 3 * hash(call.text) +
                                                  5 * hash(call.font) + 7 * call.color + call.flags);
-    const Rect at = call.rect;
-    const auto width = static_cast<std::uint32_t>(at.right - at.left);
-    const auto height = static_cast<std::uint32_t>(at.bottom - at.top);
-    ForPixels(surface, box, [=](std::uint32_t& pixel, int x, int y) {
-        pixel = seed + 101 * width + 10007 * height +
-                1009 * static_cast<std::uint32_t>(x - at.left) +
-                100003 * static_cast<std::uint32_t>(y - at.top);
-    });
+    const auto [left, top, right, bottom] = call.rect;
+    const int size = 101 * (right - left) + 10007 * (bottom - top);
+    for (const Rect& box : boxes) {
+        ForPixels(*surface, box, [&, x0 = left, y0 = top](std::uint32_t& pixel, int x, int y) {
+            const int place = size + 1009 * (x - x0) + 100003 * (y - y0);
+            pixel = plain ? call.color : seed + static_cast<std::uint32_t>(place);
+        });
+    }
 }
 
 ObjectHandle StrictDrawing::CreateBrushIndirect(const LogBrush& brush) {
@@ -206,13 +205,10 @@ void StrictDrawing::DeleteObject(ObjectHandle object) {
 }
 
 void StrictDrawing::FillRect(SurfaceHandle surface, const Rect& rect, ObjectHandle brush) {
-    SurfaceState* state = Surface(surface);
-    if (!state || brush == ObjectHandle::None) return;
+    if (!Surface(surface) || brush == ObjectHandle::None) return;
     const auto found = m_objects.find(brush);
     if (found == m_objects.end()) return Fault("an unknown brush fills");
-    const Rgb color = found->second.color;
-    Note({"fill", surface, rect, color});
-    ForPixels(*state, rect, [=](std::uint32_t& pixel, int, int) { pixel = color; });
+    Draw({"fill", surface, rect, found->second.color}, {rect});
 }
 
 void StrictDrawing::MoveToEx(SurfaceHandle surface, int x, int y) {
@@ -225,15 +221,12 @@ void StrictDrawing::LineTo(SurfaceHandle surface, int x, int y) {
     const auto [fromX, fromY] = std::exchange(state->position, {x, y});
     const Thing* pen = SelectedThing(*state, Kind::Pen);
     if (!pen) return;
-    const Rgb color = pen->color;
-    Note({"line", surface, {fromX, fromY, x, y}, color});
     if (fromX != x && fromY != y) Fault("a slanted line is drawn");
     Rect box{std::min(fromX, x + 1), std::min(fromY, y + 1), std::max(fromX + 1, x),
              std::max(fromY + 1, y)};
-    if (fromX == x) box = {x, box.top, x + 1, box.bottom};
+    if (fromX == x) box = {x, box.top, fromY == y ? x : x + 1, box.bottom};
     if (fromY == y) box = {box.left, y, box.right, y + 1};
-    if (fromX == x && fromY == y) return;
-    ForPixels(*state, box, [=](std::uint32_t& pixel, int, int) { pixel = color; });
+    Draw({"line", surface, {fromX, fromY, x, y}, pen->color}, {box});
 }
 
 void StrictDrawing::SetTextColor(SurfaceHandle surface, Rgb color) {
@@ -250,45 +243,32 @@ int StrictDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect&
         rect.bottom = rect.top + extent.height;
     } else if (state) {
         const Thing* font = SelectedThing(*state, Kind::Font);
-        const Call call{"text",
-                        surface,
-                        rect,
-                        state->textColor,
-                        flags,
-                        std::string(text),
-                        font ? font->description : ""};
         const int x = (flags & kTextRight) ? rect.right - extent.width : rect.left;
         const int y = (flags & kTextBottom) ? rect.bottom - extent.height : rect.top;
-        Pattern(*state, Intersect(rect, {x, y, x + extent.width, y + extent.height}), call);
-        Note(call);
+        Draw({"text", surface, rect, state->textColor, flags, std::string(text),
+              font ? font->description : ""},
+             {Intersect(rect, {x, y, x + extent.width, y + extent.height})});
     }
     return 12;
 }
 
 void StrictDrawing::DrawFrameControl(SurfaceHandle surface, const Rect& rect, FrameControl,
                                      std::uint32_t flags) {
-    const Call call{"frame", surface, rect, 0, flags};
-    if (SurfaceState* state = Surface(surface)) Pattern(*state, rect, call);
-    Note(call);
+    Draw({"frame", surface, rect, 0, flags}, {rect});
 }
 
 void StrictDrawing::DrawEdge(SurfaceHandle surface, const Rect& rect, std::uint32_t edge,
                              std::uint32_t sides) {
-    const Call call{"edge", surface, rect, 0, edge << 8 | sides};
-    SurfaceState* state = Surface(surface);
-    Note(call);
-    if (!state) return;
     const int width = edge == kSunken ? 2 : 1;
     const auto [left, top, right, bottom] = rect;
-    for (const Rect& side :
-         {Rect{left, top, left + width, bottom}, Rect{left, top, right, top + width},
-          Rect{right - width, top, right, bottom}, Rect{left, bottom - width, right, bottom}}) {
-        Pattern(*state, side, call);
-    }
+    Draw({"edge", surface, rect, 0, edge << 8 | sides}, {{left, top, left + width, bottom},
+                                                         {left, top, right, top + width},
+                                                         {right - width, top, right, bottom},
+                                                         {left, bottom - width, right, bottom}});
 }
 
 void StrictDrawing::DrawFocusRect(SurfaceHandle surface, const Rect& rect) {
-    if (Surface(surface)) Note({"focus", surface, rect});
+    Draw({"focus", surface, rect});
 }
 
 SurfaceHandle StrictDrawing::CreateCompatibleDC(SurfaceHandle) {
@@ -318,11 +298,9 @@ void StrictDrawing::Copy(SurfaceHandle target, const Rect& area, SurfaceHandle s
     const Thing* bitmap = to && origin ? SelectedThing(*origin, Kind::Bitmap) : nullptr;
     if (!bitmap) return;
     if (bitmap->kind == Kind::Picture) {
-        const Call call{"picture", target, area, 0, 0, bitmap->description};
-        Note(call);
-        return Pattern(*to, area, call);
+        return Draw({"picture", target, area, 0, 0, bitmap->description}, {area});
     }
-    Note({"copy", target, area});
+    Draw({"copy", target, area});
     if (!bitmap->pixels) return;
     const Pixels& pixels = *bitmap->pixels;
     const int x0 = from.left - area.left;
@@ -355,14 +333,11 @@ ObjectHandle StrictDrawing::PictureHandle(const StdPicture& picture) {
 
 void StrictDrawing::DrawIconEx(SurfaceHandle surface, int x, int y, ObjectHandle icon, int width,
                                int height, std::uint32_t flags) {
-    SurfaceState* state = Surface(surface);
-    if (!state || icon == ObjectHandle::None) return;
+    if (icon == ObjectHandle::None) return;
     const auto found = m_objects.find(icon);
     if (found == m_objects.end()) return Fault("an unknown icon is drawn");
-    const Call call{"icon", surface, {x, y, x + width, y + height},
-                    0,      flags,   found->second.description};
-    Note(call);
-    Pattern(*state, call.rect, call);
+    const Rect place{x, y, x + width, y + height};
+    Draw({"icon", surface, place, 0, flags, found->second.description}, {place});
 }
 
 void StrictDrawing::SaveDC(SurfaceHandle surface) {
@@ -372,7 +347,7 @@ void StrictDrawing::SaveDC(SurfaceHandle surface) {
 void StrictDrawing::IntersectClipRect(SurfaceHandle surface, const Rect& rect) {
     SurfaceState* state = Surface(surface);
     if (!state) return;
-    Note({"clip", surface, rect});
+    Draw({"clip", surface, rect});
     for (Rect& part : state->region) part = Intersect(part, rect);
 }
 
@@ -380,7 +355,7 @@ void StrictDrawing::RestoreDC(SurfaceHandle surface) {
     SurfaceState* state = Surface(surface);
     if (!state) return;
     if (state->saved.empty()) return Fault("a clip ends that has not begun");
-    Note({"unclip", surface, {}});
+    Draw({"unclip", surface, {}});
     state->region = std::move(state->saved.back());
     state->saved.pop_back();
 }

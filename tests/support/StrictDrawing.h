@@ -2,6 +2,7 @@
 
 #include "platform/Drawing.h"
 
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -114,8 +115,8 @@ private:
     SurfaceState* Surface(SurfaceHandle handle);
     const Thing* SelectedThing(SurfaceState& surface, Kind kind);
     void Copy(SurfaceHandle target, const Rect& area, SurfaceHandle source, const Rect& from);
-    void Note(Call call);
-    void Pattern(SurfaceState& surface, const Rect& box, const Call& call);
+    /// Notes what is drawn and fills the boxes with its colour, or with a pattern of its own.
+    void Draw(const Call& call, std::initializer_list<Rect> boxes = {});
 
     std::map<ObjectHandle, Thing> m_objects;
     std::map<SurfaceHandle, SurfaceState> m_surfaces{{kWindowSurface, {}}};

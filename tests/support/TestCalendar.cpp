@@ -20,6 +20,9 @@ std::string IsoDate(DayNumber day) {
     return text;
 }
 
+static std::string ValueText(Date date) { return IsoDate(DayOf(date)); }
+static std::string ValueText(auto number) { return std::to_string(number); }
+
 template <class Interface>
 class TestCalendar::Child : public Interface {
 public:
@@ -71,35 +74,27 @@ TestCalendar::TestCalendar(Size size, Drawing* other)
 }
 
 void TestCalendar::ConnectLog() {
+    const auto note = [this](auto& event, std::string name, int shown = 2) {
+        event.Connect([this, name, shown](auto&... values) {
+            std::string text = name;
+            int left = shown;
+            ((left-- > 0 ? void(text += ' ' + ValueText(values)) : void()), ...);
+            Note(text);
+        });
+    };
     CalendarEvents& events = calendar->Events();
-    const auto note = [this](const std::string& text) { Note(text); };
-    const auto number = [note](const char* name) {
-        return [note, name](std::int16_t& value) {
-            note(std::string(name) + ' ' + std::to_string(value));
-        };
-    };
-    const auto key = [note](const char* name) {
-        return [note, name](std::int16_t& code, std::int16_t& shift) {
-            note(std::string(name) + ' ' + std::to_string(code) + ' ' + std::to_string(shift));
-        };
-    };
-    const auto mouse = [note](const char* name) {
-        return [note, name](std::int16_t& button, std::int16_t&, float&, float&) {
-            note(std::string(name) + ' ' + std::to_string(button));
-        };
-    };
-    events.DateChanged.Connect([note](Date& date) { note("DateChanged " + IsoDate(DayOf(date))); });
-    events.DayChanged.Connect(number("DayChanged"));
-    events.MonthChanged.Connect(number("MonthChanged"));
-    events.YearChanged.Connect(number("YearChanged"));
-    events.KeyDown.Connect(key("KeyDown"));
-    events.KeyUp.Connect(key("KeyUp"));
-    events.KeyPress.Connect(number("KeyPress"));
-    events.MouseDown.Connect(mouse("MouseDown"));
-    events.MouseMove.Connect(mouse("MouseMove"));
-    events.MouseUp.Connect(mouse("MouseUp"));
-    events.Click.Connect([note] { note("Click"); });
-    events.DblClick.Connect([note] { note("DblClick"); });
+    note(events.DateChanged, "DateChanged");
+    note(events.DayChanged, "DayChanged");
+    note(events.MonthChanged, "MonthChanged");
+    note(events.YearChanged, "YearChanged");
+    note(events.KeyDown, "KeyDown");
+    note(events.KeyUp, "KeyUp");
+    note(events.KeyPress, "KeyPress");
+    note(events.MouseDown, "MouseDown", 1);
+    note(events.MouseMove, "MouseMove", 1);
+    note(events.MouseUp, "MouseUp", 1);
+    note(events.Click, "Click");
+    note(events.DblClick, "DblClick");
 }
 
 /// Repaints are logged when the next entry or the end comes: by cells where they are cells.
