@@ -33,6 +33,13 @@ void VmCalendar::DateValue(const Variant& value) {
     SelectDate(date);
 }
 
+bool VmCalendar::RequestUserDate(DayNumber day) {
+    const Lifetime::Watch alive(m_lifetime);
+    const unsigned change = m_dateChanges;
+    return m_platform.hosting.RequestEdit(kDateValue.name) && alive && change == m_dateChanges &&
+           IsInLimits(m_state, day);
+}
+
 DayRef VmCalendar::SelectedDay() const {
     return m_days->Item(static_cast<std::int16_t>(DayOfMonth(DayOf(m_state.dateValue))));
 }

@@ -65,6 +65,7 @@ bool VmCalendar::StepSelection(int days) {
         while (IsWeekend(day)) day += days;
     }
     if (days < 0 ? day < DayOf(m_state.dateMin) : day > DayOf(m_state.dateMax)) return false;
+    if (!RequestUserDate(day)) return false;
     SelectDate(DateOf(day, TimeOf(m_state.dateValue)), Follow::OtherMonths);
     return true;
 }
@@ -80,6 +81,7 @@ bool VmCalendar::StepShown(int months) {
     // Coming back from a month beyond the limits, the step ends at the limit.
     const DayNumber day = std::max(minimum, std::min(wanted, maximum));
 
+    if (!RequestUserDate(day)) return false;
     m_state.dateValue = DateOf(day, TimeOf(m_state.dateValue));
     m_state.dateChosen = true;
     ShowDate(m_state.dateValue);

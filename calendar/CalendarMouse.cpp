@@ -136,7 +136,7 @@ void VmCalendar::Release(const Press& press, float x, float y) {
     const auto day = SelectableAt(x, y);
     if (!day) return;
     if (*day != DayOf(m_state.dateValue)) {
-        SelectDate(DateOf(*day));
+        if (RequestUserDate(*day)) SelectDate(DateOf(*day));
         return;
     }
     m_state.dateChosen = true;

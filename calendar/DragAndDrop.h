@@ -7,6 +7,7 @@
 #include "platform/dates/Dates.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -58,8 +59,10 @@ public:
         m_last = {};
         if (!now.data) return kDropNone;
         if (IsAutomatic()) {
-            const std::int32_t effect = OneOf(DayIn(now.data) ? kDropAny : kDropNone, now.allowed);
-            if (effect != kDropNone) m_control.DateValue(now.data->GetData(kTextFormat));
+            const auto day = DayIn(now.data);
+            const std::int32_t effect = OneOf(day ? kDropAny : kDropNone, now.allowed);
+            if (effect == kDropNone || !m_control.RequestUserDate(*day)) return kDropNone;
+            m_control.DateValue(now.data->GetData(kTextFormat));
             return effect;
         }
         std::int32_t effect = now.allowed;
@@ -81,12 +84,14 @@ private:
                                 static_cast<std::int16_t>(state));
         return effect;
     }
-    /// Whether the text names a day that can be selected; a time alone names none.
-    bool DayIn(const DataRef& data) const {
+    /// The day that the text names, if it can be selected; a time alone names none.
+    std::optional<DayNumber> DayIn(const DataRef& data) const {
         const Variant value = data->GetData(kTextFormat);
         const auto* const text = value.As<std::string>();
         const auto day = text ? m_dates.TryParseDay(*text) : std::nullopt;
-        return day && DayOf(m_control.DateMin()) <= *day && *day <= DayOf(m_control.DateMax());
+        const bool isSelectable =
+            day && DayOf(m_control.DateMin()) <= *day && *day <= DayOf(m_control.DateMax());
+        return isSelectable ? day : std::nullopt;
     }
 
     Control& m_control;

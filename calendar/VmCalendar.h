@@ -273,6 +273,9 @@ public:
     void OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y);
     /// The window lost the mouse capture: nothing is chosen any more.
     void OnCaptureLost();
+    /// Asks the container before the user's input selects that day. False: it may not, or a handler
+    /// has moved the date or ended the control.
+    bool RequestUserDate(DayNumber day);
     /// The platform's drag over the control or drop on it; the handlers may change the effect.
     void OnOLEDragDrop(DataRef data, std::int32_t& effect, std::int16_t button, std::int16_t shift,
                        float x, float y);

@@ -111,7 +111,7 @@ bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
 bool VmCalDropDown::StepByKey(std::int16_t keyCode, std::int16_t shift) {
     const DayNumber from = DayOf(OwnsForm() ? m_form.Calendar().SelectedDate() : DateValue());
     const DayNumber day = Stepped(from, keyCode, shift, m_store.Get(kShowWeekend));
-    if (day == from || !IsInLimits(m_store.Values(), day)) return false;
+    if (day == from || !IsInLimits(m_store.Values(), day) || !RequestUserDate(day)) return false;
     const Date date = DateOf(day, TimeOf(DateValue()));
     if (OwnsForm()) {
         m_form.Calendar().DateValue(date);  // comes back as the calendar's events
@@ -119,6 +119,13 @@ bool VmCalDropDown::StepByKey(std::int16_t keyCode, std::int16_t shift) {
         StepOwnDate(date);
     }
     return true;
+}
+
+bool VmCalDropDown::RequestUserDate(DayNumber day) {
+    const Lifetime::Watch alive(m_lifetime);
+    const Date before = DateValue();
+    return m_platform.hosting.RequestEdit(kDateValue.name) && alive && DateValue() == before &&
+           IsInLimits(m_store.Values(), day);
 }
 
 void VmCalDropDown::StepOwnDate(Date date) {

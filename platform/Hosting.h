@@ -25,6 +25,12 @@ public:
 
     /// The named property has a new value.
     virtual void PropertyChanged(std::string_view name) = 0;
+    /// Asks whoever is notified of properties before the user's input changes the named one. False:
+    /// it must stay.
+    virtual bool RequestEdit(std::string_view name) {
+        static_cast<void>(name);
+        return true;
+    }
     /// The font of the form or object that holds the control; never null.
     virtual FontRef AmbientFont() const = 0;
     /// The units of the container, or of the object that holds the control: 1 twips, 2 points,

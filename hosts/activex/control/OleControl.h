@@ -161,6 +161,8 @@ public:
 
     // Hosting
     void PropertyChanged(std::string_view name) override;
+    /// `name` is the published one.
+    bool RequestEdit(std::string_view name) override;
     FontRef AmbientFont() const override { return m_site.Font(); }
     std::optional<std::int16_t> ContainerScaleMode() const override { return m_site.ScaleMode(); }
     std::optional<std::int16_t> ParentScaleMode() const override {
@@ -219,9 +221,6 @@ protected:
     /// A control that is used before it has been initialised or loaded gets its defaults. Every
     /// published member begins with it.
     void EnsureInitialized();
-    /// Asks whoever is notified of properties before one changes; false: it must stay. `name` is
-    /// the published one.
-    bool RequestEdit(std::string_view name);
     /// Raises an event: arguments in the order of the declaration, by reference. Changed ones come
     /// back. Nothing while the container has events frozen.
     void Raise(DISPID event, std::span<VARIANT> arguments);

@@ -100,13 +100,18 @@ void FormWindowing::TakeCapture() {
 
 std::optional<std::int16_t> FormHosting::ContainerScaleMode() const { return kScalePixels; }
 
+bool FormHosting::RequestEdit(std::string_view) {
+    VmCalDropDown* const box = m_form.GetOwner();
+    return !box || box->RequestUserDate(DayOf(box->DateMin()));  // whichever day it will be
+}
+
 void FormHosting::ShowAboutBox(const AboutText& text) {
     const HWND active = GetActiveWindow();
     ShowAboutDialog(active ? active : m_window.Window(), text);
 }
 
 WinFormWindow::WinFormWindow()
-    : m_hosting(m_windowing),
+    : m_hosting(m_windowing, m_form),
       m_dates(SharedDateLocale(), LocalNow),
       m_form({m_drawing, m_windowing, m_dates, m_hosting}, *this) {}
 

@@ -27,11 +27,13 @@ private:
 /// The container of the calendar in the drop-down window, which counts in pixels.
 class FormHosting final : public Hosting {
 public:
-    explicit FormHosting(const WinWindowing& window) : m_window(window) {}
+    FormHosting(const WinWindowing& window, const DropDownForm& form)
+        : m_window(window), m_form(form) {}
 
     void Font(FontRef font) { m_font = std::move(font); }
 
     void PropertyChanged(std::string_view) override {}
+    bool RequestEdit(std::string_view) override;
     FontRef AmbientFont() const override { return m_font; }
     std::optional<std::int16_t> ContainerScaleMode() const override;
     std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
@@ -42,6 +44,7 @@ public:
 
 private:
     const WinWindowing& m_window;
+    const DropDownForm& m_form;
     FontRef m_font = std::make_shared<StdFont>();
 };
 

@@ -30,6 +30,7 @@ private:
                             [](Ambients& ambients) { ambients.scaleUnits = "Pixel"; });
         m_site = kind == Kind::Calendar ? &Add(kCalendarClass, "C", {150, 10, 432, 220})
                                         : &Add(kBoxClass, "B", {150, 10, 271, 31});
+        m_site->onRequestEdit = [this](const std::string&) { return !m_refuses; };
         m_site->onChanged = [this](const std::string& name) { NoteProperty(name); };
         SetForegroundWindow(form->Window());
         m_site->Activate(OLEIVERB_UIACTIVATE);
@@ -46,9 +47,11 @@ private:
     HWND OpenCalendar() const { return WindowFromPoint(OnScreen(Window(), 60, 100)); }
 
     void Let(const std::string& property, int value, bool isDate) override {
+        const bool refuses = std::exchange(m_refuses, false);
         const Outcome put =
             PutProperty(m_site->Control(), property, isDate ? Value::Date(value) : Value(value));
         EXPECT_TRUE(put.Succeeded()) << property << ' ' << put.Text();
+        m_refuses = refuses;
     }
     void Key(const Stroke& stroke) override {
         if (GetFocus() != Window()) SetFocus(Window());
@@ -144,6 +147,9 @@ private:
 
     ControlSite* m_site = nullptr;
     HWND m_pressed = nullptr;
+
+protected:
+    bool m_refuses = false;  // that the user changes a property
 };
 
 TEST_F(ComponentPlayer, RaisesTheEventsOfTheInputScript) { Play(test::kInputScript); }
@@ -156,6 +162,18 @@ spin Up          -> YearChanged(1990) YearChanged(1991) = (1991-05)
 )");
 }
 
+TEST_F(ComponentPlayer, ChangesNothingThatItsContainerRefuses) {
+    m_refuses = true;
+    Play(R"(
+calendar; key Right; key PageDown; click 3,3
+box; key Right; key Down
+key F4           -> DropDown(False)
+key Right
+key PageUp
+click 3,3
+key Escape       -> CloseUp()
+)");
+}
 TEST_F(ComponentPlayer, OutlivesTheEndOfItsFormInAnyEvent) {
     PlayWith(R"(
 calendar; key PageDown; click 3,3
