@@ -1,6 +1,8 @@
 #include "tests/activex/support/Census.h"
 #include "tests/activex/support/ClientTest.h"
 
+#include <thread>
+
 namespace velmora::vmhost {
 namespace {
 
@@ -50,16 +52,36 @@ TEST_F(Lifetime, ControlsAndPaintsLeaveNothing) {
     DeleteObject(brush);
 }
 
-TEST_F(Lifetime, TheComponentUnloads) {
-    AddCalendar();
-    AddBox();
-    EXPECT_TRUE(IsModuleLoaded(L"VelmoraCalendar.ocx"));
-    form->RemoveAll();
-    EXPECT_TRUE(Serve([] {
-        CoFreeUnusedLibrariesEx(0, 0);
-        return !IsModuleLoaded(L"VelmoraCalendar.ocx");
-    }));
-    EXPECT_EQ(Got(AddCalendar().Control(), "Enabled"), "True");
+/// Also what was thrown in it, in a thread that has ended, too.
+TEST_F(Lifetime, TheComponentUnloadsAndLeavesNothing) {
+    const auto load = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            AddBox();
+            EXPECT_EQ(PutProperty(AddCalendar().Control(), "Appearance", 7).Number(), 380);
+            const CLSID classId = form->Sites()[0]->ClassId();
+            std::thread([&] {
+                OleInitialize(nullptr);
+                ComPtr<IDispatch> box;
+                CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER,
+                                 IID_PPV_ARGS(box.GetAddressOf()));
+                EXPECT_EQ(PutProperty(box.Get(), "Enabled", "none").Number(), 13);
+                EXPECT_EQ(PutProperty(box.Get(), "DropDownAppearance", 7).Number(), 380);
+                box.Reset();
+                OleUninitialize();
+            }).join();
+            EXPECT_TRUE(IsModuleLoaded(L"VelmoraCalendar.ocx"));
+            form->RemoveAll();
+            EXPECT_TRUE(Serve([] {
+                CoFreeUnusedLibrariesEx(0, 0);
+                return !IsModuleLoaded(L"VelmoraCalendar.ocx");
+            }));
+            events = {};
+        }
+        return Census::Take();
+    };
+    load(2);
+    const Census before = load(1), after = load(100);
+    EXPECT_LT(after.heapBytes, before.heapBytes + 100 * 4096) << "the run time keeps half of that";
 }
 
 TEST_F(Lifetime, CallsAfterTheEndGiveAnError) {

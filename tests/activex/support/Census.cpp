@@ -22,19 +22,19 @@ int CountDrawingObjects() {
     return count;
 }
 
-int CountHeapBlocks() {
+void CountHeap(Census& census) {
     std::array<HANDLE, 64> heaps{};
     const DWORD heapCount = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
-    int count = 0;
     for (DWORD index = 0; index < heapCount && index < heaps.size(); ++index) {
         HeapLock(heaps[index]);
         PROCESS_HEAP_ENTRY entry{};
         while (HeapWalk(heaps[index], &entry)) {
-            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) ++count;
+            if (!(entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)) continue;
+            ++census.heapBlocks;
+            census.heapBytes += entry.cbData;
         }
         HeapUnlock(heaps[index]);
     }
-    return count;
 }
 
 BOOL CALLBACK CountOne(HWND, LPARAM count) {
@@ -55,7 +55,7 @@ Census Census::Take() {
     EnumThreadWindows(GetCurrentThreadId(), CountWithChildren,
                       reinterpret_cast<LPARAM>(&census.windows));
     census.drawingObjects = CountDrawingObjects();
-    census.heapBlocks = CountHeapBlocks();
+    CountHeap(census);
     return census;
 }
 
