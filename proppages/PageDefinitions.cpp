@@ -54,8 +54,11 @@ constexpr FieldDefinition kDayFields[] = {
 
 }  // namespace
 
-constinit const PageDefinition kGeneralPP{"General", kGeneralFields};
-constinit const PageDefinition kDropDownPP{"Drop-down", kDropDownFields};
-constinit const PageDefinition kDayPP{"Days", kDayFields};
+constinit const PageDefinition kGeneralPP{"General", "Appearance, captions, selectors and dates",
+                                          kGeneralFields};
+constinit const PageDefinition kDropDownPP{
+    "Drop-down", "The enabled state and the size of the drop-down", kDropDownFields};
+constinit const PageDefinition kDayPP{"Days", "The look of the days and the first day of the week",
+                                      kDayFields};
 
 }  // namespace velmora

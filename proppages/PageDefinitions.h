@@ -29,6 +29,7 @@ struct FieldDefinition {
 
 struct PageDefinition {
     std::string_view title;
+    std::string_view help;  // a sentence on what it edits
     std::span<const FieldDefinition> fields;
 };
 

@@ -93,7 +93,7 @@ Variant ComBag::ReadProperty(std::string_view name, const Variant& defaultValue)
 
 void ComBag::WriteProperty(std::string_view name, const Variant& value,
                            const Variant& defaultValue) {
-    if (IsDefaultValue(value, defaultValue)) return;
+    if (!m_savesAll && IsDefaultValue(value, defaultValue)) return;
     const std::wstring wide = ToWide(name);
     OwnedVariant written;
     ToComVariant(value, m_objects, written);

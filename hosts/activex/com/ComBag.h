@@ -21,6 +21,9 @@ public:
     ComBag(IPropertyBag& bag, ObjectBridge& objects, IErrorLog* log = nullptr)
         : m_bag(bag), m_objects(objects), m_log(log) {}
 
+    /// Writes what has its default, too.
+    void SaveAll(bool all) { m_savesAll = all; }
+
     Variant ReadProperty(std::string_view name, const Variant& defaultValue) override;
     /// Error: what the bag refuses.
     void WriteProperty(std::string_view name, const Variant& value,
@@ -30,6 +33,7 @@ private:
     IPropertyBag& m_bag;
     ObjectBridge& m_objects;
     IErrorLog* m_log;
+    bool m_savesAll = false;
 };
 
 /// A client's object as a bag: an `IPropertyBag`, or one with methods `ReadProperty(Name, Default)`

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ole2.h>
 #include <windows.h>
 
 #include <span>
@@ -19,6 +20,17 @@ struct ControlClass {
     int toolboxBitmap;   // number of the resource
     std::span<const CLSID* const> pages;
 };
+
+/// What a container's menu offers for a control.
+struct ControlVerb {
+    LONG number;
+    const wchar_t* name;
+    DWORD attributes;  // OLEVERBATTRIB
+};
+inline constexpr LONG kVerbProperties = 1;  // as well as OLEIVERB_PROPERTIES
+inline constexpr ControlVerb kControlVerbs[] = {
+    {OLEIVERB_PRIMARY, L"&Edit", OLEVERBATTRIB_ONCONTAINERMENU | OLEVERBATTRIB_NEVERDIRTIES},
+    {kVerbProperties, L"&Properties...", OLEVERBATTRIB_ONCONTAINERMENU}};
 
 extern const ControlClass kCalendarClass;
 extern const ControlClass kDropDownClass;

@@ -32,8 +32,6 @@ HRESULT CopyText(const wchar_t* text, LPOLESTR* copy) {
     return S_OK;
 }
 
-constexpr LONG kVerbProperties = 1;  // as well as OLEIVERB_PROPERTIES
-
 }  // namespace
 
 template <>
@@ -52,6 +50,7 @@ OleControl::OleControl(const ControlClass& controlClass)
       m_locale(GetUserDefaultLCID()),
       m_activation(static_cast<IOleObject&>(*this), *this, m_site, m_window, controlClass.userType),
       m_storage(static_cast<IOleObject&>(*this), *this),
+      m_browsing(static_cast<IOleObject&>(*this), controlClass),
       m_events(*this, controlClass.events, ConnectionPoint::Kind::Events),
       m_properties(*this, __uuidof(IPropertyNotifySink), ConnectionPoint::Kind::Interface) {
     const SIZE pixels = controlClass.defaultPixels;
@@ -87,6 +86,7 @@ void* OleControl::FindOle(REFIID iid) {
     if (is(__uuidof(IProvideClassInfo)) || is(__uuidof(IProvideClassInfo2))) {
         return static_cast<IProvideClassInfo2*>(this);
     }
+    if (is(__uuidof(IPerPropertyBrowsing))) return static_cast<IPerPropertyBrowsing*>(&m_browsing);
     if (is(__uuidof(ISpecifyPropertyPages))) return static_cast<ISpecifyPropertyPages*>(this);
     if (is(__uuidof(IDataObject))) return static_cast<IDataObject*>(this);
     if (is(kObjectSafetyId)) return static_cast<IObjectSafety*>(this);
@@ -170,14 +170,12 @@ HRESULT OleControl::ShowProperties(HWND parent) {
 }
 
 STDMETHODIMP OleControl::EnumVerbs(IEnumOLEVERB** verbs) {
-    wchar_t edit[] = L"&Edit";
-    wchar_t properties[] = L"&Properties...";
-    constexpr DWORD kAttributes = OLEVERBATTRIB_ONCONTAINERMENU;
     return Guard([&] {
-        return Enumerator<IEnumOLEVERB, OLEVERB>::Make(
-            {{OLEIVERB_PRIMARY, edit, 0, kAttributes | OLEVERBATTRIB_NEVERDIRTIES},
-             {kVerbProperties, properties, 0, kAttributes}},
-            nullptr, verbs);
+        std::vector<OLEVERB> items;
+        for (const ControlVerb& verb : kControlVerbs) {
+            items.push_back({verb.number, const_cast<LPOLESTR>(verb.name), 0, verb.attributes});
+        }
+        return Enumerator<IEnumOLEVERB, OLEVERB>::Make(items, nullptr, verbs);
     });
 }
 

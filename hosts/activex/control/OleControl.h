@@ -7,6 +7,7 @@
 #include "hosts/activex/control/ControlClass.h"
 #include "hosts/activex/control/ControlStorage.h"
 #include "hosts/activex/control/InPlaceActivation.h"
+#include "hosts/activex/control/PropertyBrowsing.h"
 #include "hosts/activex/control/ViewAdvises.h"
 #include "hosts/activex/win32/WinDrawing.h"
 #include "hosts/activex/win32/WinWindowing.h"
@@ -280,6 +281,7 @@ private:
     ContainerSite m_site;
     InPlaceActivation m_activation;
     ControlStorage m_storage;
+    PropertyBrowsing m_browsing;
     ViewAdvises m_advises;
     unsigned m_frozen = 0;
 

@@ -114,11 +114,12 @@ STDMETHODIMP OleControl::Load(IPropertyBag* bag, IErrorLog* log) {
     });
 }
 
-STDMETHODIMP OleControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL) {
+STDMETHODIMP OleControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) {
     if (!bag) return E_POINTER;
     const Hold hold(*this);
     return Guard([&] {
         ComBag values(*bag, Objects());
+        values.SaveAll(saveAll != FALSE);
         SaveTo(values);
         if (clearDirty) m_dirty = false;
     });

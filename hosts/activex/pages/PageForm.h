@@ -24,6 +24,7 @@ public:
 
     PropertyPage& Page() noexcept { return m_page; }
     std::string_view Title() const noexcept { return m_definition.title; }
+    std::string_view Help() const noexcept { return m_definition.help; }
 
     bool IsChanged() const noexcept { return m_changed; }
     /// Called when `IsChanged` has got another value. May end the page.

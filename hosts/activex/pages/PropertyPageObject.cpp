@@ -24,6 +24,13 @@ using Microsoft::WRL::ComPtr;
 
 Dates DatesOf(LCID locale) { return {SharedDateLocale(locale), LocalNow}; }
 
+/// For a caller who frees it; null when there is no memory.
+LPOLESTR CopyText(std::string_view text) {
+    const std::wstring wide = ToWide(text);
+    auto* const copy = static_cast<LPOLESTR>(CoTaskMemAlloc((wide.size() + 1) * sizeof(wchar_t)));
+    return copy ? std::wcscpy(copy, wide.c_str()) : nullptr;
+}
+
 /// Whatever calls the object or the site keeps both, and the page: any of them may be taken away
 /// by what is called.
 class PropertyPageObject final : public ComObject<IPropertyPage2, ISupportErrorInfo> {
@@ -90,16 +97,8 @@ STDMETHODIMP PropertyPageObject::Deactivate() {
 
 STDMETHODIMP PropertyPageObject::GetPageInfo(PROPPAGEINFO* info) {
     if (!info) return E_POINTER;
-    info->pszTitle = nullptr;
-    info->pszDocString = nullptr;
-    info->pszHelpFile = nullptr;
-    info->dwHelpContext = 0;
-    info->size = m_form->Size();
-    const std::wstring title = ToWide(m_form->Title());
-    info->pszTitle = static_cast<LPOLESTR>(CoTaskMemAlloc((title.size() + 1) * sizeof(wchar_t)));
-    if (!info->pszTitle) return E_OUTOFMEMORY;
-    std::wcscpy(info->pszTitle, title.c_str());
-    return S_OK;
+    *info = {info->cb, CopyText(m_form->Title()), m_form->Size(), CopyText(m_form->Help()), {}, 0};
+    return info->pszTitle ? S_OK : E_OUTOFMEMORY;
 }
 
 STDMETHODIMP PropertyPageObject::SetObjects(ULONG count, IUnknown** objects) {

@@ -69,6 +69,10 @@ void AddControl(std::vector<Entry>& entries, const ServerClass& known, const std
                     {anyVersion, nullptr, known.description},
                     {anyVersion + L"\\CLSID", nullptr, clsid},
                     {anyVersion + L"\\CurVer", nullptr, progId}});
+    for (const ControlVerb& verb : kControlVerbs) {  // name, flags of the menu's item, attributes
+        entries.push_back({key + L"\\Verb\\" + std::to_wstring(verb.number), nullptr,
+                           verb.name + std::wstring(L",0,") + std::to_wstring(verb.attributes)});
+    }
 }
 
 std::vector<Entry> EntriesOf(const ServerClass& known, const std::wstring& file) {
@@ -114,7 +118,7 @@ std::vector<Entry> LibraryEntries(ITypeLib& library, const std::wstring& file) {
     std::vector<Entry> entries{
         {version, nullptr, kLibraryName},
         {version + L"\\0\\" + kPlatform, nullptr, file},
-        {version + L"\\FLAGS", nullptr, L"0"},
+        {version + L"\\FLAGS", nullptr, std::to_wstring(LIBFLAG_FCONTROL)},
         {version + L"\\HELPDIR", nullptr, file.substr(0, file.find_last_of(L'\\'))}};
     for (const Interface& known : InterfacesOf(library)) {
         const wchar_t* const marshaller = known.isDual ? kDualMarshaller : kDispatchMarshaller;

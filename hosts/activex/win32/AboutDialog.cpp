@@ -85,7 +85,7 @@ void ShowAboutDialog(HWND owner, const AboutText& text) {
     DialogTemplate dialog(L"About " + about.title, 200, 82);
     dialog.Text(kTitle, about.title, {10, 10, 180, 10});
     dialog.Text(kVersion, L"Version " + about.version, {10, 24, 180, 10});
-    dialog.Text(kLink, about.link, {10, 38, 180, 10}, SS_NOTIFY);
+    dialog.Button(kLink, about.link, {10, 36, 180, 12}, BS_FLAT | BS_LEFT);
     dialog.Button(kOk, L"OK", {84, 60, 50, 14}, BS_DEFPUSHBUTTON);
     dialog.Button(kSystem, L"&System Info...", {140, 60, 54, 14}, BS_PUSHBUTTON);
     const HWND top = owner ? GetAncestor(owner, GA_ROOT) : nullptr;

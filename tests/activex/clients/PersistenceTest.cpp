@@ -86,6 +86,13 @@ TEST_F(Persistence, ScriptsCopyAndHaveBagsOfTheirOwn) {
     EXPECT_EQ(Got(restored, "ShowWeekend"), "False");
     EXPECT_EQ(Got(restored, "MonthBackColor"), "255");
     EXPECT_EQ(Got(restored, "DayAppearance"), "1") << "the default";
+    ComPtr<IPersistPropertyBag> persist;
+    AddCalendar().Control()->QueryInterface(IID_PPV_ARGS(persist.GetAddressOf()));
+    for (const BOOL all : {FALSE, TRUE}) {
+        bag->values.clear();
+        EXPECT_EQ(persist->Save(bag.Get(), FALSE, all), S_OK);
+        EXPECT_EQ(bag->values.count(L"DayNumberAlignment"), static_cast<std::size_t>(all));
+    }
 }
 
 }  // namespace

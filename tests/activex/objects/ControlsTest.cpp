@@ -19,6 +19,12 @@ TEST(Controls, NameTheirPages) {
         EXPECT_EQ(pages.cElems, 5 + i);
         EXPECT_TRUE(std::count(pages.pElems, pages.pElems + pages.cElems, kGeneralPage));
         CoTaskMemFree(pages.pElems);
+        ComPtr<IPerPropertyBrowsing> browsing;
+        control.As(&browsing);
+        CLSID page{};
+        EXPECT_EQ(browsing->MapPropertyToPage(2 + static_cast<DISPID>(i), &page), S_OK);  // DateMax
+        EXPECT_EQ(page, kGeneralPage);
+        EXPECT_EQ(browsing->MapPropertyToPage(-515, &page), PERPROP_E_NOPAGEAVAILABLE);  // hWnd
     }
 }
 

@@ -64,6 +64,8 @@ void ExpectAvailable() {
         DWORD status = 0;
         EXPECT_EQ(OleRegGetMiscStatus(known.clsid, DVASPECT_CONTENT, &status), S_OK);
         EXPECT_EQ(status, known.control->miscStatus);
+        ComPtr<IEnumOLEVERB> verbs;
+        EXPECT_EQ(OleRegEnumVerbs(known.clsid, &verbs), S_OK);
     }
     ComPtr<ITypeLib> library;
     EXPECT_EQ(LoadRegTypeLib(kLibrary, 1, 0, LOCALE_NEUTRAL, &library), S_OK);

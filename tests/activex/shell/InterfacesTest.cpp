@@ -19,7 +19,7 @@ TEST_F(Interfaces, LeadToEachOther) {
               IOleInPlaceObject, IOleInPlaceActiveObject, IViewObject, IViewObject2, IViewObjectEx,
               IPersist, IPersistStream, IPersistStreamInit, IPersistStorage, IPersistPropertyBag,
               IConnectionPointContainer, IProvideClassInfo, IProvideClassInfo2,
-              ISpecifyPropertyPages, IDataObject, ISupportErrorInfo>();
+              IPerPropertyBrowsing, ISpecifyPropertyPages, IDataObject, ISupportErrorInfo>();
     ids.push_back(IID_IObjectSafety);
     for (const IID& from : ids) {
         ComPtr<IUnknown> first;

@@ -70,13 +70,5 @@ TEST(WinLocale, DatesLookAndReadAsTheLocaleWantsThem) {
     }
 }
 
-TEST(WinLocale, ClockIsLocalTime) {
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    const double days =
-        LocalNow().value - DateOf(DayFromCivil(now.wYear, now.wMonth, now.wDay)).value;
-    EXPECT_NEAR(days, (now.wHour * 60 + now.wMinute) / 1440.0, 2 / 1440.0);
-}
-
 }  // namespace
 }  // namespace velmora
