@@ -173,7 +173,22 @@ void ToComVariant(const Variant& value, ObjectBridge& objects, VARIANT& out) {
 }
 
 ComAutomation::ComAutomation(IDispatch& object, ObjectBridge& objects)
-    : m_object(&object), m_objects(objects.shared_from_this()), m_typeName(TypeNameOf(object)) {}
+    : m_object(&object), m_objects(objects.shared_from_this()) {}
+
+std::string_view ComAutomation::TypeName() const {
+    if (!m_typeName) m_typeName = TypeNameOf(*m_object.Get());
+    return *m_typeName;
+}
+
+Variant ComAutomation::GetItem(std::int16_t index) const {
+    OwnedVariant argument, result;
+    V_VT(&argument) = VT_I2;
+    V_I2(&argument) = index;
+    DISPPARAMS arguments{&argument, nullptr, 1, 0};
+    InvokeClient(*m_object.Get(), MemberOfClient(*m_object.Get(), "Item"),
+                 DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, &result);
+    return FromComVariant(result, *m_objects);
+}
 
 Variant ComAutomation::GetMember(std::string_view name) const {
     OwnedVariant result;

@@ -8,6 +8,8 @@
 #include <windows.h>
 #include <wrl/client.h>
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,8 +42,9 @@ public:
     ComAutomation(IDispatch& object, ObjectBridge& objects);
 
     /// Of the class, else of the interface without a leading underscore.
-    std::string_view TypeName() const override { return m_typeName; }
+    std::string_view TypeName() const override;
     Variant GetMember(std::string_view name) const override;
+    Variant GetItem(std::int16_t index) const override;
     void LetMember(std::string_view name, const Variant& value) override;
     /// A method without a result that takes those values; arguments in their order. Values come
     /// back in `result` when it is given.
@@ -52,7 +55,7 @@ public:
 private:
     Microsoft::WRL::ComPtr<IDispatch> m_object;
     std::shared_ptr<ObjectBridge> m_objects;
-    std::string m_typeName;
+    mutable std::optional<std::string> m_typeName;  // once it has been asked for
 };
 
 }  // namespace velmora
