@@ -62,6 +62,8 @@ bool CalendarControl::OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& resul
 void CalendarControl::OnWindowRecreated() {
     OnDropModeChanged();
     m_calendar.OnWindowRecreated();
+    m_clock.reset();
+    if (Window().Window()) m_clock.emplace(m_calendar);
 }
 
 }  // namespace velmora

@@ -2,6 +2,9 @@
 
 #include "calendar/VmCalendar.h"
 #include "hosts/activex/control/ControlFace.h"
+#include "hosts/activex/win32/WinClock.h"
+
+#include <optional>
 
 namespace velmora {
 
@@ -31,6 +34,7 @@ private:
 
     VmCalendar m_calendar;
     DropRegistration<VmCalendar> m_drops;
+    std::optional<WinClock> m_clock;  // while there is a window
 };
 
 }  // namespace velmora
