@@ -134,6 +134,8 @@ TEST(PropertiesText, LooksAsDocumented) {
     bag.WriteProperty("Small", std::int16_t{-3}, Variant());
     bag.WriteProperty("Color", std::uint32_t{0x80000005}, Variant());
     bag.WriteProperty("Day", Date(43905.25), Variant());
+    bag.WriteProperty("Sum", 0.1 + 0.2, Variant());
+    bag.WriteProperty("Huge", 1e15, Variant());
     bag.WriteProperty("Caption", "Tom's \"day\"\n", Variant());
     auto font = std::make_shared<StdFont>();
     font->bold = font->underline = true;
@@ -146,6 +148,8 @@ TEST(PropertiesText, LooksAsDocumented) {
                                          "Small = int16 -3\n"
                                          "Color = int32 -2147483643\n"
                                          "Day = date 43905.25\n"
+                                         "Sum = double 0.30000000000000004\n"
+                                         "Huge = double 1e+15\n"
                                          "Caption = text \"Tom's \\\"day\\\"\\n\"\n"
                                          "Font = font \"Sans Serif\" 9 bold underline\n"
                                          "Icon = picture icon 53 26 pixels 2 1 ESIz/wAAAIA=\n"
@@ -185,6 +189,10 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
         {kHead + "A = colour 1\nend\n", 2, "unknown type \"colour\""},
         {kHead + "A = int32\nend\n", 2, "number is missing"},
         {kHead + "A = int32 1x\nend\n", 2, "\"1x\" is no number"},
+        {kHead + "A = double +1\nend\n", 2, "\"+1\" is no number"},
+        {kHead + "A = double 1,5\nend\n", 2, "\"1,5\" is no number"},
+        {kHead + "A = double 0x10\nend\n", 2, "\"0x10\" is no number"},
+        {kHead + "A = double 1e\nend\n", 2, "\"1e\" is no number"},
         {kHead + "A = int32 2147483648\nend\n", 2, "out of range"},
         {kHead + "A = double 1e999\nend\n", 2, "out of range"},
         {kHead + "A = date 15.3.2020\nend\n", 2, "is no number"},
@@ -261,37 +269,6 @@ TEST(TextFileBag, LoadsWhatAnotherHasSavedAndKeepsItsValuesElse) {
 #ifdef __unix__
 constexpr auto kOwnerOnly = fs::perms::owner_read | fs::perms::owner_write;
 
-/// While it lives, no file can be written beyond `bytes`: a full disk. What is in `watched` just
-/// before, by name and permissions, is kept.
-class FullDisk {
-public:
-    FullDisk(rlim_t bytes, const fs::path& watched) {
-        s_watched = watched;
-        s_seen.clear();
-        m_handler = std::signal(SIGXFSZ, [](int) {
-            for (const auto& entry : fs::directory_iterator(s_watched)) {
-                s_seen[entry.path().filename().string()] = entry.status().permissions();
-            }
-        });
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    static const std::map<std::string, fs::perms>& Seen() { return s_seen; }
-
-private:
-    static inline fs::path s_watched;
-    static inline std::map<std::string, fs::perms> s_seen;
-    rlimit m_before{};
-    void (*m_handler)(int);
-};
-
 TEST(TextFileBag, SavesOverFilesAndThroughLinksAndNamesWhatItRefuses) {
     const Folder folder;
     const fs::path& at = folder.path;
@@ -346,22 +323,42 @@ TEST(TextFileBag, SavesOverFilesAndThroughLinksAndNamesWhatItRefuses) {
     EXPECT_EQ(ProblemOf([&] { TextFileBag(at / "private").Load(); }), FileProblem::NotReadable);
 }
 
+fs::path g_watched;
+std::vector<fs::perms> g_seen;  // of the files there when a write met its limit
+
+/// What the save says while no file can be written beyond `room` bytes.
+std::string SavedOnAFullDisk(const TextFileBag& bag, rlim_t room) {
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit limit{room, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string text = ErrorOf([&] { bag.Save(); }).what();
+    setrlimit(RLIMIT_FSIZE, &before);
+    return text;
+}
+
 TEST(TextFileBag, AFullDiskLeavesTheOldFileAndANewOneIsAsPrivateFromItsFirstByte) {
     const Folder folder;
     const fs::path path = folder.path / "file";
     WriteFile(path, "the old content");
+    g_watched = folder.path;
+    const auto handler = std::signal(SIGXFSZ, [](int) {
+        g_seen.clear();
+        for (const auto& entry : fs::directory_iterator(g_watched)) {
+            g_seen.push_back(entry.status().permissions());
+        }
+    });
     for (const auto mode : {kOwnerOnly, kOwnerOnly | fs::perms::group_all}) {
         for (const auto& [length, room] : {std::pair(100, 64), {1 << 20, 64}, {1 << 16, 0}}) {
             fs::permissions(path, mode);
             TextFileBag bag(path);
             bag.WriteProperty("A", std::string(static_cast<std::size_t>(length), 'a'), Variant());
-            const FullDisk full(static_cast<rlim_t>(room), folder.path);
-            const std::string text = ErrorOf([&] { bag.Save(); }).what();
+            const std::string text = SavedOnAFullDisk(bag, static_cast<rlim_t>(room));
             EXPECT_TRUE(text.starts_with(path.string() + ": it cannot be written")) << text;
-            EXPECT_EQ(FullDisk::Seen().size(), 2u);
-            for (const auto& [name, permissions] : FullDisk::Seen()) EXPECT_EQ(permissions, mode);
+            EXPECT_EQ(std::exchange(g_seen, {}), std::vector(2, mode));
         }
     }
+    std::signal(SIGXFSZ, handler);
     EXPECT_EQ(ContentOf(path), "the old content");
     EXPECT_EQ(folder.Entries(), 1);
 }
