@@ -21,7 +21,8 @@ PropertyPage::PropertyPage(const PageDefinition& definition, std::vector<PageCon
       m_controls(std::move(controls)),
       m_site(site),
       m_dates(dates),
-      m_loaded(m_controls.size()) {
+      m_loaded(m_controls.size()),
+      m_toWrite(m_controls.size()) {
     for (std::size_t i = 0; i < m_controls.size(); ++i) {
         if (auto* const list = std::get_if<PageList*>(&m_controls[i])) {
             (*list)->Items(definition.fields[i].items);
@@ -85,15 +86,32 @@ void PropertyPage::Show(const FieldDefinition&, PageText& text, const Variant* v
 }
 
 bool PropertyPage::ApplyChanges() {
-    m_firstError = nullptr;
     m_complained = false;
+    for (std::size_t i = 0; i < m_controls.size(); ++i) m_toWrite[i] = m_loaded[i] && !IsKept(i);
+    std::exception_ptr firstError, refusal;
+    const auto keep = [&firstError](const std::exception_ptr& error) {
+        if (!firstError) firstError = error;
+    };
     for (std::size_t i = 0; i < m_controls.size(); ++i) {
-        if (!m_loaded[i]) continue;
-        std::visit([&](auto* control) { Store(m_definition.fields[i], *control); }, m_controls[i]);
+        const bool again = std::exchange(refusal, Store(i)) != nullptr;
+        if (again) keep(Store(i - 1));  // as the latest date makes room for the earliest
     }
-    if (m_firstError) std::rethrow_exception(std::exchange(m_firstError, nullptr));
+    keep(refusal);
+    if (firstError) std::rethrow_exception(firstError);
     if (!m_complained) m_site.Changed(false);
     return !m_complained;
+}
+
+/// Returns the object's refusal, or null.
+std::exception_ptr PropertyPage::Store(std::size_t index) {
+    if (!m_loaded[index] || !m_toWrite[index]) return nullptr;
+    try {
+        std::visit([&](auto* control) { Store(m_definition.fields[index], *control); },
+                   m_controls[index]);
+    } catch (...) {
+        return std::current_exception();
+    }
+    return nullptr;
 }
 
 void PropertyPage::Store(const FieldDefinition& field, const PageList& list) {
@@ -104,11 +122,27 @@ void PropertyPage::Store(const FieldDefinition& field, const PageCheckBox& box) 
     Write(field, box.Checked());
 }
 
-void PropertyPage::Store(const FieldDefinition& field, const PageText& text) {
+/// A text is red until it has been taken.
+void PropertyPage::Store(const FieldDefinition& field, PageText& text) {
+    text.ForeColor(kInvalidText);
     const std::string fault = FaultOf(field, text.Text());
-    if (fault.empty()) return Write(field, text.Text());
-    m_complained = true;
-    m_site.MessageBox(fault);
+    if (!fault.empty()) {
+        m_complained = true;
+        m_site.MessageBox(fault);
+        return;
+    }
+    Write(field, text.Text());
+    text.ForeColor(kValidText);
+}
+
+/// Whether a date field shows the day that the object has: written, the date would lose its time of
+/// day, and a limit could not move it.
+bool PropertyPage::IsKept(std::size_t index) const {
+    const FieldDefinition& field = m_definition.fields[index];
+    if (field.kind != FieldKind::Date) return false;
+    const auto shown = m_dates.TryParse(std::get<PageText*>(m_controls[index])->Text());
+    const Variant value = m_selected->GetMember(PropertyOf(field));
+    return shown && shown == m_dates.TryParse(TextOf(value, m_dates));
 }
 
 std::string PropertyPage::FaultOf(const FieldDefinition& field, const std::string& text) const {
@@ -131,11 +165,7 @@ std::string PropertyPage::FaultOf(const FieldDefinition& field, const std::strin
 }
 
 void PropertyPage::Write(const FieldDefinition& field, const Variant& value) {
-    try {
-        m_selected->LetMember(PropertyOf(field), value);
-    } catch (...) {
-        if (!m_firstError) m_firstError = std::current_exception();
-    }
+    m_selected->LetMember(PropertyOf(field), value);
 }
 
 bool PropertyPage::IsValid(const FieldDefinition& field, const std::string& text) const {

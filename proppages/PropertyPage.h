@@ -33,9 +33,10 @@ public:
     /// Loads the controls from the first object; marks nothing as changed. The objects outlive the
     /// page or its next selection.
     void SelectionChanged(std::span<AutomationObject* const> selected);
-    /// Writes every control back. What the object refuses does not keep the rest from being
+    /// Writes every control back, but no date whose day is that of the object. What the object
+    /// refuses is tried once more behind the next field and does not keep the rest from being
     /// written; the first refusal is raised at the end. False: the page found fault with a text and
-    /// has said so. In both cases the page stays changed.
+    /// has said so. In both cases the page stays changed, and the text red.
     bool ApplyChanges();
 
     /// The control of that field has been clicked or edited. A text that is not valid is red and
@@ -52,9 +53,11 @@ private:
     void Show(const FieldDefinition& field, PageList& list, const Variant* value);
     void Show(const FieldDefinition& field, PageCheckBox& box, const Variant* value);
     void Show(const FieldDefinition& field, PageText& text, const Variant* value);
+    std::exception_ptr Store(std::size_t field);
     void Store(const FieldDefinition& field, const PageList& list);
     void Store(const FieldDefinition& field, const PageCheckBox& box);
-    void Store(const FieldDefinition& field, const PageText& text);
+    void Store(const FieldDefinition& field, PageText& text);
+    bool IsKept(std::size_t field) const;
     void Write(const FieldDefinition& field, const Variant& value);
     /// What is wrong with a text that must not be written; empty for nothing.
     std::string FaultOf(const FieldDefinition& field, const std::string& text) const;
@@ -64,10 +67,10 @@ private:
     PageSite& m_site;
     const Dates& m_dates;
     AutomationObject* m_selected = nullptr;
-    std::vector<bool> m_loaded;  // by field: the object has the property
+    std::vector<bool> m_loaded;   // by field: the object has the property
+    std::vector<bool> m_toWrite;  // by field, while changes are applied
     bool m_loading = false;
     bool m_complained = false;
-    std::exception_ptr m_firstError;
 };
 
 /// Whether the page's text boxes take a text as a number: digits with at most one ".", and a "-"

@@ -52,7 +52,7 @@ private:
         if (object == "box") control = std::make_unique<VmCalDropDownWidget>();
         if (control) {
             control->setLocale(kEnglish);
-            control->setProperty("dateValue", QDateTime(kMay15, QTime(9, 30)));
+            control->setProperty("dateValue", QDateTime(kMay15, QTime(12, 0)));
             m_object = AutomationOf(*control);
         }
         m_dialog.SelectionChanged({});

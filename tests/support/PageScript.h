@@ -46,7 +46,8 @@ struct ForeignObject : AutomationObject {
 class PagePlayer {
 public:
     virtual ~PagePlayer() = default;
-    /// A new "calendar" or "box" at 15 May 2024, "foreign", "nothing"; "same" is loaded again.
+    /// A new "calendar" or "box" at noon of 15 May 2024, "foreign", "nothing"; "same" is loaded
+    /// again.
     virtual void Select(const std::string& object) = 0;
     /// Chooses that item, sets the check box ("true", "false") or the text.
     virtual void Enter(const std::string& control, const std::string& input) = 0;
@@ -91,6 +92,7 @@ inline const std::vector<PageEdit> kEditsOfBox{
     {"cboAppearance", "VmAppearance3D", "VmAppearanceFlat", "DropDownAppearance", "0"},
     {"txtDateMin", "1/1/1100", "2/14/2020", "DateMin", "2020-02-01", "2/1/2020"},
     {"txtDateMax", "12/31/2700", "2/14/2030", "DateMax", "2030-02-28", "2/28/2030"},
+    {"txtDateValue", "5/15/2024", "May 15, 2024", "DateValue", "2024-05-15 12:00", "5/15/2024"},
     {"txtDateValue", "5/15/2024", "Jun 7, 2024", "DateValue", "2024-06-07", "6/7/2024"},
     {"txtDateFormat", "Short Date", "yyyy", "DateFormat", "yyyy"},
     {"txtDateFormat", "yyyy", "", "DateFormat", ""},
@@ -114,9 +116,7 @@ inline constexpr PageStep kPageSteps[] = {
     {"txtDropDownWidth", "12a", "12a red *"},
     {"txtDropDownHeight", "--", "-- red *"},
     {"select", "same", ""},
-    {"txtDateMin", nullptr, "1/1/1100"},
     {"txtDateMax", nullptr, "12/31/2700"},
-    {"cboMonthYearSelStyle", nullptr, "VmMonthSelNone"},
     // What a page finds fault with is told, the rest is written, and the page stays changed.
     {"chkEnabled", "false", "false *"},
     {"txtDropDownWidth", "300", "300 *"},
@@ -124,10 +124,8 @@ inline constexpr PageStep kPageSteps[] = {
     {"Apply", nullptr, "Property 'DropDownWidth' must a number."},
     {"DropDownWidth", nullptr, "300"},
     {"Enabled", nullptr, "false"},
-    {"txtDropDownHeight", nullptr, "1.2.3 red *"},
     {"txtDropDownHeight", "240", "240 *"},
     {"Apply", nullptr, ""},
-    {"txtDropDownHeight", nullptr, "240"},
     // The first refusal is told and keeps nothing else from being written.
     {"txtDateMin", "1/1/4000", "1/1/4000 *"},
     {"txtDateMax", "12x", "12x red *"},
@@ -135,7 +133,7 @@ inline constexpr PageStep kPageSteps[] = {
     {"Apply", nullptr, "Invalid property value"},
     {"DateMin", nullptr, "1100-01-01"},
     {"DateValue", nullptr, "2024-06-07"},
-    {"txtDateMin", nullptr, "1/1/4000 *"},
+    {"txtDateMin", nullptr, "1/1/4000 red *"},
     {"txtDateMin", "1/1/2000", "1/1/2000 *"},
     {"Apply", nullptr, "Type mismatch"},
     {"txtDateMax", "", " red *"},
@@ -154,6 +152,11 @@ inline constexpr PageStep kPageSteps[] = {
     {"txtDateValue", "1/2/3500", "1/2/3500 *"},
     {"Apply", nullptr, ""},
     {"DateValue", nullptr, "1/2/3500"},
+    // An earliest date behind the latest one waits for it, and both move the date.
+    {"txtDateMin", "1/1/4100", "1/1/4100 *"},
+    {"txtDateMax", "12/31/4200", "12/31/4200 *"},
+    {"Apply", nullptr, ""},
+    {"txtDateValue", nullptr, "1/1/4100"},
     // What an object lacks is disabled and not written, nor is a value that no item stands for.
     {"select", "foreign", ""},
     {"cboAppearance", nullptr, " disabled"},
@@ -168,7 +171,7 @@ inline constexpr PageStep kPageSteps[] = {
     {"writes", nullptr, "DropDownWidth"},
     {"cboMonthDisplay", "VmMonthFullName", "VmMonthFullName *"},
     {"Apply", nullptr, "Invalid Date FormatType mismatch|Invalid property value"},
-    {"writes", nullptr, "DropDownWidth ShowWeekend MonthDisplay DateMin DateValue"},
+    {"writes", nullptr, "DropDownWidth ShowWeekend ShowWeekend MonthDisplay DateValue"},
     {"txtDateFormat", "", " *"},
     {"Apply", nullptr, "Invalid property value"},
     {"DateFormat", nullptr, ""},
@@ -177,7 +180,6 @@ inline constexpr PageStep kPageSteps[] = {
     {"txtDateMin", nullptr, " disabled"},
     {"chkShowWeekend", nullptr, "false disabled"},
     {"cboMonthDisplay", nullptr, " disabled"},
-    {"Apply", nullptr, ""},
 };
 
 inline std::string PlainText(const Variant& value) {
@@ -186,8 +188,9 @@ inline std::string PlainText(const Variant& value) {
     const auto* date = value.As<Date>();
     if (!date) return std::to_string(ToInt32(value));
     const CivilDate civil = CivilOf(DayOf(*date));
-    char text[16];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", civil.year, civil.month, civil.day);
+    char text[32];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d%s", civil.year, civil.month, civil.day,
+                  TimeOf(*date) == 0.5 ? " 12:00" : "");
     return text;
 }
 
