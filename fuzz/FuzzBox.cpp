@@ -57,15 +57,7 @@ public:
     }
 
     void Check() {
-        const auto& [a, b] = std::tie(*m_boxes.a.control, *m_boxes.b.control);
-        for (const VmCalDropDown* const box : {&a, &b}) {
-            if (DayOf(box->DateValue()) < DayOf(box->DateMin()) ||
-                DayOf(box->DateValue()) > DayOf(box->DateMax())) {
-                Fail("a date outside of its limits");
-            }
-        }
-        if (m_boxes.visible && !m_boxes.form->GetOwner()) Fail("a window without owner");
-        if (m_boxes.timer && !m_boxes.visible) Fail("a timer without a window");
+        if (const std::string broken = m_boxes.BrokenInvariant(); !broken.empty()) Fail(broken);
     }
 
     void Paint() {

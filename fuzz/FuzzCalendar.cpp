@@ -1,5 +1,6 @@
 #include "fuzz/FuzzCalendar.h"
 
+#include "fuzz/FuzzValues.h"
 #include "platform/stores/PropertiesText.h"
 #include "tests/support/TestCalendar.h"
 
@@ -69,7 +70,9 @@ void Do(TestCalendar& test, ByteReader& deeds) {
         case 6:
             test.drawing.failAt = test.drawing.creations + 1 + deeds.Take<std::uint8_t>() % 64;
             break;
-        default: test.calendar->RepaintControl(); break;
+        default:
+            if (deed < 128) return test.calendar->RepaintControl();
+            Set(*test.calendar, deeds);
     }
 }
 
