@@ -31,7 +31,7 @@ void VmCalendar::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
     const std::int16_t arrival = keyCode;
     const Lifetime::Watch alive(m_lifetime);
     m_events.KeyDown.Raise(keyCode, shift);
-    if (!alive || !m_platform.windowing.TakesInput()) return;
+    if (!alive || !m_platform.windowing.TakesInput() || keyCode == 0) return;
 
     const bool navigates = DaysOf(keyCode) != 0 || MonthsOf(keyCode, shift) != 0;
     if (m_selectors.MonthListDropped() || !navigates) {

@@ -16,17 +16,17 @@ DropDownForm::DropDownForm(const Platform& platform, FormWindow& window)
 }
 
 bool DropDownForm::OnPaint(SurfaceHandle surface, std::span<const Rect> exposed) {
+    bool painted = false;
     m_painting = true;
-    const bool painted = m_calendar.OnPaint(surface, exposed);
-    m_painting = false;
+    RaiseThen([&] { painted = m_calendar.OnPaint(surface, exposed); }, [&] { m_painting = false; });
     return painted;
 }
 
 void DropDownForm::ConnectDates() {
     CalendarEvents& events = m_calendar.Events();
-    events.DateChanged.Connect([this](Date& date) {
+    events.DateChanged.Connect([this](Date&) {
         NoteDayChosen();
-        if (m_owner) m_owner->OnCalendarDateChanged(date);
+        if (m_owner) m_owner->OnCalendarDateChanged();
     });
     events.DayChanged.Connect([this](std::int16_t&) {
         NoteDayChosen();
@@ -43,9 +43,7 @@ void DropDownForm::ConnectDates() {
 void DropDownForm::ConnectInput() {
     using Short = std::int16_t;
     CalendarEvents& events = m_calendar.Events();
-    events.KeyDown.Connect([this](Short& key, Short& shift) {
-        if (m_owner) m_owner->OnKeyDown(key, shift);
-    });
+    events.KeyDown.Connect([this](Short& key, Short& shift) { RelayKeyDown(key, shift); });
     events.KeyPress.Connect([this](Short& key) {
         if (m_owner) m_owner->OnKeyPress(key);
     });
@@ -75,7 +73,7 @@ void DropDownForm::Load(const CProperties& properties) {
 
 void DropDownForm::Show(const Rect& screen) {
     m_cursorInside = false;
-    m_buttonPressed = false;
+    m_buttonsHeld = 0;
     m_dayChosen = false;
     m_window.Show(screen);
 }
@@ -103,7 +101,7 @@ void DropDownForm::OnTimer() {
     m_calendar.OnClock();
     bool known = false;
     const bool inside = IsCursorInside(known);
-    if (!known || m_buttonPressed) return;  // a press keeps the capture that it has
+    if (!known || m_buttonsHeld != 0) return;  // a press keeps the capture that it has
     if (inside && !m_cursorInside) {
         m_platform.windowing.ReleaseCapture();
         m_cursorInside = true;
@@ -130,7 +128,14 @@ bool DropDownForm::IsInside(float x, float y) const {
 
 /// Keys move the date too; only what a press does is a choice that closes.
 void DropDownForm::NoteDayChosen() {
-    if (m_buttonPressed) m_dayChosen = true;
+    if ((m_buttonsHeld & kButtonLeft) != 0) m_dayChosen = true;
+}
+
+/// The box steps, or refuses to: the calendar makes no step of its own after it.
+void DropDownForm::RelayKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
+    if (!m_owner) return;
+    m_owner->OnKeyDown(keyCode, shift);
+    if (m_calendar.WantsKey(keyCode, false)) keyCode = 0;
 }
 
 void DropDownForm::RelayMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
@@ -139,27 +144,37 @@ void DropDownForm::RelayMouseDown(std::int16_t button, std::int16_t shift, float
         return;
     }
     const VmCalDropDown* const owner = m_owner;
-    m_owner->MouseDown(button, shift, x, y);
-    if (m_owner != owner) return;
+    RaiseThen([&] { m_owner->MouseDown(button, shift, x, y); },
+              [&] {
+                  if (m_owner == owner) TakePress(button, x, y);
+              });
+}
+
+void DropDownForm::TakePress(std::int16_t button, float x, float y) {
     if ((button & kButtonLeft) != 0) {
-        if (!IsInside(x, y)) {
-            m_owner->CloseDropDown();
-            return;
-        }
+        if (!IsInside(x, y)) return m_owner->CloseDropDown();
         m_owner->NoLostFocus(true);
         m_dayChosen = false;
     }
-    m_buttonPressed = true;
+    m_buttonsHeld = static_cast<std::int16_t>(m_buttonsHeld | button);
 }
 
 void DropDownForm::RelayMouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
     if (!m_owner) return;
     const VmCalDropDown* const owner = m_owner;
-    m_owner->MouseUp(button, shift, x, y);
-    const bool pressed = std::exchange(m_buttonPressed, false);
-    const bool chosen = std::exchange(m_dayChosen, false);
-    if (m_owner != owner) return;
+    RaiseThen([&] { m_owner->MouseUp(button, shift, x, y); },
+              [&] {
+                  if (m_owner == owner) TakeRelease(button, x, y);
+              });
+}
+
+/// Of several buttons the left one decides.
+void DropDownForm::TakeRelease(std::int16_t button, float x, float y) {
+    const bool pressed = (m_buttonsHeld & button) != 0;
+    m_buttonsHeld = static_cast<std::int16_t>(m_buttonsHeld & ~button);
+    if ((m_buttonsHeld & kButtonLeft) != 0) return;
     m_owner->NoLostFocus(false);
+    const bool chosen = std::exchange(m_dayChosen, false);
     if (IsInside(x, y) ? chosen : pressed) m_owner->CloseDropDown();
 }
 

@@ -20,6 +20,8 @@ public:
     /// Shows it at that place of the screen, above all other windows, without taking the focus.
     virtual void Show(const Rect& screen) = 0;
     virtual void Hide() = 0;
+    /// Of the owner's screen, what is free for windows.
+    virtual Rect WorkArea() const = 0;
     /// While on, the host calls `DropDownForm::OnTimer` some thirty times a second.
     virtual void Timer(bool on) = 0;
 };
@@ -43,6 +45,7 @@ public:
     /// Loads the calendar with a box's properties and decorations; nothing of the last box stays.
     void Load(const CProperties& properties);
     void Show(const Rect& screen);
+    Rect WorkArea() const { return m_window.WorkArea(); }
     /// Hides the window, ends a press in the calendar, gives the mouse back and stops the timer.
     void Close();
 
@@ -54,8 +57,11 @@ public:
 private:
     void ConnectDates();
     void ConnectInput();
+    void RelayKeyDown(std::int16_t& keyCode, std::int16_t& shift);
     void RelayMouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void RelayMouseUp(std::int16_t button, std::int16_t shift, float x, float y);
+    void TakePress(std::int16_t button, float x, float y);
+    void TakeRelease(std::int16_t button, float x, float y);
     bool IsInside(float x, float y) const;
     bool IsCursorInside(bool& known) const;
     void NoteDayChosen();
@@ -65,9 +71,9 @@ private:
     VmCalendar m_calendar;
     VmCalDropDown* m_owner = nullptr;
     bool m_painting = false;
-    bool m_cursorInside = false;   // the pointer has been over the calendar since it opened
-    bool m_buttonPressed = false;  // a press on the calendar awaits its release
-    bool m_dayChosen = false;      // and a day has been picked with it
+    bool m_cursorInside = false;     // the pointer has been over the calendar since it opened
+    std::int16_t m_buttonsHeld = 0;  // since a press on the calendar
+    bool m_dayChosen = false;        // a day has been picked with the left one
 };
 
 }  // namespace velmora

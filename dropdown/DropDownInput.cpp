@@ -26,28 +26,6 @@ DayNumber Stepped(DayNumber day, std::int16_t keyCode, std::int16_t shift, bool 
 
 }  // namespace
 
-void VmCalDropDown::OnGotFocus() {
-    m_hasFocus = true;
-    RepaintControl();
-    if (!m_pendingDrop) return;
-    m_pendingDrop = false;
-    ShowDropDown();
-}
-
-void VmCalDropDown::OnLostFocus() {
-    m_hasFocus = false;
-    m_pendingDrop = false;
-    m_closedByAlt = false;
-    RepaintControl();
-    if (m_droppedDown && !m_noLostFocus) CloseDropDown();
-}
-
-void VmCalDropDown::OnWindowChanged() {
-    m_buttonDown = false;
-    RepaintControl();
-    if (m_droppedDown) CloseDropDown();
-}
-
 void VmCalDropDown::OleDrag() {
     const Lifetime::Watch alive(m_lifetime);
     OnWindowChanged();  // the drag takes the release
@@ -73,7 +51,7 @@ bool VmCalDropDown::WantsKey(std::int16_t keyCode, bool) const {
         case kKeyPageDown:
         case kKeyF4: return true;
         case kKeyEnter:
-        case kKeyEscape: return m_droppedDown;
+        case kKeyEscape: return DropDownState();
         default: return false;
     }
 }
@@ -83,11 +61,13 @@ bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
     const bool alt = (shift & (kShiftCtrl | kShiftAlt)) == kShiftAlt;
     switch (keyCode) {
         case kKeyAlt:
-            m_closedByAlt = m_droppedDown;
-            if (m_droppedDown) CloseDropDown();
+            if (DropDownState()) {
+                m_closedByAlt = true;
+                CloseDropDown();
+            }
             return false;  // it may begin a menu's key
         case kKeyEnter:
-            if (!m_droppedDown) return false;
+            if (!DropDownState()) return false;
             CloseDropDown();
             return true;
         case kKeyF4:
@@ -100,7 +80,7 @@ bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
             if (!m_closedByAlt) ToggleDropDown();
             return true;
         case kKeyEscape:
-            if ((shift & kShiftCtrl) != 0 || !m_droppedDown) return false;
+            if ((shift & kShiftCtrl) != 0 || !DropDownState()) return false;
             CloseDropDown();
             return true;
         default: return StepByKey(keyCode, shift);
@@ -112,11 +92,10 @@ bool VmCalDropDown::StepByKey(std::int16_t keyCode, std::int16_t shift) {
     const DayNumber from = DayOf(OwnsForm() ? m_form.Calendar().SelectedDate() : DateValue());
     const DayNumber day = Stepped(from, keyCode, shift, m_store.Get(kShowWeekend));
     if (day == from || !IsInLimits(m_store.Values(), day) || !RequestUserDate(day)) return false;
-    const Date date = DateOf(day, TimeOf(DateValue()));
     if (OwnsForm()) {
-        m_form.Calendar().DateValue(date);  // comes back as the calendar's events
+        m_form.Calendar().DateValue(DateOf(day));  // comes back as the calendar's events
     } else {
-        StepOwnDate(date);
+        StepOwnDate(day);
     }
     return true;
 }
@@ -128,11 +107,22 @@ bool VmCalDropDown::RequestUserDate(DayNumber day) {
            IsInLimits(m_store.Values(), day);
 }
 
-void VmCalDropDown::StepOwnDate(Date date) {
-    const CivilDate before = CivilOf(DayOf(DateValue()));
+void VmCalDropDown::StepOwnDate(DayNumber day) {
+    const DayNumber before = DayOf(DateValue());
+    m_store.DateValue(DateOf(day));
+    UpdateDateText(DateValue());
+    const Lifetime::Watch alive(m_lifetime);
+    RaiseThen([&] { RaiseDateParts(before); },
+              [&] {
+                  if (alive) Notify(kDateValue.name);
+              });
+}
+
+/// Stops when a handler has moved the date again.
+void VmCalDropDown::RaiseDateParts(DayNumber from) {
+    Date date = DateValue();
+    const CivilDate before = CivilOf(from);
     const CivilDate after = CivilOf(DayOf(date));
-    m_store.DateValue(date);
-    UpdateDateText(date);
     const unsigned change = ++m_dateChanges;
     const Lifetime::Watch alive(m_lifetime);
     const auto goesOn = [&] { return alive && change == m_dateChanges; };
@@ -144,7 +134,6 @@ void VmCalDropDown::StepOwnDate(Date date) {
     if (goesOn() && after.day != before.day) m_events.DayChanged.Raise(day);
     if (goesOn() && after.month != before.month) m_events.MonthChanged.Raise(month);
     if (goesOn() && after.year != before.year) m_events.YearChanged.Raise(year);
-    if (alive) Notify(kDateValue.name);
 }
 
 void VmCalDropDown::OnKeyPress(std::int16_t& keyAscii) {

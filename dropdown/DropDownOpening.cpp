@@ -1,92 +1,159 @@
 #include "dropdown/VmCalDropDown.h"
 
-#include <utility>
+#include <algorithm>
+#include <cstdint>
 
 namespace velmora {
 
 void VmCalDropDown::DropDownState(bool value) {
     if (!m_platform.windowing.Enabled()) return;
-    if (!value) {
-        CloseDropDown();
-    } else if (!m_droppedDown) {
-        m_pendingDrop = true;
-        if (m_hasFocus) {
-            OnGotFocus();
-        } else {
-            m_platform.windowing.SetFocus();
-        }
+    if (!value) return CloseDropDown();
+    if (m_phase != Phase::Closed && m_phase != Phase::Wanted) return;
+    m_phase = Phase::Wanted;
+    if (m_hasFocus) {
+        OnGotFocus();
+    } else {
+        m_platform.windowing.SetFocus();
     }
 }
 
+void VmCalDropDown::OnGotFocus() {
+    m_hasFocus = true;
+    RepaintControl();
+    if (m_phase == Phase::Wanted) ShowDropDown();
+}
+
+void VmCalDropDown::OnLostFocus() {
+    m_hasFocus = false;
+    m_closedByAlt = false;
+    RepaintControl();
+    if (m_phase == Phase::Wanted) m_phase = Phase::Closed;
+    if (DropDownState() && !m_noLostFocus) CloseDropDown();
+}
+
+void VmCalDropDown::OnWindowChanged() {
+    m_buttonDown = false;
+    RepaintControl();
+    if (DropDownState()) CloseDropDown();
+}
+
 void VmCalDropDown::ToggleDropDown() {
-    if (m_droppedDown) {
+    if (DropDownState()) {
         CloseDropDown();
     } else {
         ShowDropDown();
     }
 }
 
-/// Below the box, flush with its left edge or ending one pixel left of its right edge. Screen
-/// pixels.
-Rect VmCalDropDown::DropDownPlace() const {
-    const Size box = m_platform.windowing.ClientSize();
-    const int left = m_box.alignment == VmRightJustified ? box.width - 1 - m_box.widthPixels : 0;
-    const Point corner = m_platform.windowing.ClientToScreen({left, box.height});
-    return {corner.x, corner.y, corner.x + m_box.widthPixels, corner.y + m_box.heightPixels};
+void VmCalDropDown::ShowDropDown() {
+    if (m_phase != Phase::Closed && m_phase != Phase::Wanted) return;
+    m_phase = Phase::Closed;
+    const Lifetime::Watch alive(m_lifetime);
+    if (m_form.GetOwner()) m_form.GetOwner()->CloseDropDown();
+    if (!alive || m_form.GetOwner()) return;  // its handler has opened a box
+    m_phase = Phase::Opening;
+    m_form.SetOwner(this);
+    m_form.Load(m_store);
+    bool cancel = false;
+    RaiseThen([&] { m_events.DropDown.Raise(cancel); },
+              [&] {
+                  if (alive && m_phase == Phase::Opening) EndOpening(cancel);
+              });
 }
 
-void VmCalDropDown::ShowDropDown() {
-    const Lifetime::Watch alive(m_lifetime);
-    if (m_form.GetOwner() && !OwnsForm()) m_form.GetOwner()->CloseDropDown();
-    if (!alive || m_form.GetOwner()) return;  // its handler has opened a box
-    m_form.SetOwner(this);
-    m_opening = true;
-    const Rect place = DropDownPlace();
-    m_form.Load(m_store);
-
-    bool cancel = false;
-    m_events.DropDown.Raise(cancel);
-    if (!alive) return;
-    m_opening = false;
-    if (!OwnsForm()) return;  // closed again by the handler
-    m_droppedDown = true;     // a cancelled opening too counts as open until the next close
-    if (cancel) return;
-    m_form.Show(place);
+/// After the handlers: they may have set the size, or disabled the box.
+void VmCalDropDown::EndOpening(bool cancelled) {
+    m_phase = cancelled ? Phase::Cancelled : Phase::Open;
+    if (!TakesInput()) return CloseDropDown();
+    if (cancelled) return;
+    m_form.Show(DropDownPlace());
     m_form.TrackMouse();
 }
 
 void VmCalDropDown::CloseDropDown() {
-    if (OwnsForm()) {
-        TakeCalendarDate();
-        UpdateDateText(DateValue());
-        m_form.SetOwner(nullptr);
-        m_form.Close();
-        m_store.FollowMonth(DayOf(DateValue()));
-    }
-    m_droppedDown = false;
+    if (m_phase == Phase::Closing) return;
+    m_phase = Phase::Closing;
     m_noLostFocus = false;
-    RepaintControl();
-    m_events.CloseUp.Raise();
+    const Lifetime::Watch alive(m_lifetime);
+    RaiseThen(
+        [&] {
+            if (OwnsForm()) ReturnForm();
+        },
+        [&] {
+            if (!alive) return;
+            m_phase = Phase::Closed;
+            RepaintControl();
+            m_events.CloseUp.Raise();
+        });
 }
 
-/// The calendar ignores times: on another day the box keeps its own.
+void VmCalDropDown::ReturnForm() {
+    TakeCalendarDate();
+    UpdateDateText(DateValue());
+    m_form.SetOwner(nullptr);
+    m_form.Close();
+    ShowOwnMonth();
+}
+
+/// The days of a month that the calendar's arrows have shown go back to the month of the date.
+void VmCalDropDown::ShowOwnMonth() {
+    const CivilDate before = CivilOf(DayOf(m_store.Values().shownDate));
+    const CivilDate after = CivilOf(DayOf(DateValue()));
+    m_store.FollowMonth(DayOf(DateValue()));
+    auto month = static_cast<std::int16_t>(after.month);
+    auto year = static_cast<std::int16_t>(after.year);
+    const Lifetime::Watch alive(m_lifetime);
+    if (after.month != before.month) m_events.MonthChanged.Raise(month);
+    if (alive && after.year != before.year) m_events.YearChanged.Raise(year);
+}
+
+/// Closes an open calendar without taking its date and without an event.
+void VmCalDropDown::Abandon() {
+    m_phase = Phase::Closed;
+    if (!OwnsForm()) return;
+    m_form.SetOwner(nullptr);
+    m_form.Close();
+}
+
+/// Below the box, flush with its left edge or ending one pixel left of its right edge. Screen
+/// pixels.
+Rect VmCalDropDown::DropDownPlace() const {
+    const Size box = m_platform.windowing.ClientSize();
+    constexpr int kMost = 0x7FFF;  // pixels that a screen can have
+    const int width = std::min(m_box.widthPixels, kMost);
+    const int height = std::min(m_box.heightPixels, kMost);
+    const int left = m_box.alignment == VmRightJustified ? box.width - 1 - width : 0;
+    Point corner = m_platform.windowing.ClientToScreen({left, box.height});
+    if (m_keepOnScreen) {
+        const Rect work = m_form.WorkArea();
+        const int above = m_platform.windowing.ClientToScreen({0, 0}).y - height;
+        if (corner.y > work.bottom - height) corner.y = std::max(above, work.top);
+        corner.x = std::max(std::min(corner.x, work.right - width), work.left);
+    }
+    return {corner.x, corner.y, corner.x + width, corner.y + height};
+}
+
+/// The calendar ignores times: another day has none.
 void VmCalDropDown::TakeCalendarDate() {
     const DayNumber day = DayOf(m_form.Calendar().SelectedDate());
-    if (day != DayOf(DateValue())) m_store.DateValue(DateOf(day, TimeOf(DateValue())));
+    if (day != DayOf(DateValue())) m_store.DateValue(DateOf(day));
 }
 
-void VmCalDropDown::OnCalendarDateChanged(Date newDate) {
+void VmCalDropDown::OnCalendarDateChanged() {
     TakeCalendarDate();
-    UpdateDateText(newDate);
-    if (m_opening) return;
+    UpdateDateText(DateValue());
+    if (!HasNews()) return;
     ++m_dateChanges;
     const Lifetime::Watch alive(m_lifetime);
-    m_events.DateChanged.Raise(newDate);
-    if (alive) Notify(kDateValue.name);
+    Date newDate = DateValue();
+    RaiseThen([&] { m_events.DateChanged.Raise(newDate); },
+              [&] {
+                  if (alive) Notify(kDateValue.name);
+              });
 }
 
 void VmCalDropDown::OnCalendarDayChanged() {
-    if (m_opening) return;
+    if (!HasNews()) return;
     TakeCalendarDate();
     auto day = static_cast<std::int16_t>(DayOfMonth(DayOf(DateValue())));
     m_events.DayChanged.Raise(day);
@@ -94,7 +161,7 @@ void VmCalDropDown::OnCalendarDayChanged() {
 
 /// The month is the one that the calendar shows, which its arrows move without the date.
 void VmCalDropDown::OnCalendarMonthChanged() {
-    if (m_opening) return;
+    if (!HasNews()) return;
     const DayNumber shown = DayOf(m_form.Calendar().ShownDate());
     TakeCalendarDate();
     m_store.FollowMonth(shown);
@@ -103,7 +170,7 @@ void VmCalDropDown::OnCalendarMonthChanged() {
 }
 
 void VmCalDropDown::OnCalendarYearChanged() {
-    if (m_opening) return;
+    if (!HasNews()) return;
     TakeCalendarDate();
     m_store.FollowMonth(DayOf(m_form.Calendar().ShownDate()));
     auto year = static_cast<std::int16_t>(YearOf(DayOf(m_form.Calendar().ShownDate())));

@@ -21,14 +21,6 @@ VmCalDropDown::VmCalDropDown(const Platform& platform, DropDownForm& form)
 
 VmCalDropDown::~VmCalDropDown() { Abandon(); }
 
-/// Closes an open calendar without taking its date and without an event.
-void VmCalDropDown::Abandon() {
-    m_droppedDown = false;
-    if (!OwnsForm()) return;
-    m_form.SetOwner(nullptr);
-    m_form.Close();
-}
-
 /// An open calendar shows the new value; then the container learns of it.
 void VmCalDropDown::StoreChanged(std::string_view member, std::string_view key) {
     const Lifetime::Watch alive(m_lifetime);
@@ -38,22 +30,32 @@ void VmCalDropDown::StoreChanged(std::string_view member, std::string_view key) 
 
 void VmCalDropDown::PassOn(std::string_view member) {
     if (!OwnsForm()) return;
-    const bool opening = std::exchange(m_opening, true);  // its events would be no news
-    m_form.Calendar().LetMember(member, m_store.GetMember(member));
-    m_opening = opening;
+    const bool before = std::exchange(m_passingOn, true);
+    RaiseThen([&] { m_form.Calendar().LetMember(member, m_store.GetMember(member)); },
+              [&] { m_passingOn = before; });
 }
 
 void VmCalDropDown::Let(const WindowProperty<bool>& property, bool value) {
     m_store.Let(property, value);
     const Lifetime::Watch alive(m_lifetime);
-    OnWindowChanged();
-    if (alive) Notify(InBox(property).key);
+    RaiseThen([&] { OnWindowChanged(); },
+              [&] {
+                  if (alive) Notify(InBox(property).key);
+              });
 }
 
 void VmCalDropDown::Let(const LimitProperty& property, Date value) {
+    const Date before = DateValue();
     m_store.Let(property, value);
-    UpdateDateText(DateValue());
-    StoreChanged(property.name, property.name);
+    const bool moved = DateValue() != before;
+    if (moved) {
+        ++m_dateChanges;
+        UpdateDateText(DateValue());
+    }
+    PassOn(property.name);
+    const Lifetime::Watch alive(m_lifetime);
+    if (moved) Notify(kDateValue.name);
+    if (alive) Notify(property.name);
 }
 
 void VmCalDropDown::Let(const DateProperty& property, const Variant& value) {

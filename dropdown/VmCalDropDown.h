@@ -45,7 +45,7 @@ public:
     }
     Variant Get(const DateProperty&) const { return DateValue(); }
     std::int32_t Get(const SizeProperty& property) const;
-    bool Get(const DropDownStateProperty&) const { return m_droppedDown; }
+    bool Get(const DropDownStateProperty&) const { return DropDownState(); }
     template <class Row>
     void Let(const Row& property, const typename Row::Value& value) {
         if (!AdmitInBox(property, value)) return;
@@ -79,8 +79,8 @@ public:
     void DateMax(Date value) { Let(kDateMax, value); }
     Date DateMin() const { return m_store.DateMin(); }
     void DateMin(Date value) { Let(kDateMin, value); }
-    /// Takes a date, a day number or date text; keeps its time; a date beyond the limits becomes
-    /// the limit. Error 13: no date.
+    /// Takes a date, a day number or date text; keeps its time until another day is chosen, which
+    /// has none; a date beyond the limits becomes the limit. Error 13: no date.
     Date DateValue() const { return m_store.DateValue(); }
     void DateValue(const Variant& value) { Let(kDateValue, value); }
 
@@ -105,14 +105,18 @@ public:
     std::int16_t MousePointer() const { return m_platform.windowing.MousePointer(); }
     void MousePointer(std::int16_t value) { Let(kMousePointer, value); }
     /// True from a successful or cancelled opening until the next close. True gives the box the
-    /// focus and opens; False closes, with `CloseUp` also when it was closed. Nothing while
+    /// focus and opens with it; False closes, with `CloseUp` also when it was closed. Nothing while
     /// disabled.
-    bool DropDownState() const { return m_droppedDown; }
+    bool DropDownState() const { return m_phase == Phase::Open || m_phase == Phase::Cancelled; }
     void DropDownState(bool value);
     VmOLEDropModeConstants OLEDropMode() const;
     void OLEDropMode(VmOLEDropModeConstants value);
     /// While True the loss of focus does not close the drop-down.
     void NoLostFocus(bool value) { m_noLostFocus = value; }
+    /// Whether the drop-down stands above the box where there is no room below it, and is moved
+    /// sideways onto the screen. Off, it may leave the screen. Not saved.
+    bool KeepDropDownOnScreen() const { return m_keepOnScreen; }
+    void KeepDropDownOnScreen(bool value) { m_keepOnScreen = value; }
     WindowHandle hWnd() const { return m_platform.windowing.Handle(); }
 
     void RepaintControl();
@@ -151,13 +155,23 @@ public:
 
     // What the form tells its owner.
 
-    void OnCalendarDateChanged(Date newDate);
+    void OnCalendarDateChanged();
     void OnCalendarDayChanged();
     void OnCalendarMonthChanged();
     void OnCalendarYearChanged();
     void CloseDropDown();
 
 private:
+    /// How far the drop-down is. From `Opening` to `Cancelled` the box owns the form.
+    enum class Phase {
+        Closed,
+        Wanted,     // opens with the focus that has been asked for
+        Opening,    // the calendar is loaded, and a handler may cancel; no news from it
+        Open,       // the window is to be seen
+        Cancelled,  // it is not, but counts as open until the next close
+        Closing,    // the days go back to the date's; neither opens nor closes again
+    };
+
     bool OwnsForm() const noexcept { return m_form.GetOwner() == this; }
     bool TakesInput() const { return m_platform.windowing.TakesInput(); }
     void StoreChanged(std::string_view member, std::string_view key);
@@ -169,12 +183,17 @@ private:
     void CopyDecoration(Date day);
 
     void ShowDropDown();
+    void EndOpening(bool cancelled);
+    void ReturnForm();
+    void ShowOwnMonth();
     void Abandon();
     Rect DropDownPlace() const;
     void ToggleDropDown();
+    bool HasNews() const noexcept { return m_phase != Phase::Opening && !m_passingOn; }
     bool ActOnKey(std::int16_t keyCode, std::int16_t shift);
     bool StepByKey(std::int16_t keyCode, std::int16_t shift);
-    void StepOwnDate(Date date);
+    void StepOwnDate(DayNumber day);
+    void RaiseDateParts(DayNumber from);
 
     float InContainer(float pixels, Axis axis) const;
 
@@ -185,14 +204,14 @@ private:
     Lifetime m_lifetime;
     BoxState m_box;
     std::string m_text;
-    bool m_droppedDown = false;
-    bool m_hasFocus = false;
-    bool m_opening = false;      // what the calendar reports while it is loaded is no news
-    bool m_pendingDrop = false;  // opens with the focus that has been asked for
-    bool m_noLostFocus = false;
-    bool m_dragging = false;     // a drag from here is under way
-    bool m_buttonDown = false;   // the left button is held on the box
-    bool m_closedByAlt = false;  // the Alt of an Alt+Down has closed it: the Down is used up
+    Phase m_phase = Phase::Closed;  // moved in DropDownOpening.cpp alone
+    bool m_keepOnScreen = false;
+    bool m_noLostFocus = false;  // the program's, and the calendar's while it is pressed
+    bool m_hasFocus = false;     // the window's
+    bool m_dragging = false;     // the mouse's: a drag from here is under way
+    bool m_buttonDown = false;   // the mouse's: the left button is held on the box
+    bool m_closedByAlt = false;  // the keyboard's: the Alt that is held has closed it
+    bool m_passingOn = false;    // a setter's: what the calendar reports of it is no news
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
 };
 

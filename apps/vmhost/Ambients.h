@@ -9,6 +9,9 @@
 
 namespace velmora::vmhost {
 
+/// Found by the name "KeepDropDownOnScreen": what a date box asks its container for.
+inline constexpr DISPID kAmbientKeepDropDownOnScreen = 1;
+
 /// What the form tells its controls about itself.
 struct Ambients {
     bool userMode = true;
@@ -18,6 +21,7 @@ struct Ambients {
     bool showHatching = false;
     bool supportsMnemonics = true;
     bool displayAsDefault = false;
+    bool keepDropDownOnScreen = true;
     LCID locale = LOCALE_USER_DEFAULT;
     std::string scaleUnits = "Twip";
     OLE_COLOR backColor = 0x8000000F;

@@ -253,6 +253,13 @@ STDMETHODIMP ControlSite::GetTypeInfoCount(UINT* count) {
     return S_OK;
 }
 
+STDMETHODIMP ControlSite::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    if (!names || !ids) return E_POINTER;
+    const bool known = count == 1 && _wcsicmp(names[0], L"KeepDropDownOnScreen") == 0;
+    *ids = known ? kAmbientKeepDropDownOnScreen : DISPID_UNKNOWN;
+    return known ? S_OK : DISP_E_UNKNOWNNAME;
+}
+
 STDMETHODIMP ControlSite::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS*, VARIANT* result,
                                  EXCEPINFO*, UINT*) {
     if (!(kind & DISPATCH_PROPERTYGET)) return DISP_E_MEMBERNOTFOUND;

@@ -1,9 +1,104 @@
-#include "tests/dropdown/DropDownFixture.h"
+#include "platform/Keys.h"
+#include "tests/support/PropertyCases.h"
+#include "tests/support/TestBoxes.h"
+#include "tests/support/TestCalendar.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace velmora::test {
+
+static VmCalDropDown& ControlOf(TestBoxes& test) { return *test.a.control; }
+
 namespace {
+
+using Log = std::vector<std::string>;
+
+const DayNumber kMar15 = Day(2020, 3, 15);
+const double kNow = kMar15 + 0.5;
+
+class DropDown : public testing::Test {
+protected:
+    void Open() {
+        test.Key(test.a, kKeyF4);
+        ASSERT_TRUE(test.visible);
+        test.TakeLog();
+    }
+    DayNumber DateOfBox() { return DayOf(box.DateValue()); }
+
+    TestBoxes test;
+    VmCalDropDown& box = *test.a.control;
+};
+
+TEST_F(DropDown, RowsStoreAndNotifyOrRefuse) {
+    for (const PropertyRow& row : kBoxRows) {
+        SCOPED_TRACE(row.name);
+        TestBoxes boxes;
+        EXPECT_EQ(ReadBack(ControlOf(boxes), row), row.initial == kToday ? kNow : row.initial);
+        ExpectTakesAndRefuses(ControlOf(boxes), row, [&](bool changes) {
+            EXPECT_EQ(boxes.TakeLog(), changes ? Log{"notify " + std::string(row.Key())} : Log());
+        });
+    }
+    EXPECT_EQ(NumberOf([&] { box.LetMember("Appearance", 1.0); }), ErrorNumber::MemberNotFound);
+    EXPECT_EQ(NumberOf([&] { box.LetMember("DateValue", Variant()); }), ErrorNumber::TypeMismatch);
+}
+
+TEST_F(DropDown, ItsCalendarHasEachRowWhenItOpensAndWhileItIsOpen) {
+    for (const PropertyRow& row : kBoxRows) {
+        if (!row.copied) continue;
+        SCOPED_TRACE(row.name);
+        TestBoxes boxes;
+        PropertyRow inside = row;
+        if (row.name == "DropDownAppearance") inside.name = "Appearance";
+        for (const double number : {row.low, row.high}) {
+            boxes.a.control->LetMember(row.name, ValueOf(row, number));
+            if (!boxes.a.control->DropDownState()) boxes.Key(boxes.a, kKeyF4);
+            const double shown = ReadBack(boxes.form->Calendar(), inside);
+            EXPECT_EQ(row.kind == Kind::Moment ? DayOf(Date(shown)) : shown,
+                      row.kind == Kind::Moment ? DayOf(Date(number)) : number);
+        }
+    }
+}
+
+TEST_F(DropDown, SavesEachRowInItsForm) { ExpectSavedForms(box, kBoxRows); }
+
+TEST_F(DropDown, EachSavedRowComesBack) { ExpectEachComesBack<TestBoxes>(kBoxRows); }
+
+TEST_F(DropDown, WronglyTypedRowsGiveTheDefaults) {
+    ExpectDefaultsForWrongTypes<TestBoxes>(kBoxRows, kNow);
+}
+
+TEST_F(DropDown, ReadsInTheOrderOfWritingWithoutNews) {
+    RecordingBag bag;
+    box.WriteProps(bag);
+    test.TakeLog();
+    box.ReadProps(bag);
+    EXPECT_EQ(bag.reads, bag.writes);
+    EXPECT_EQ(test.TakeLog(), Log());
+    EXPECT_NE(box.ComboFont(), box.Get(kDayFont));
+    EXPECT_NE(box.Get(kMonthFont), box.Get(kDayFont));
+}
+
+TEST_F(DropDown, RefusedSavedValuesGiveTheDefaults) {
+    MemoryBag bag;
+    for (const PropertyRow& row : kBoxRows) {
+        if (row.kind == Kind::Choice) bag.WriteProperty(row.Key(), row.high + 1, Variant());
+    }
+    bag.WriteProperty("DropDownHeight", -5.0, Variant());
+    bag.WriteProperty("DateMax", Date(Day(1050, 1, 1)), Variant());
+    bag.WriteProperty("DateMin", "text", Variant());  // its default lies behind that maximum
+    bag.WriteProperty("ComboDateFormat", "yyyy", Variant());
+    bag.WriteProperty("DateValue", Date(Day(1000, 1, 1)), Variant());
+    box.ReadProps(bag);
+    for (const PropertyRow& row : kBoxRows) {
+        if (row.kind != Kind::Choice && row.kind != Kind::Limit) continue;
+        EXPECT_EQ(ReadBack(box, row), row.initial) << row.name;
+    }
+    EXPECT_EQ(box.DropDownHeight(), 200);
+    EXPECT_EQ(DateOfBox(), Day(1100, 1, 1));
+    EXPECT_EQ(box.Text(), "1100");
+}
 
 TEST_F(DropDown, TwoBoxesKeepWhatIsTheirs) {
     VmCalDropDown& other = *test.b.control;
@@ -19,57 +114,153 @@ TEST_F(DropDown, TwoBoxesKeepWhatIsTheirs) {
     EXPECT_EQ(test.TakeLog(),
               (Log{"B KeyDown 115", "hide", "A CloseUp", "B DropDown", "show 400,72 250x200"}));
     EXPECT_FALSE(box.DropDownState());
-    EXPECT_EQ(DateOfBox(), Day(2020, 3, 16));
     EXPECT_EQ(test.form->Calendar().MonthBackColor(), 0x123456u);
     EXPECT_EQ(test.form->Calendar().Days()->Item(1)->Caption(), "B");
     EXPECT_EQ(DayOf(test.form->Calendar().SelectedDate()), Day(2200, 1, 1));
-
     test.Key(test.a, kKeyRight);  // closed: its own date, not the open calendar's
     EXPECT_EQ(DateOfBox(), Day(2020, 3, 17));
     EXPECT_EQ(DayOf(other.DateValue()), Day(2200, 1, 1));
-    test.Key(test.b, kKeyF4);
-    test.Key(test.a, kKeyF4);
-    EXPECT_EQ(test.form->Calendar().MonthBackColor(), kButtonFace);
-    EXPECT_EQ(test.form->Calendar().Days()->Item(1)->Caption(), "A");
 }
 
-TEST_F(DropDown, WhatIsSetWhileOpenShowsAtOnce) {
+TEST_F(DropDown, ItsDaysAreThoseThatAreShown) {
+    box.Let(kMonthYearSelStyle, VmMonthSelArrows);
+    box.Events().MonthChanged.Connect([&](std::int16_t& month) {
+        box.Days()->Item(30)->Caption("month " + std::to_string(month));
+    });
     Open();
+    test.form->OnPaint(StrictDrawing::kWindowSurface, {});
+    EXPECT_EQ(box.Days()->Item(30)->Caption(), "") << "the first paint is no news";
+    VmCalendar& calendar = test.form->Calendar();
+    const Rect arrow = calendar.Layout().arrows[static_cast<int>(Arrow::MonthForward)];
+    test.ClickCalendar({arrow.left + 2, arrow.top + 2});
     box.Days()->Item(7)->Caption("now");
-    box.Let(kTodayBackColor, 0x00FF00u);
+    EXPECT_EQ(calendar.Days()->Item(7)->Caption() + calendar.Days()->Item(30)->Caption(),
+              "nowmonth 4");
+    test.drawing.Forget();
     box.DateValue("4/5/2020");
-    EXPECT_EQ(DayOf(test.form->Calendar().SelectedDate()), Day(2020, 4, 5));
-    EXPECT_EQ(test.form->Calendar().TodayBackColor(), 0x00FF00u);
-    EXPECT_EQ(test.TakeLog(), (Log{"notify TodayBackColor", "notify DateValue"}));
-    box.Days()->Item(7)->Caption("April");
-    EXPECT_EQ(test.form->Calendar().Days()->Item(7)->Caption(), "April");
-    box.DateMax(DateOf(Day(2019, 1, 1)));
-    EXPECT_EQ(DayOf(test.form->Calendar().SelectedDate()), Day(2019, 1, 31));
-    EXPECT_EQ(box.Text(), "1/31/2019");
+    EXPECT_EQ(std::ranges::count(test.drawing.invalidatedWindows, box.hWnd()), 1);
+    box.DateValue(DateOf(kMar15));
+    test.ClickCalendar({arrow.left + 2, arrow.top + 2});
+    test.Key(test.a, kKeyEscape);
+    EXPECT_EQ(box.Days()->Item(30)->Caption(), "month 3");
 }
 
-TEST_F(DropDown, PlacesItsWindowByItsAlignment) {
-    struct Case {
+TEST_F(DropDown, OpensWhereItsHandlerWantsIt) {
+    test.a.window->focused = nullptr;  // the focus is slow to come
+    box.DropDownState(true);
+    box.DropDownState(false);
+    box.OnGotFocus();
+    EXPECT_EQ(test.TakeLog(), Log{"A CloseUp"});
+    const Rect low{500, 440, 620, 462};  // the screen is 640 x 480
+    const struct {
+        Rect box;
         VmDropDownAlignmentConstants alignment;
-        int width;
+        int width, height;
+        bool keepOnScreen;
         const char* shown;
-    };
-    const Case cases[] = {{VmLeftJustified, 250, "show 100,72 250x180"},
-                          {VmRightJustified, 250, "show -1,72 250x180"},
-                          {VmRightJustified, 100, "show 149,72 100x180"}};
-    for (const Case& c : cases) {
-        box.DropDownAlignment(c.alignment);
-        box.DropDownWidth(c.width);
-        box.DropDownHeight(180);
+    } cases[] = {{test.a.window->screen, VmLeftJustified, 250, 180, false, "100,72 250x180"},
+                 {test.a.window->screen, VmRightJustified, 250, 180, false, "-1,72 250x180"},
+                 {test.a.window->screen, VmRightJustified, 100, 180, true, "149,72 100x180"},
+                 {test.a.window->screen, VmRightJustified, 250, 180, true, "0,72 250x180"},
+                 {test.a.window->screen, VmLeftJustified, 2147483647, 1, false, "100,72 32767x1"},
+                 {low, VmLeftJustified, 250, 180, false, "500,462 250x180"},
+                 {low, VmLeftJustified, 250, 180, true, "390,260 250x180"},
+                 {low, VmLeftJustified, 700, 470, true, "0,0 700x470"}};
+    const auto* now = cases;
+    box.Events().DropDown.Connect([&](bool&) {
+        box.DropDownAlignment(now->alignment);
+        box.DropDownWidth(now->width);
+        box.DropDownHeight(now->height);
+    });
+    for (const auto& each : cases) {
+        now = &each;
+        test.a.window->screen = each.box;
+        box.KeepDropDownOnScreen(each.keepOnScreen);
         test.Key(test.a, kKeyF4);
-        EXPECT_EQ(test.log.back(), c.shown);
+        EXPECT_EQ(test.log.back(), std::string("show ") + each.shown);
         test.Key(test.a, kKeyF4);
     }
     test.a.host.scaleMode = 1;  // twips
-    EXPECT_EQ(box.DropDownHeight(), 180 * 15);
+    EXPECT_EQ(box.DropDownHeight(), 470 * 15);
     box.DropDownHeight(3000);
     test.a.host.scaleMode = 3;
     EXPECT_EQ(box.DropDownHeight(), 200);
+}
+
+TEST_F(DropDown, ADayThatIsChosenHasNoTime) {
+    box.DateFormat("yyyy-mm-dd hh:nn");
+    Log told;
+    box.Events().DateChanged.Connect([&](Date& date) {
+        EXPECT_EQ(date, box.DateValue());
+        EXPECT_EQ(test.dates.Format(date, box.DateFormat()), box.Text());
+        told.push_back(box.Text());
+    });
+    EXPECT_EQ(box.Text(), "2020-03-15 12:00");
+    test.Key(test.a, kKeyRight);
+    box.DateValue(DateOf(kMar15, 0.25));
+    Open();
+    test.ClickCalendar(test.CenterOf(kMar15));
+    EXPECT_EQ(box.Text(), "2020-03-15 06:00");
+    Open();
+    test.ClickCalendar(test.CenterOf(Day(2020, 3, 20)));
+    EXPECT_EQ(told, (Log{"2020-03-16 00:00", "2020-03-20 00:00"}));
+}
+
+TEST_F(DropDown, KeysInItsOpenCalendarAreTheBoxsAlone) {
+    box.DateMax(DateOf(Day(2020, 8, 31)));
+    box.DateValue("8/30/2020");
+    Open();
+    VmCalendar& calendar = test.form->Calendar();
+    calendar.OnMonthListClick(4);
+    for (const auto& [key, returned] : {std::pair(kKeyPageDown, 0), {kKeyF4 + 1, kKeyF4 + 1}}) {
+        std::int16_t code = static_cast<std::int16_t>(key), shift = 0;
+        calendar.OnKeyDown(code, shift);
+        EXPECT_EQ(code, returned);
+        EXPECT_EQ(MonthOf(DayOf(calendar.ShownDate())), 5);
+    }
+    std::int16_t right = kKeyRight, shift = 0;
+    calendar.OnKeyDown(right, shift);
+    EXPECT_EQ(right, 0);
+    EXPECT_EQ(DateOfBox(), Day(2020, 8, 31));
+    test.Key(test.a, kKeyDown, kShiftAlt | kShiftCtrl);
+    EXPECT_TRUE(test.visible) << "no key that opens or closes";
+    test.Key(test.a, kKeyAlt, kShiftAlt);
+    test.Key(test.a, kKeyAlt, kShiftAlt);  // held
+    test.Key(test.a, kKeyDown, kShiftAlt);
+    EXPECT_FALSE(test.visible) << "the Alt has closed it";
+}
+
+TEST_F(DropDown, ThePointerMovesTheCapture) {
+    test.calendarWindow.cursor = Point{150, 60};  // over the box
+    Open();
+    EXPECT_TRUE(test.timer && test.calendarWindow.captured);
+    test.PressCalendar(120, 8);
+    test.PointAt({150, 100});
+    EXPECT_TRUE(test.calendarWindow.captured) << "a press keeps it";
+    test.ReleaseCalendar(120, 8);
+    test.calendarWindow.captured = true;
+    test.PointAt({150, 100});
+    EXPECT_FALSE(test.calendarWindow.captured);
+    test.PointAt({800, 600});
+    EXPECT_TRUE(test.calendarWindow.captured);
+    test.calendarWindow.cursor = std::nullopt;
+    test.form->OnTimer();
+    EXPECT_TRUE(test.calendarWindow.captured);
+}
+
+TEST_F(DropDown, ClosesWhenItsWindowGoesUnlessTheFocusMayGo) {
+    Open();
+    box.NoLostFocus(true);
+    box.OnLostFocus();
+    EXPECT_TRUE(test.visible);
+    box.OnWindowChanged();
+    EXPECT_FALSE(test.visible);
+    Open();
+    box.OnLostFocus();
+    EXPECT_FALSE(test.visible) << "the permission is over";
+    Open();
+    test.a.control.reset();
+    EXPECT_EQ(test.BrokenInvariant(), "");
 }
 
 TEST_F(DropDown, FormatsByEveryToken) {
@@ -93,43 +284,25 @@ TEST_F(DropDown, FormatsByEveryToken) {
                  {evening, "Long Time", "6:05:09 PM"},
                  {evening, "Medium Time", "06:05 PM"},
                  {evening, "Short Time", "18:05"},
-                 {evening, "d|dd|ddd|dddd|ddddd", "2|02|Sat|Saturday|3/2/2024"},
+                 {evening, "d|dd|ddd|dddd|ddddd|w ww", "2|02|Sat|Saturday|3/2/2024|7 9"},
                  {evening, "dddddd ddddddd", "Saturday, March 2, 2024 Saturday, March 2, 20242"},
-                 {evening, "w ww", "7 9"},
-                 {evening, "m|mm|mmm|mmmm|mmmmm|q", "3|03|Mar|March|March3|1"},
-                 {evening, "M MM MMM MMMM Q", "3 03 Mar March 1"},
-                 {evening, "y yy yyy yyyy yyyyy", "62 24 2462 2024 202462"},
+                 {evening, "m|mm|mmm|mmmm|mmmmm|q|M MM", "3|03|Mar|March|March3|1|3 03"},
+                 {evening, "y yy yyy yyyy yyyyy Q", "62 24 2462 2024 202462 1"},
                  {evening, "h|hh|n|nn|s|ss|ttttt|tttt", "18|18|5|05|9|09|6:05:09 PM|tttt"},
-                 {evening, "h:m hh:mm h mmm m", "18:5 18:05 18 Mar 3"},
-                 {evening, "hmmss mm", "180509 03"},
+                 {evening, "h:m hh:mm h mmm m hmmss mm", "18:5 18:05 18 Mar 3 180509 03"},
                  {evening, "h AM/PM h am/pm h A/P h a/p h ampm", "6 PM 6 pm 6 P 6 p 6 PM"},
                  {night, "h:nn a/p", "12:00 a"},
                  {at(2024, 3, 2, 43200), "hh A/P \"am/pm\"", "12 P am/pm"},
-                 {evening, "h \"am/pm\"", "18 am/pm"},
-                 {evening, "d/m h:n %$", "2/3 18:5 %$"},
+                 {evening, "h \"am/pm\" d/m h:n %$", "18 am/pm 2/3 18:5 %$"},
                  {evening, "\\d\\\\ \"dd\" d\\", "d\\ dd 2"},
                  {evening, "d \"dd", "2 dd"},
                  {evening, "\"", ""},
                  {at(200, 1, 1), "ddddd yy yyyy", "1/1/0200 00 0200"},
                  {at(4600, 12, 31), "ddddd yy yyyy", "12/31/4600 00 4600"},
                  {Date(-1.25), "yyyy-mm-dd hh:nn", "1899-12-29 06:00"}};
-    box.DateMin(DateOf(Day(200, 1, 1)));
-    box.DateMax(DateOf(Day(4600, 12, 31)));
     for (const auto& c : cases) {
-        box.DateFormat("");
-        box.DateValue(c.date);
-        box.DateFormat(c.expression);
-        EXPECT_EQ(box.Text(), c.text) << c.expression;
+        EXPECT_EQ(test.dates.Format(c.date, c.expression), c.text) << c.expression;
     }
-}
-
-TEST_F(DropDown, OpeningRepaintsNothingOfTheBox) {
-    test.drawing.Forget();
-    test.Key(test.a, kKeyF4);
-    const auto& windows = test.drawing.invalidatedWindows;
-    EXPECT_EQ(std::count(windows.begin(), windows.end(), box.hWnd()), 0);
-    box.DateValue("3/16/2020");
-    EXPECT_EQ(std::count(windows.begin(), windows.end(), box.hWnd()), 1);
 }
 
 }  // namespace

@@ -117,6 +117,7 @@ private:
     void PlayStep(const std::string& step);
     std::pair<std::string, std::string> OwnEvents(const std::string& act) const;
     void ExpectState(const std::string& events, const std::string& wanted);
+    void ExpectToGoOn();
     bool PlayPart(const Steps& part, int eventOfMischief);
     void Do(const std::string& act);
     void Begin(Kind kind);

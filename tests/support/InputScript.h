@@ -246,6 +246,7 @@ let DateValue 2020-01-31 -> !DateValue = 2020-01-31
 key PageUp       -> DateChanged(2019-12-31) MonthChanged(12) YearChanged(2019) !DateValue
                    = 2019-12-31
 let DateMin 2019-12-05 -> !DateMin
+let DateMin 2020-01-05 -> !DateValue !DateMin = 2020-01-01
 box
 let DateMin 2024-06-05 = 2024-06-01
 key Left; let DateMax 2024-06-05; key PageDown; let ShowWeekend 0
@@ -278,7 +279,10 @@ move 3,3
 click 3,3        -> DateChanged(2024-06-12) DayChanged(12) MonthChanged(6) | CloseUp() = 2024-06-12
 key F4           -> DropDown(False)
 click YearBack   -> YearChanged(2023) = (2023-06)
-key Escape       -> CloseUp() = (2024-06)
+key Escape       -> YearChanged(2024) CloseUp() = (2024-06)
+key F4           -> DropDown(False)
+click MonthForward -> MonthChanged(7) = (2024-07)
+focus away       -> MonthChanged(6) CloseUp() = (2024-06)
 box
 key F4           -> DropDown(False)
 click 4,3        -> DayChanged(15) | CloseUp()
@@ -296,7 +300,7 @@ drag title outside -> | CloseUp()
 key F4           -> DropDown(False)
 right outside    -> | CloseUp()
 key F4           -> DropDown(False)
-press 3,5; focus away
+press 3,5; focus away; right 3,5
 release 3,5      -> DateChanged(2024-05-10) DayChanged(10) | CloseUp() = 2024-05-10
 double box       -> MouseDown(1, 0, 10, 10) DropDown(False) MouseUp(1, 0, 10, 10)
                    MouseDown(1, 0, 10, 10) CloseUp() MouseUp(1, 0, 10, 10)

@@ -17,28 +17,14 @@ void TestBoxes::Make(Box& box, const std::string& name, Rect screen) {
     box.control =
         std::make_unique<VmCalDropDown>(Platform{drawn, *box.window, dates, box.host}, *form);
     box.window->focused = [&box] { box.control->OnGotFocus(); };
-    Connect(box.control->Events(), name);
-    box.control->InitProperties();
-    box.host.log = &log;
-}
-
-void TestBoxes::Connect(DropDownEvents& events, const std::string& name) {
     const auto note = [this, name](const std::string& text) { log.push_back(name + ' ' + text); };
-    const auto number = [note](const char* event) {
-        return [note, event](std::int16_t& value) {
-            note(std::string(event) + ' ' + std::to_string(value));
-        };
-    };
+    DropDownEvents& events = box.control->Events();
     events.CloseUp.Connect([note] { note("CloseUp"); });
     events.DropDown.Connect([note](bool&) { note("DropDown"); });
-    events.DateChanged.Connect([note](Date& d) { note("DateChanged " + IsoDate(DayOf(d))); });
-    events.DayChanged.Connect(number("DayChanged"));
-    events.MonthChanged.Connect(number("MonthChanged"));
-    events.YearChanged.Connect(number("YearChanged"));
-    events.MouseDown.Connect([note](auto&...) { note("MouseDown"); });
-    events.MouseUp.Connect([note](auto&...) { note("MouseUp"); });
     events.KeyDown.Connect(
         [note](std::int16_t& key, std::int16_t&) { note("KeyDown " + std::to_string(key)); });
+    box.control->InitProperties();
+    box.host.whenNotified = [this](const std::string& key) { log.push_back("notify " + key); };
 }
 
 void TestBoxes::Show(const Rect& screen) {
@@ -63,8 +49,7 @@ std::string TestBoxes::Key(Box& box, int keyCode, int shift) {
 void TestBoxes::PressCalendar(float x, float y) { form->Calendar().OnMouseDown(1, 0, x, y); }
 void TestBoxes::ReleaseCalendar(float x, float y) { form->Calendar().OnMouseUp(1, 0, x, y); }
 
-void TestBoxes::ClickDay(DayNumber day) {
-    const Point at = CenterOf(day);
+void TestBoxes::ClickCalendar(Point at) {
     PressCalendar(static_cast<float>(at.x), static_cast<float>(at.y));
     ReleaseCalendar(static_cast<float>(at.x), static_cast<float>(at.y));
 }
@@ -75,8 +60,12 @@ std::string TestBoxes::BrokenInvariant() {
         const VmCalDropDown& c = *each->control;
         const DayNumber day = DayOf(c.DateValue());
         if (day < DayOf(c.DateMin()) || day > DayOf(c.DateMax())) return "DateValue is outside";
-        if (c.Text() != dates.Format(c.DateValue(), "Short Date"))
+        if (c.Text() != dates.Format(c.DateValue(), c.DateFormat()))
             return "Text " + c.Text() + " at " + IsoDate(day);
+        const bool owns = form->GetOwner() == &c;
+        if (c.DropDownState() && (!owns || (visible && !c.Enabled()))) return "open, but must not";
+        if (!owns && MonthsBetween(DayOf(c.Days()->Item(1)->DayDate()), day) != 0)
+            return "Days of another month";
     }
     const bool open = form->GetOwner() != nullptr;
     if (!open && (visible || timer || calendarWindow.captured)) return "something still runs";

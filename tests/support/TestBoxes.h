@@ -44,16 +44,14 @@ public:
 class FakeHost : public FakeHosting {
 public:
     void PropertyChanged(std::string_view name) override {
-        if (log) log->push_back("notify " + std::string(name));
         if (whenNotified) whenNotified(std::string(name));
     }
 
-    std::vector<std::string>* log = nullptr;
     std::function<void(const std::string&)> whenNotified;
 };
 
 /// Two date boxes on one form with the one drop-down window, at noon of 15 March 2020. The log has
-/// the boxes' events as "A DateChanged 2020-03-16", notifications of both, and the window.
+/// the boxes' events as "A CloseUp", their notifications, and the window.
 class TestBoxes : private FormWindow {
 public:
     explicit TestBoxes(Drawing* other = nullptr);  // as with a calendar
@@ -67,8 +65,8 @@ public:
 
     std::vector<std::string> TakeLog() { return std::exchange(log, {}); }
     std::string Key(Box& box, int keyCode, int shift = 0);  // the key code on return
-    /// A press and release of the left button on a day of the open calendar.
-    void ClickDay(DayNumber day);
+    /// A press and release of the left button on the open calendar.
+    void ClickCalendar(Point at);
     void PressCalendar(float x, float y);
     void ReleaseCalendar(float x, float y);
     /// As that of `TestCalendar`.
@@ -90,9 +88,9 @@ public:
 
 private:
     void Make(Box& box, const std::string& name, Rect screen);
-    void Connect(DropDownEvents& events, const std::string& name);
     void Show(const Rect& screen) override;
     void Hide() override;
+    Rect WorkArea() const override { return {0, 0, 640, 480}; }
     void Timer(bool on) override { timer = on; }
 };
 

@@ -105,6 +105,13 @@ std::wstring ContainerSite::DisplayName() const {
     return known ? V_BSTR(&value) : L"";
 }
 
+bool ContainerSite::KeepsDropDownOnScreen() const {
+    const ComPtr<IDispatch> ambients = m_ambients;
+    OwnedVariant value;
+    return ambients && Read(*ambients.Get(), L"KeepDropDownOnScreen", VT_BOOL, value) &&
+           V_BOOL(&value) != VARIANT_FALSE;
+}
+
 std::optional<std::int16_t> ContainerSite::ScaleModeOf(const wchar_t* relative) const {
     const auto controlSite = As<IOleControlSite>();
     ComPtr<IDispatch> extended;

@@ -40,6 +40,8 @@ public:
     /// A copy of the container's font, else of the system's dialog font; never null.
     FontRef Font() const;
     std::wstring DisplayName() const;
+    /// Whether it has an ambient property of that name, which no standard knows, and it is True.
+    bool KeepsDropDownOnScreen() const;
     /// Of the object that the form's programmer sees around the control, else of the container.
     std::optional<std::int16_t> ScaleMode() const;
     /// Of the parent that the form's programmer sees.

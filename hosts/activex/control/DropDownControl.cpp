@@ -24,6 +24,7 @@ DropDownControl::DropDownControl()
       m_drops(m_box, DateServices(), static_cast<::_VmCalDropDown&>(*this)) {
     m_box.Events().DropDown.Connect([this](bool&) {
         m_form->Follow(AmbientFont(), std::make_shared<DateLocale>(DateServices().Locale()));
+        m_box.KeepDropDownOnScreen(KeepsDropDownOnScreen());
     });
     ConnectToCore();
     Relay(m_box.Events().CloseUp, 1);

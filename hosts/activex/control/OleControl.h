@@ -226,6 +226,7 @@ protected:
     /// back. Nothing while the container has events frozen.
     void Raise(DISPID event, std::span<VARIANT> arguments);
     bool IsUserMode() const { return m_site.IsUserMode(); }
+    bool KeepsDropDownOnScreen() const { return m_site.KeepsDropDownOnScreen(); }
     /// The default interface. Error: the type library is missing.
     ITypeInfo* TypeInfo() const;
 

@@ -65,22 +65,6 @@ SIZE Limited(const Rect& rect) {
             std::clamp<LONG>(rect.bottom - rect.top, 1, height)};
 }
 
-/// Where a window of that size goes: as wanted, but above the box if only there is room.
-POINT PlaceInWorkArea(const Rect& wanted, SIZE size, const RECT& box) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    POINT corner{wanted.left, wanted.top};
-    if (!GetMonitorInfoW(MonitorFromRect(&box, MONITOR_DEFAULTTONEAREST), &monitor)) return corner;
-    const RECT& work = monitor.rcWork;
-    if (corner.y + size.cy > work.bottom) {
-        const LONG above = box.top - size.cy;
-        corner.y = above >= work.top ? above : work.bottom - size.cy;
-    }
-    corner.x = std::max(std::min(corner.x, work.right - size.cx), work.left);
-    corner.y = std::max(corner.y, work.top);
-    return corner;
-}
-
 }  // namespace
 
 void FormWindowing::SetCapture() {
@@ -151,10 +135,18 @@ void WinFormWindow::Show(const Rect& screen) {
     SetWindowLongPtrW(window, GWLP_HWNDPARENT,
                       reinterpret_cast<LONG_PTR>(GetAncestor(m_box, GA_ROOT)));
     const SIZE size = Limited(screen);
-    const POINT corner = PlaceInWorkArea(screen, size, m_boxPlace);
-    SetWindowPos(window, HWND_TOPMOST, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE);
+    SetWindowPos(window, HWND_TOPMOST, screen.left, screen.top, size.cx, size.cy, SWP_NOACTIVATE);
     m_form.Calendar().OnWindowChanged();
     ShowWindow(window, SW_SHOWNOACTIVATE);
+}
+
+Rect WinFormWindow::WorkArea() const {
+    const HWND box = WinDrawing::WindowOf(m_form.GetOwner()->hWnd());
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(box, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& work = monitor.rcWork;
+    return {work.left, work.top, work.right, work.bottom};
 }
 
 void WinFormWindow::Hide() {

@@ -49,9 +49,7 @@ private:
 };
 
 /// The one drop-down window of a thread's date boxes: borderless, above all others, never active.
-/// It stands below its box, above it where there is no room, and never leaves the work area of the
-/// box's screen as long as it fits there. It closes by itself when the box's window moves or
-/// another program comes to the front.
+/// It closes by itself when the box's window moves or another program comes to the front.
 ///
 /// Made by `ThreadDropDownForm`; its window is made when it is first shown.
 class WinFormWindow final : public FormWindow, public std::enable_shared_from_this<WinFormWindow> {
@@ -70,6 +68,7 @@ public:
 
     void Show(const Rect& screen) override;
     void Hide() override;
+    Rect WorkArea() const override;
     void Timer(bool on) override;
 
 private:

@@ -118,6 +118,12 @@ void QtDropDownForm::Show(const Rect& screen) {
     show();
 }
 
+Rect QtDropDownForm::WorkArea() const {
+    const QRect area =
+        QtDrawing::WidgetOf(m_form.GetOwner()->hWnd())->screen()->availableGeometry();
+    return {area.x(), area.y(), area.x() + area.width(), area.y() + area.height()};
+}
+
 void QtDropDownForm::Hide() {
     for (const QPointer<QWidget>& around : m_watched) {
         if (around) around->removeEventFilter(m_box);

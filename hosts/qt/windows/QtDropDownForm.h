@@ -80,6 +80,7 @@ protected:
 private:
     void Show(const Rect& screen) override;
     void Hide() override;
+    Rect WorkArea() const override;
     void Timer(bool on) override;
     void Tick();
 
