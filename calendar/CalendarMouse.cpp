@@ -64,14 +64,18 @@ void VmCalendar::OnMouseUp(std::int16_t button, std::int16_t shift, float x, flo
     if (!m_platform.windowing.TakesInput()) return;
     const Lifetime::Watch alive(m_lifetime);
     bool clicks = false;
-    if ((button & kButtonLeft) != 0 && m_press.active) {
-        const Press press = EndPress();
-        const Size size = m_platform.windowing.ClientSize();
-        clicks = press.clicks && x >= 0 && y >= 0 && x < static_cast<float>(size.width) &&
-                 y < static_cast<float>(size.height);
-        Release(press, x, y);
-    }
-    if (alive) Raise(&CalendarEvents::MouseUp, button, shift, x, y);
+    RaiseThen(
+        [&] {
+            if ((button & kButtonLeft) == 0 || !m_press.active) return;
+            const Press press = EndPress();
+            const Size size = m_platform.windowing.ClientSize();
+            clicks = press.clicks && x >= 0 && y >= 0 && x < static_cast<float>(size.width) &&
+                     y < static_cast<float>(size.height);
+            Release(press, x, y);
+        },
+        [&] {
+            if (alive) Raise(&CalendarEvents::MouseUp, button, shift, x, y);
+        });
     if (clicks && alive && m_platform.windowing.TakesInput()) m_events.Click.Raise();
 }
 

@@ -31,9 +31,13 @@ struct Field : PageList, PageCheckBox, PageText {
 };
 
 struct Site : PageSite {
-    void Changed(bool value) override { changed = value; }
+    void Changed(bool value) override {
+        if (value && loading) Fail("what a page loads counts as edited");
+        changed = value;
+    }
     void MessageBox(const std::string&) override {}
     bool changed = false;
+    bool loading = true;
 };
 
 /// The three pages over one control.
@@ -61,6 +65,7 @@ public:
         AutomationObject* const selected[] = {&object};
         for (const auto& page : m_pages) page->SelectionChanged(selected);
         if (m_site.changed) Fail("loading marks a page as changed");
+        m_site.loading = false;
     }
 
     void Edit(ByteReader& bytes) {

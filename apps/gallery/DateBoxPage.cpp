@@ -95,6 +95,7 @@ QWidget* MakeDateBoxPage(QDate date) {
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     for (const Row& row : kRows) {
         auto* box = new Box;
+        box->setKeepDropDownOnScreen(true);
         box->setDateValue(QDateTime(date, QTime(0, 0)));
         box->setMinimumWidth(260);
         row.prepare(*box);

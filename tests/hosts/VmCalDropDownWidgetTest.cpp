@@ -43,7 +43,8 @@ public:
 };
 
 TEST(VmCalDropDownWidget, PropertiesFollowTheTable) {
-    ExpectFollowsTheTable<Box>(test::kBoxRows, {"dropDownState", "oleDropMode"});
+    ExpectFollowsTheTable<Box>(test::kBoxRows,
+                               {"dropDownState", "keepDropDownOnScreen", "oleDropMode"});
 }
 
 TEST(VmCalDropDownWidget, WhateverHappensToTheBoxEndsItsCalendar) {

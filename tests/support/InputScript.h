@@ -282,6 +282,8 @@ click YearBack   -> YearChanged(2023) = (2023-06)
 key Escape       -> YearChanged(2024) CloseUp() = (2024-06)
 key F4           -> DropDown(False)
 click MonthForward -> MonthChanged(7) = (2024-07)
+key Right        -> DateChanged(2024-06-13) DayChanged(13) MonthChanged(6) = 2024-06-13
+click MonthForward -> MonthChanged(7) = (2024-07)
 focus away       -> MonthChanged(6) CloseUp() = (2024-06)
 box
 key F4           -> DropDown(False)

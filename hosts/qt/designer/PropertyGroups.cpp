@@ -27,6 +27,7 @@ constexpr struct {
     {"showWeekend", "Week days"},
     {"month", "Month"},
     {"dropDown", "Drop-down"},
+    {"keepDropDown", "Drop-down"},
     {"", "General"},
 };
 

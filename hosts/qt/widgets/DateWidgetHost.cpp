@@ -38,9 +38,11 @@ void VmDateWidget::Host::EmitEvents(Events& events) {
         event.Connect([to, signal](Args... arguments) { (to->*signal)(arguments...); });
     };
     events.DateChanged.Connect([to](Date& date) { emit to->dateChanged(ToQDate(DayOf(date))); });
-    events.MonthChanged.Connect([this](Short& month) { EmitMonth(month); });
+    events.MonthChanged.Connect(
+        [this, to](Short& month) { EmitSafely([to, month] { emit to->monthChanged(month); }); });
+    events.YearChanged.Connect(
+        [this, to](Short& year) { EmitSafely([to, year] { emit to->yearChanged(year); }); });
     relay(events.DayChanged, &Widget::dayChanged);
-    relay(events.YearChanged, &Widget::yearChanged);
     relay(events.KeyDown, &Widget::keyDown);
     relay(events.KeyPress, &Widget::keyPress);
     relay(events.KeyUp, &Widget::keyUp);
@@ -55,14 +57,11 @@ void VmDateWidget::Host::EmitEvents(Events& events) {
     relay(events.OLEDragDrop, &Widget::oleDragDrop);
 }
 
-/// A slot may delete the widget, which must not happen under a painter.
-void VmDateWidget::Host::EmitMonth(Short month) {
-    VmDateWidget* const widget = &m_widget;
-    if (m_painting) {
-        QMetaObject::invokeMethod(
-            widget, [widget, month] { emit widget->monthChanged(month); }, Qt::QueuedConnection);
+void VmDateWidget::Host::EmitSafely(const std::function<void()>& signal) {
+    if (m_emitsLater) {
+        QMetaObject::invokeMethod(&m_widget, signal, Qt::QueuedConnection);
     } else {
-        emit widget->monthChanged(month);
+        signal();
     }
 }
 

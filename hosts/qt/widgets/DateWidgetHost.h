@@ -9,6 +9,7 @@
 #include "platform/DrawingScopes.h"
 #include "platform/dates/Dates.h"
 
+#include <functional>
 #include <type_traits>
 #include <variant>
 
@@ -97,15 +98,16 @@ protected:
     /// To be called when the control has been made.
     void Begin();
     virtual void EmitDateValue() = 0;
+    /// A slot may delete the widget.
+    void EmitSafely(const std::function<void()>& signal);
     virtual void WindowChanged() = 0;
 
     QtDrawing m_drawing;
-    bool m_painting = false;
+    bool m_emitsLater = false;  // in the middle of what a slot must not delete the widget in
 
 private:
     template <class Events>
     void EmitEvents(Events& events);
-    void EmitMonth(std::int16_t month);
 
     static std::string_view NameIn(const VmCalendar&, const auto& row) { return row.name; }
     static std::string_view NameIn(const VmCalDropDown&, const auto& row) {

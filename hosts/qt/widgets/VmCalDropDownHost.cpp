@@ -23,18 +23,9 @@ VmCalDropDownWidget::Host::Host(VmCalDropDownWidget& widget)
       m_form(QtDropDownForm::Shared()),
       dropDown({m_drawing, m_windowing, m_dates, *this}, m_form->Form()) {
     Begin();
-    dropDown.Events().CloseUp.Connect([this] { EmitCloseUp(); });
+    dropDown.Events().CloseUp.Connect(
+        [this] { EmitSafely([to = &m_widget] { emit to->closeUp(); }); });
     dropDown.Events().DropDown.Connect([this](bool& cancel) { emit m_widget.dropDown(cancel); });
-}
-
-void VmCalDropDownWidget::Host::EmitCloseUp() {
-    VmCalDropDownWidget* const widget = &m_widget;
-    if (m_inWindowChange) {
-        QMetaObject::invokeMethod(
-            widget, [widget] { emit widget->closeUp(); }, Qt::QueuedConnection);
-    } else {
-        emit widget->closeUp();
-    }
 }
 
 void VmCalDropDownWidget::Host::Paint(QPainter& painter) {
@@ -53,9 +44,9 @@ void VmCalDropDownWidget::Host::MouseUp(const QMouseEvent& event) {
 }
 
 void VmCalDropDownWidget::Host::WindowChanged() {
-    const bool outer = std::exchange(m_inWindowChange, true);
+    const bool outer = std::exchange(m_emitsLater, true);
     dropDown.OnWindowChanged();
-    m_inWindowChange = outer;
+    m_emitsLater = outer;
 }
 
 void VmCalDropDownWidget::Host::LocaleChanged() {
@@ -74,9 +65,9 @@ void VmCalDropDownWidget::Host::FocusGained() {
 
 void VmCalDropDownWidget::Host::FocusLost() {
     if (QApplication::activeWindow() == m_form.get()) return;
-    const bool outer = std::exchange(m_inWindowChange, true);
+    const bool outer = std::exchange(m_emitsLater, true);
     dropDown.OnLostFocus();
-    m_inWindowChange = outer;
+    m_emitsLater = outer;
 }
 
 }  // namespace velmora

@@ -53,12 +53,10 @@ public:
 
 private:
     void EmitDateValue() override { emit m_widget.dateValueChanged(m_widget.dateValue()); }
-    void EmitCloseUp();
 
     VmCalDropDownWidget& m_widget;
     QtBoxWindowing m_windowing;
     std::shared_ptr<QtDropDownForm> m_form;
-    bool m_inWindowChange = false;
 
 public:
     VmCalDropDown dropDown;  // ends before what it stands on

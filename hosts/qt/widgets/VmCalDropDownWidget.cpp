@@ -66,6 +66,13 @@ void VmCalDropDownWidget::setDropDownWidth(int value) {
     Host::Let(dropDownBox(), kDropDownWidth, value);
 }
 
+bool VmCalDropDownWidget::keepDropDownOnScreen() const {
+    return dropDownBox().KeepDropDownOnScreen();
+}
+void VmCalDropDownWidget::setKeepDropDownOnScreen(bool value) {
+    dropDownBox().KeepDropDownOnScreen(value);
+}
+
 VmCalDropDownWidget::MonthYearSelStyle VmCalDropDownWidget::monthYearSelStyle() const {
     return m_host->Get<MonthYearSelStyle>(kMonthYearSelStyle);
 }

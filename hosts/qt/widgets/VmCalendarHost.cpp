@@ -16,9 +16,9 @@ VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
 
 bool VmCalendarWidget::Host::Paint(QPainter& painter, const QRegion& exposed) {
     const QtDrawing::Surface surface(m_drawing, painter);
-    m_painting = true;
+    m_emitsLater = true;
     const bool painted = calendar.OnPaint(surface.Handle(), RectsOf(exposed));
-    m_painting = false;
+    m_emitsLater = false;
     return painted;
 }
 

@@ -23,6 +23,7 @@ class VmCalDropDownWidget : public VmDateWidget {
     Q_PROPERTY(
         bool dropDownState READ dropDownState WRITE setDropDownState DESIGNABLE false STORED false)
     Q_PROPERTY(int dropDownWidth READ dropDownWidth WRITE setDropDownWidth)
+    Q_PROPERTY(bool keepDropDownOnScreen READ keepDropDownOnScreen WRITE setKeepDropDownOnScreen)
     Q_PROPERTY(
         MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE setMonthYearSelStyle)
 
@@ -51,6 +52,9 @@ public:
     int dropDownHeight() const;
     bool dropDownState() const;
     int dropDownWidth() const;
+    /// Whether the calendar opens above the box where there is no room below it, and moves sideways
+    /// onto the screen. Off by default: it may leave the screen.
+    bool keepDropDownOnScreen() const;
     MonthYearSelStyle monthYearSelStyle() const;
 
     QSize sizeHint() const override;
@@ -65,6 +69,7 @@ public Q_SLOTS:
     void setDropDownHeight(int value);
     void setDropDownState(bool value);
     void setDropDownWidth(int value);
+    void setKeepDropDownOnScreen(bool value);
     void setMonthYearSelStyle(MonthYearSelStyle value);
 
     void setNoLostFocus(bool value);
@@ -73,8 +78,8 @@ Q_SIGNALS:
     /// `dateValue` is another moment, whoever has changed it.
     void dateValueChanged(const QDateTime& newDate);
 
-    // Events of the box, as those of the base class. A change of the window that closes the
-    // calendar is complete before `closeUp`.
+    // Events of the box, as those of the base class. A change of the window or the focus that
+    // closes the calendar is complete before `monthChanged`, `yearChanged` and `closeUp`.
     void closeUp();
     void dropDown(bool& cancel);
 
