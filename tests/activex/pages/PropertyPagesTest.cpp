@@ -274,7 +274,7 @@ TEST_F(PropertyPages, SurviveTheEndInsideOfACall) {
             EXPECT_HRESULT_FAILED(page.Get()->Apply());
         }
         EXPECT_FALSE(page);
-        EXPECT_EQ(pages.foreign.writes, isApplied ? "ShowWeekend MonthDisplay" : "");
+        EXPECT_EQ(pages.foreign.writes, isApplied ? "ShowWeekend ShowWeekend MonthDisplay" : "");
     }
 }
 
