@@ -96,6 +96,8 @@ void VmCalendar::OnYearSpinner(int value) {
     }
 }
 
+void VmCalendar::OnYearStep(int years) { OnYearSpinner(-YearOf(DayOf(m_state.shownDate)) - years); }
+
 void VmCalendar::OnDateScroll(int value) {
     if (!m_state.ready) return;
     const auto& scroll = m_selectors.DateScroll();

@@ -301,6 +301,8 @@ public:
     void OnYearText(std::string_view text);
     /// Escape in the year box: the shown year goes back into it.
     void OnYearTextCancel();
+    /// That many years on from the shown one, by a key of the year box or a step of its spinner.
+    void OnYearStep(int years);
     /// New position of the spinner, a negated year. Raises `YearChanged`.
     void OnYearSpinner(int value);
     /// New position of the scroll bar, by its buttons or its thumb. Raises `MonthChanged` and

@@ -150,7 +150,7 @@ private:
         if (verb == "spin" || verb == "scroll") {
             return Click(what == "Up" || what == "back" ? QStyle::SC_ScrollBarSubLine
                                                         : QStyle::SC_ScrollBarAddLine,
-                         what == "page");
+                         what);
         }
         const QPointer<QLineEdit> year = m_widget->findChild<QLineEdit*>();
         year->setFocus();
@@ -174,10 +174,7 @@ private:
             list.setFocus();
             list.showPopup();
         } else if (what == "wheel") {
-            const QPointF at = list.rect().center();
-            QWheelEvent event(at, list.mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
-                              false);
-            QApplication::sendEvent(&list, &event);
+            Notch(list);
         } else if (view && view->isVisible()) {
             SendKey(view, QEvent::KeyPress, KeyOf(what));
             SendKey(&list, QEvent::KeyRelease, KeyOf(what));
@@ -186,10 +183,18 @@ private:
             Strike(&list, what);
         }
     }
-    void Click(QStyle::SubControl part, bool isPage) {
+    /// Of the wheel, towards the user.
+    static void Notch(QWidget& widget) {
+        const QPointF at = widget.rect().center();
+        QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(&widget, &event);
+    }
+    void Click(QStyle::SubControl part, const std::string& what) {
         for (auto* const bar : m_widget->findChildren<QScrollBar*>()) {
             if (!bar->isVisible()) continue;
-            if (isPage) return bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+            if (what == "wheel") return Notch(*bar);
+            if (what == "page") return bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
             return velmora::Click(bar, CenterOf(*bar, part));
         }
     }
@@ -249,6 +254,14 @@ TEST(InputScript, TheWidgetsRaiseItsEvents) {
     for (const auto loss : {QEvent::UngrabMouse, QEvent::Hide, QEvent::WindowDeactivate}) {
         QtPlayer(loss).Play(test::kInputScript);
     }
+}
+
+TEST(InputScript, ATypedYearCountsBeforeANotchOfTheWheel) {
+    QtPlayer().Play(R"(
+calendar; let MonthYearSelStyle 2
+type 2030        = [5/2030]
+spin wheel       -> YearChanged(2030) YearChanged(2029) = (2029-05)
+)");
 }
 
 /// A slot of any signal does its worst in the middle of any step.

@@ -222,6 +222,9 @@ let DateMin 2020-03-01; let DateMax 2036-02-29
 spin Up          -> YearChanged(2035) = (2035-05)
 spin Up          -> YearChanged(2036) = (2036-05)
 spin Up
+type 2034        = [5/2034]
+spin Up          -> YearChanged(2034) YearChanged(2035) = (2035-05)
+spin Up          -> YearChanged(2036) = (2036-05)
 type 2019        = [5/2019]
 year Return      -> YearChanged(2036)
 calendar; let MonthYearSelStyle 3

@@ -75,12 +75,9 @@ void YearText::CommitEdit() {
     if (IsEdited()) Commit();
 }
 
-/// From the year that is shown when the step is made, which a commit before it may have changed.
 void YearText::Step(int years) {
     CommitEdit();
-    Post([years](VmCalendar& calendar) {
-        calendar.OnYearSpinner(-YearOf(DayOf(calendar.ShownDate())) - years);
-    });
+    Post([years](VmCalendar& calendar) { calendar.OnYearStep(years); });
 }
 
 bool YearText::OnKey(WPARAM key) {

@@ -133,9 +133,7 @@ std::unique_ptr<TextBox> MakeYearText(QWidget& parent, SelectorInput& input) {
 }
 
 std::unique_ptr<ScrollBar> MakeYearSpinner(QWidget& parent, SelectorInput& input) {
-    auto* const bar = new SelectorBar(Qt::Vertical, parent, input, &VmCalendar::OnYearSpinner);
-    bar->setPageStep(10);  // years
-    return std::make_unique<YearSpinner>(bar, parent);
+    return std::make_unique<YearSpinner>(new YearBar(parent, input), parent);
 }
 
 std::unique_ptr<ScrollBar> MakeDateScroll(QWidget& parent, SelectorInput& input) {

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QWheelEvent>
 
 #include <string>
 #include <utility>
@@ -130,12 +131,9 @@ void YearBox::CommitEdit() {
     if (isModified()) Commit();
 }
 
-/// From the year that is shown when the step is made, which a commit before it may have changed.
 void YearBox::Step(int years) {
     CommitEdit();
-    m_input.Post([years](VmCalendar& calendar) {
-        calendar.OnYearSpinner(-YearOf(DayOf(calendar.ShownDate())) - years);
-    });
+    m_input.Post([years](VmCalendar& calendar) { calendar.OnYearStep(years); });
 }
 
 void YearBox::focusInEvent(QFocusEvent* event) {
@@ -177,14 +175,6 @@ SelectorBar::SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorI
     connect(this, &QScrollBar::valueChanged, this, [this] { PostValue(); });
 }
 
-/// The bar takes no focus, so that a year that is being typed has to be committed for it.
-void SelectorBar::mousePressEvent(QMouseEvent* event) {
-    for (QLineEdit* const box : parentWidget()->findChildren<QLineEdit*>()) {
-        if (auto* const year = dynamic_cast<YearBox*>(box)) year->CommitEdit();
-    }
-    QScrollBar::mousePressEvent(event);
-}
-
 void SelectorBar::PostValue() {
     if (std::exchange(m_posted, true)) return;
     const QPointer<SelectorBar> bar(this);
@@ -193,6 +183,39 @@ void SelectorBar::PostValue() {
         bar->m_posted = false;
         (calendar.*bar->m_handler)(bar->value());
     });
+}
+
+YearBar::YearBar(QWidget& parent, SelectorInput& input)
+    : SelectorBar(Qt::Vertical, parent, input, &VmCalendar::OnYearSpinner) {
+    setPageStep(10);  // years
+    connect(this, &QScrollBar::actionTriggered, this, &YearBar::Act);
+}
+
+/// Its values are negated years.
+void YearBar::Act(int action) {
+    switch (action) {
+        case SliderSingleStepAdd: Step(-singleStep()); break;
+        case SliderSingleStepSub: Step(singleStep()); break;
+        case SliderPageStepAdd: Step(-pageStep()); break;
+        case SliderPageStepSub: Step(pageStep()); break;
+        default: break;
+    }
+}
+
+/// The bar itself stays: a typed year may move it first.
+void YearBar::Step(int years) {
+    setSliderPosition(value());
+    for (QLineEdit* const edit : parentWidget()->findChildren<QLineEdit*>()) {
+        if (auto* const box = dynamic_cast<YearBox*>(edit)) box->Step(years);
+    }
+}
+
+void YearBar::wheelEvent(QWheelEvent* event) {
+    constexpr int kNotch = 120;
+    m_wheel += event->angleDelta().y();
+    if (m_wheel / kNotch != 0) Step(m_wheel / kNotch);
+    m_wheel %= kNotch;
+    event->accept();
 }
 
 }  // namespace velmora

@@ -41,7 +41,8 @@ class YearBox final : public QLineEdit {
 public:
     YearBox(QWidget& parent, SelectorInput& input);
 
-    void CommitEdit();
+    /// That many years on from the one that is typed or else shown.
+    void Step(int years);
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
@@ -50,21 +51,18 @@ protected:
 
 private:
     void Commit();
-    void Step(int years);
+    void CommitEdit();
 
     SelectorInput& m_input;
 };
 
 /// Posts its value once for all the changes that one event of the user makes.
-class SelectorBar final : public QScrollBar {
+class SelectorBar : public QScrollBar {
 public:
     using Handler = void (VmCalendar::*)(int);
 
     SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorInput& input,
                 Handler handler);
-
-protected:
-    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void PostValue();
@@ -72,6 +70,22 @@ private:
     SelectorInput& m_input;
     const Handler m_handler;
     bool m_posted = false;
+};
+
+/// The spinner of the year box. It takes no focus, so it takes a year that is being typed first. A
+/// notch of the wheel is a year, as a click is.
+class YearBar final : public SelectorBar {
+public:
+    YearBar(QWidget& parent, SelectorInput& input);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void Act(int action);
+    void Step(int years);
+
+    int m_wheel = 0;  // what is not yet a notch
 };
 
 }  // namespace velmora

@@ -154,14 +154,6 @@ protected:
 
 TEST_F(ComponentPlayer, RaisesTheEventsOfTheInputScript) { Play(test::kInputScript); }
 
-TEST_F(ComponentPlayer, TakesATypedYearBeforeTheSpinnerStepsIt) {
-    Play(R"(
-calendar; let MonthYearSelStyle 2
-type 1990        = [5/1990]
-spin Up          -> YearChanged(1990) YearChanged(1991) = (1991-05)
-)");
-}
-
 TEST_F(ComponentPlayer, ChangesNothingThatItsContainerRefuses) {
     m_refuses = true;
     Play(R"(
