@@ -50,7 +50,7 @@ struct CalendarLayout {
 };
 
 /// Total: any state and any size give a layout, whose parts may be empty or inverted.
-CalendarLayout LayoutCalendar(const CalendarState& state, const LayoutMetrics& metrics) noexcept;
+CalendarLayout LayoutCalendar(const CalendarState& state, const LayoutMetrics& given) noexcept;
 
 /// The grid of the shown month in that layout.
 MonthGrid GridOf(const CalendarState& state, const CalendarLayout& layout) noexcept;

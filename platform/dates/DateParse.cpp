@@ -77,6 +77,7 @@ private:
     enum class TimeSeparators { Colon, ColonAndLocale };
 
     std::optional<Written> ByPattern(TextCursor cursor, std::string_view pattern) const;
+    std::optional<Written> WithTime(DayNumber day, TextCursor cursor) const;
     bool ReadName(TextCursor& cursor, const PatternPiece& piece, CivilDate& date) const;
     static bool ReadNumber(TextCursor& cursor, const PatternPiece& piece, CivilDate& date);
     static bool ReadText(TextCursor& cursor, std::string_view text);
@@ -139,7 +140,12 @@ std::optional<Written> Parser::ByPattern(TextCursor cursor, std::string_view pat
         fieldEnd = cursor.Position();
     }
     const auto day = DayIfReal(date.year, date.month, date.day);
-    if (!day || cursor.AtEnd()) return day ? std::optional(Written{day}) : std::nullopt;
+    return day ? WithTime(*day, cursor) : std::nullopt;
+}
+
+/// The day and the time behind it, if any.
+std::optional<Written> Parser::WithTime(DayNumber day, TextCursor cursor) const {
+    if (cursor.AtEnd()) return Written{day};
     const bool comma = cursor.SkipOneOf(",") != 0;
     if (!cursor.SkipSpaces() && !comma && !cursor.SkipOneOf("Tt")) return std::nullopt;
     const auto seconds = ReadTime(cursor, TimeSeparators::ColonAndLocale);

@@ -66,10 +66,12 @@ void MemoryBag::Keep(std::string name, Variant value) {
 
 std::vector<NamedValue> MemoryBag::Values() const {
     std::vector<const std::pair<const std::string, Slot>*> slots;
+    slots.reserve(m_slots.size());
     for (const auto& slot : m_slots) slots.push_back(&slot);
     std::sort(slots.begin(), slots.end(),
               [](const auto* a, const auto* b) { return a->second.place < b->second.place; });
     std::vector<NamedValue> values;
+    values.reserve(slots.size());
     for (const auto* slot : slots) values.push_back({slot->first, CopyOf(slot->second.value)});
     return values;
 }
