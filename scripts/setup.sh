@@ -7,6 +7,7 @@ readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libqt6o
 readonly kLayoutPackages=(clang-format)
 readonly kSanitizePackages=(clang libclang-rt-dev)
 readonly kWindowPackages=(xvfb xdotool)
+readonly kLintPackages=(clang-tidy)
 readonly kBenchPackages=(libbenchmark-dev)
 readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32
     mingw-w64-tools libwine-dev googletest zip)
@@ -86,10 +87,9 @@ check_version() {
     done
 }
 
-# build_preset PRESET [TARGET...]: configures when it has to, then builds.
-build_preset() {
+# configure_preset PRESET: when it has to.
+configure_preset() {
     local preset=$1 folder=build/$1
-    shift
     mkdir -p "$kLogs"
     if [[ ! -f $folder/build.ninja || CMakePresets.json -nt $folder/build.ninja ]]; then
         say "configuring $folder"
@@ -99,6 +99,13 @@ build_preset() {
         }
         touch "$folder/build.ninja"
     fi
+}
+
+# build_preset PRESET [TARGET...]: configures when it has to, then builds.
+build_preset() {
+    local folder=build/$1
+    configure_preset "$1"
+    shift
     say "building $folder"
     cmake --build "$folder" -j "$(jobs_count)" ${1:+--target "$@"} ||
         fail "the build of $folder failed; the first compiler message above says why"
