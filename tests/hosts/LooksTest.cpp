@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 namespace velmora::test {
 namespace {
@@ -20,20 +21,14 @@ namespace {
 /// Every role in a colour of its own.
 QPalette PaletteOfLooks() {
     QPalette palette;
-    const std::pair<QPalette::ColorRole, QRgb> roles[] = {{QPalette::Window, 0xE8E0D8},
-                                                          {QPalette::WindowText, 0x100020},
-                                                          {QPalette::Base, 0xFFFFF0},
-                                                          {QPalette::Text, 0x000040},
-                                                          {QPalette::Button, 0xD4D0C8},
-                                                          {QPalette::ButtonText, 0x003000},
-                                                          {QPalette::Light, 0xFFFFFF},
-                                                          {QPalette::Midlight, 0xE8F0FF},
-                                                          {QPalette::Mid, 0xB0A090},
-                                                          {QPalette::Dark, 0x807868},
-                                                          {QPalette::Shadow, 0x402010},
-                                                          {QPalette::Highlight, 0x2050A0},
-                                                          {QPalette::HighlightedText, 0xFFFF80}};
-    for (const auto& [role, color] : roles) palette.setColor(role, QColor(color));
+    constexpr QRgb kColors[] = {// from WindowText to HighlightedText
+                                0x100020, 0xD4D0C8, 0xFFFFFF, 0xE8F0FF, 0x807868,
+                                0xB0A090, 0x000040, 0xFF00FF, 0x003000, 0xFFFFF0,
+                                0xE8E0D8, 0x402010, 0x2050A0, 0xFFFF80};
+    int role = 0;
+    for (const QRgb color : kColors) {
+        palette.setColor(static_cast<QPalette::ColorRole>(role++), QColor(color));
+    }
     palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x9098A0));
     return palette;
 }
@@ -112,12 +107,14 @@ int Distance(QRgb a, QRgb b) {
 }
 
 /// White where the pictures differ: scaled pictures may by their rounding, texts by their
-/// smoothing, as long as they stand where they stood.
-QImage DifferenceOf(const Painted& painted, const QImage& wanted) {
-    constexpr int kRounding = 2;       // of 255
+/// smoothing, as long as they stand where they stood. Nothing when they do not.
+std::optional<QImage> DifferenceOf(const Painted& painted, const QImage& wanted) {
+    constexpr int kRounding = 3;       // of 255
     constexpr double kSmoothing = 16;  // of 255, on the average of a text's box
+    if (painted.image.size() != wanted.size()) return wanted;
     QImage difference(wanted.size(), QImage::Format_Mono);
     difference.fill(0);
+    const QImage none(difference.copy());
     QImage isText(difference);
     for (const QRect& text : painted.texts) {
         const QRect box = text & wanted.rect();
@@ -137,7 +134,7 @@ QImage DifferenceOf(const Painted& painted, const QImage& wanted) {
             if (distance > kRounding && isText.pixelIndex(x, y) == 0) difference.setPixel(x, y, 1);
         }
     }
-    return difference;
+    return difference == none ? std::nullopt : std::optional(difference);
 }
 
 template <class Look>
@@ -152,37 +149,23 @@ void ExpectReference(const Look& look, double ratio) {
     }
     const QImage wanted(file(reference.kept));
     ASSERT_FALSE(wanted.isNull()) << reference.kept << " is missing";
-    const bool sameSize = painted.image.size() == wanted.size();
-    const QImage difference = sameSize ? DifferenceOf(painted, wanted) : wanted;
-    QImage none(difference);
-    none.fill(0);
-    if (sameSize && difference == none) return;
+    const auto difference = DifferenceOf(painted, wanted);
+    if (!difference) return;
     painted.image.save(file(reference.actual));
-    difference.save(file(reference.difference));
+    difference->save(file(reference.difference));
     ADD_FAILURE() << reference.actual << " differs: see " << reference.difference;
 }
 
 TEST(Looks, ArePaintedAsTheirPicturesShow) {
-    for (const Look& look : Looks()) ExpectReference(look, 1);
     for (const BoxLook& look : BoxLooks()) ExpectReference(look, 1);
     for (const Look& look : Looks()) {
+        ExpectReference(look, 1);
         if (look.name == "flat" || look.name == "disabled_arrows") ExpectReference(look, 1.5);
     }
     ExpectReference(BoxLooks()[1], 1.5);  // focused
 }
 
-int Farthest(const QImage& a, const QImage& b) {
-    int farthest = a.size() == b.size() ? 0 : 255;
-    for (int y = 0; y < a.height() && farthest < 255; ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            farthest = std::max(farthest, Distance(a.pixel(x, y), b.pixel(x, y)));
-        }
-    }
-    return farthest;
-}
-
 TEST(VmCalendarWidget, RepaintOfAPartShowsWhatARepaintOfAllShows) {
-    constexpr int kRounding = 3;  // of 255, where glyphs overlap
     Widget widget;
     Prepare(widget);
     RepaintWalk walk(widget.calendar());
@@ -197,7 +180,7 @@ TEST(VmCalendarWidget, RepaintOfAPartShowsWhatARepaintOfAllShows) {
         const QImage screen = widget.screen()->grabWindow(widget.winId()).toImage();
         QImage anew(widget.size(), QImage::Format_RGB32);
         widget.render(&anew);
-        ASSERT_LE(Farthest(screen, anew), kRounding) << "step " << i << ": " << done;
+        ASSERT_FALSE(DifferenceOf({screen, {}}, anew)) << "step " << i << ": " << done;
     }
 }
 

@@ -67,11 +67,9 @@ inline std::vector<QVariant> RefusedValues(const test::PropertyRow& row, const Q
         for (const double number : test::RefusedNumbers(row))
             values.push_back(ValueOf(row, number));
     }
-    switch (good.typeId()) {
-        case QMetaType::QColor: values.push_back(QColor()); break;
-        case QMetaType::QDate: values.push_back(QDate()); break;
-        case QMetaType::QDateTime: values.push_back(QDateTime()); break;
-        default: break;
+    const int type = good.typeId();
+    if (type == QMetaType::QColor || type == QMetaType::QDate || type == QMetaType::QDateTime) {
+        values.push_back(QVariant(good.metaType()));
     }
     if (row.kind == test::Kind::Pointer) values.push_back(65536 + 1);
     return values;

@@ -67,12 +67,11 @@ TEST(VmCalendarWidget, AnyExtentIsPainted) {
 TEST(QtDrawing, TheTextCacheTellsFontsColoursAndTextsApart) {
     const LogFont plain{"DejaVu Sans", 9};
     std::vector<QImage> different{Drawn("17", plain), Drawn("71", plain), Drawn("17", plain, kRed)};
-    for (const LogFont& font :
-         {LogFont{"DejaVu Sans", 10}, LogFont{"DejaVu Sans Mono", 9},
-          LogFont{"DejaVu Sans", 9, true}, LogFont{"DejaVu Sans", 9, false, true},
-          LogFont{"DejaVu Sans", 9, false, false, true},
-          LogFont{"DejaVu Sans", 9, false, false, false, true}}) {
-        different.push_back(Drawn("17", font));
+    different.push_back(Drawn("17", {"DejaVu Sans", 10}));
+    different.push_back(Drawn("17", {"DejaVu Sans Mono", 9}));
+    for (const int style : {1, 2, 4, 8}) {
+        different.push_back(
+            Drawn("17", {"DejaVu Sans", 9, style == 1, style == 2, style == 4, style == 8}));
     }
     for (std::size_t i = 0; i < different.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(different[i] == different[j]) << i << j;

@@ -43,7 +43,7 @@ class Drop : public testing::Test {};
 using Controls = testing::Types<VmCalendarWidget, VmCalDropDownWidget>;
 TYPED_TEST_SUITE(Drop, Controls);
 
-TYPED_TEST(Drop, ManualIsAskedForAndAnsweredByItsSlots) {
+TYPED_TEST(Drop, SlotsAnswerWhenManualAndADateIsTakenWhenAutomatic) {
     TypeParam widget;
     Prepare(widget);
     EXPECT_FALSE(widget.acceptDrops());
@@ -80,16 +80,10 @@ TYPED_TEST(Drop, ManualIsAskedForAndAnsweredByItsSlots) {
     EXPECT_EQ(DropText(widget, "text", copyOrMove), Qt::IgnoreAction);
     answer = 3;  // not narrowed down
     EXPECT_EQ(DropText(widget, "text", copyOrMove), Qt::CopyAction);
-}
 
-TYPED_TEST(Drop, AutomaticTakesADate) {
-    TypeParam widget;
-    Prepare(widget);
     widget.setOleDropMode(Widget::OLEAutomatic);
-    for (const char* const text : {"no date", "", "1/1/4601", "6 pm", "0:00"}) {
-        EXPECT_EQ(DropText(widget, text), Qt::IgnoreAction) << text;
-        EXPECT_EQ(widget.property("dateValue").toDate(), kMay15) << text;
-    }
+    EXPECT_EQ(DropText(widget, "no date"), Qt::IgnoreAction);
+    EXPECT_EQ(widget.property("dateValue").toDate(), kMay15);
     EXPECT_EQ(DropText(widget, "6/7/2024"), Qt::CopyAction);
     EXPECT_EQ(widget.property("dateValue").toDate(), QDate(2024, 6, 7));
 }
@@ -130,15 +124,13 @@ TEST(DroppedData, HaveTheirFormatsUntilTheDragEnds) {
     content->setUrls({QUrl::fromLocalFile("/a b"), QUrl::fromLocalFile("/c")});
     DragAndDrop(&widget, *content);
     ASSERT_TRUE(dropped);
-    EXPECT_TRUE(dropped->HasFormat(2) && dropped->HasFormat(15));
-    EXPECT_FALSE(dropped->HasFormat(3));
+    EXPECT_TRUE(dropped->HasFormat(2) && dropped->HasFormat(15) && !dropped->HasFormat(3));
     EXPECT_EQ(dropped->GetData(15), Variant("/a b\n/c"));
     const Variant picture = dropped->GetData(2);
     ASSERT_TRUE(picture.As<ObjectRef>());
     const auto bitmap = std::dynamic_pointer_cast<StdPicture>(*picture.As<ObjectRef>());
     ASSERT_TRUE(bitmap && bitmap->Image());
-    EXPECT_EQ(bitmap->Image()->width, 3);
-    EXPECT_EQ(bitmap->Image()->pixels.front(), 0xFFFF0000u);
+    EXPECT_EQ(bitmap->Image()->pixels, std::vector<std::uint32_t>(6, 0xFFFF0000));
     content.reset();
     EXPECT_FALSE(dropped->HasFormat(2));
 }

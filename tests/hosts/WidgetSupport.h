@@ -42,10 +42,6 @@ inline QRect CellOf(VmCalendar& calendar, QSize size, QDate date) {
     return cell;
 }
 
-inline QRect CellOf(Widget& widget, QDate date) {
-    return CellOf(widget.calendar(), widget.size(), date);
-}
-
 /// Of a part of the bar, as it lies in the bar.
 inline QPoint CenterOf(const QScrollBar& bar, QStyle::SubControl part) {
     struct Bar : QScrollBar {
@@ -62,16 +58,13 @@ inline void SendKey(QWidget* widget, QEvent::Type type, int key,
     QApplication::sendEvent(widget, &event);
 }
 
-inline void SendMouse(QWidget* widget, QEvent::Type type, QPoint at,
-                      Qt::MouseButton button = Qt::LeftButton) {
-    const bool held = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
-    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held ? button : Qt::NoButton, {});
-    QApplication::sendEvent(widget, &event);
-}
-
 inline void Click(QPointer<QWidget> widget, QPoint at) {
-    SendMouse(widget, QEvent::MouseButtonPress, at);
-    if (widget) SendMouse(widget, QEvent::MouseButtonRelease, at);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        if (!widget) return;
+        const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton, held, {});
+        QApplication::sendEvent(widget, &event);
+    }
 }
 
 }  // namespace velmora

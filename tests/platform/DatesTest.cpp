@@ -27,8 +27,6 @@ Date At(int year, int month, int day, int hour = 0, int minute = 0, int second =
 Date Time(int hour, int minute, int second = 0) { return At(1899, 12, 30, hour, minute, second); }
 
 const Names kEnglish = DateLocale().monthNames;
-const Names kSpanish{"enero", "febrero", "marzo",      "abril",   "mayo",      "junio",
-                     "julio", "agosto",  "septiembre", "octubre", "noviembre", "diciembre"};
 const Names kGerman{"Jan.", "Feb.", "März",  "Apr.", "Mai",  "Juni",
                     "Juli", "Aug.", "Sept.", "Okt.", "Nov.", "Dez."};
 const Names kChinese{"1月", "2月", "3月", "4月",  "5月",  "6月",
@@ -280,12 +278,12 @@ TEST(DatesParse, ShortDateReadsBackAsTheSameDayInEveryPattern) {
     const std::pair<const char*, const Names&> kPatterns[] = {
         {"M/d/yy", kEnglish},        {"dd.MM.yy", kGerman},
         {"d-MMM-yy", kChinese},      {"M/d/yyyy", kEnglish},
-        {"d/M/yy", kSpanish},        {"yy/MM/dd", kEnglish},
+        {"d/M/yy", kGerman},         {"yy/MM/dd", kEnglish},
         {"y-MM-dd", kEnglish},       {"yyyy-dd-MM", kEnglish},
         {"yyyy年M月d日", kChinese},  {"yy. M. d.", kEnglish},
         {"d. M. yyyy.", kGerman},    {"d/M yyyy", kEnglish},
         {"dd/MM yyyy", kEnglish},    {"d.MM.yy 'г.'", kRussian},
-        {"d MMM yy 'г'.", kRussian}, {"d 'de' MMMM 'de' yyyy", kSpanish},
+        {"d MMM yy 'г'.", kRussian}, {"d 'de' MMMM 'de' yyyy", kGerman},
         {"dd-MMM-yy", kGerman},      {"dd-MMM-yy", kEnglish},
         {"yyyy MMM d", kPrefixes},   {"d MMMM yyyy", kPrefixes},
         {"MMM d, y", kVietnamese},   {"yyyy年MMMd日", kChinese},

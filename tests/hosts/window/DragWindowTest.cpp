@@ -2,36 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QDragEnterEvent>
-#include <QLabel>
-#include <QMimeData>
-
 namespace velmora {
 namespace {
 
 using Input = RealInput;
 
 constexpr QPoint kRight(420, 40);  // where the target's window is
-
-/// A stranger to the library that takes text.
-class DropLabel : public QLabel {
-public:
-    DropLabel() {
-        setAcceptDrops(true);
-        move(kRight);
-        resize(120, 80);
-        show();
-    }
-
-protected:
-    void dragEnterEvent(QDragEnterEvent* event) override {
-        if (event->mimeData()->hasText()) event->acceptProposedAction();
-    }
-    void dropEvent(QDropEvent* event) override {
-        setText(event->mimeData()->text());
-        event->acceptProposedAction();
-    }
-};
 
 /// A window whose calendar drags its date as soon as the pointer moves with the button down.
 class SourceWindow : public CalendarWindow {
@@ -53,26 +29,19 @@ public:
     std::vector<int> effects;  // of the drags that have ended
 };
 
-TEST(DragWindow, DateGoesToAWidgetThatTakesText) {
-    DropLabel label;
-    SourceWindow source;
-    source.DragTo(CenterOf(label));
-    EXPECT_EQ(label.text(), "5/15/2024");
-    EXPECT_EQ(source.effects, std::vector{1});
-    EXPECT_EQ(source.calendar.dateValue(), kMay15) << "the press chose nothing";
-    Input::Click(source.DayOnScreen(27));
-    EXPECT_EQ(source.calendar.dateValue(), QDate(2024, 5, 27));
-}
-
-TEST(DragWindow, AnotherCalendarTakesTheDateByItself) {
+TEST(DragWindow, DateGoesToATextBoxAndToAnotherCalendarByItself) {
     SourceWindow source;
     CalendarWindow target(Widget::MonthSelCombo, kRight);
+    source.DragTo(CenterOf(target.before));
+    EXPECT_EQ(target.before.text(), "5/15/2024");
+    EXPECT_EQ(source.calendar.dateValue(), kMay15) << "the press chose nothing";
+    Input::Click(source.DayOnScreen(9));
+    EXPECT_EQ(source.calendar.dateValue(), QDate(2024, 5, 9));
     target.calendar.setOleDropMode(Widget::OLEAutomatic);
-    source.calendar.setDateValue({2024, 5, 9});
     source.DragTo(target.child<QLineEdit>().mapToGlobal(QPoint(8, 8)));
     EXPECT_EQ(target.calendar.dateValue(), QDate(2024, 5, 9));
     EXPECT_EQ(target.child<QLineEdit>().text(), "2024");
-    EXPECT_EQ(source.effects, std::vector{1});
+    EXPECT_EQ(source.effects, (std::vector{1, 1}));
 }
 
 TEST(DragWindow, AnotherCalendarIsAskedAndTheSourceLearnsTheEffect) {
@@ -102,7 +71,7 @@ TEST(DragWindow, AnotherCalendarIsAskedAndTheSourceLearnsTheEffect) {
     source.DragTo(target.DayOnScreen(8));
     EXPECT_EQ(text, Variant("1"));
     EXPECT_EQ(feedback, 2);
-    ASSERT_GE(states.size(), 2u);
+    ASSERT_FALSE(states.empty());
     EXPECT_EQ(states.front(), 0);
     EXPECT_EQ(states.back(), 2);
     source.DragTo(target.DayOnScreen(8), Input::End::Escape);

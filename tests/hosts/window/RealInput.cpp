@@ -27,8 +27,7 @@ void RealInput::Run(const QStringList& arguments) {
     QObject::connect(&tool, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
     tool.start("xdotool", arguments);
     loop.exec();
-    if (tool.error() == QProcess::FailedToStart) throw std::runtime_error("xdotool is missing");
-    if (tool.exitCode() != 0) {
+    if (tool.error() == QProcess::FailedToStart || tool.exitCode() != 0) {
         throw std::runtime_error("xdotool " + arguments.join(' ').toStdString() + ": " +
                                  tool.readAllStandardError().toStdString());
     }
@@ -99,7 +98,8 @@ CalendarWindow::CalendarWindow(Widget::MonthYearSelStyle style, QPoint topLeft)
 }
 
 QPoint CalendarWindow::DayOnScreen(int day) {
-    return calendar.mapToGlobal(CellOf(calendar, QDate(2024, 5, day)).center());
+    const QRect cell = CellOf(calendar.calendar(), calendar.size(), QDate(2024, 5, day));
+    return calendar.mapToGlobal(cell.center());
 }
 
 }  // namespace velmora
