@@ -41,7 +41,7 @@ public:
 
     /// The control of that field has been clicked or edited. A text that is not valid is red and
     /// marks nothing as changed.
-    void OnEdited(std::size_t field);
+    void OnEdited(std::size_t index);
 
 private:
     bool IsCalendar() const;
@@ -49,15 +49,15 @@ private:
     std::span<const std::string_view> ItemsOf(const FieldDefinition& field) const;
     bool IsValid(const FieldDefinition& field, const std::string& text) const;
 
-    void Load(std::size_t field);
+    void Load(std::size_t index);
     void Show(const FieldDefinition& field, PageList& list, const Variant* value);
-    void Show(const FieldDefinition& field, PageCheckBox& box, const Variant* value);
+    static void Show(const FieldDefinition& field, PageCheckBox& box, const Variant* value);
     void Show(const FieldDefinition& field, PageText& text, const Variant* value);
-    std::exception_ptr Store(std::size_t field);
+    std::exception_ptr Store(std::size_t index);
     void Store(const FieldDefinition& field, const PageList& list);
     void Store(const FieldDefinition& field, const PageCheckBox& box);
     void Store(const FieldDefinition& field, PageText& text);
-    bool IsKept(std::size_t field) const;
+    bool IsKept(std::size_t index) const;
     void Write(const FieldDefinition& field, const Variant& value);
     /// What is wrong with a text that must not be written; empty for nothing.
     std::string FaultOf(const FieldDefinition& field, const std::string& text) const;
