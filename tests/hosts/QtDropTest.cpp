@@ -82,7 +82,9 @@ TYPED_TEST(Drop, SlotsAnswerWhenManualAndADateIsTakenWhenAutomatic) {
     EXPECT_EQ(DropText(widget, "text", copyOrMove), Qt::CopyAction);
 
     widget.setOleDropMode(Widget::OLEAutomatic);
-    EXPECT_EQ(DropText(widget, "no date"), Qt::IgnoreAction);
+    for (const char* const text : {"no date", "1/1/4601", "6 pm", "0:00"}) {
+        EXPECT_EQ(DropText(widget, text), Qt::IgnoreAction) << text;
+    }
     EXPECT_EQ(widget.property("dateValue").toDate(), kMay15);
     EXPECT_EQ(DropText(widget, "6/7/2024"), Qt::CopyAction);
     EXPECT_EQ(widget.property("dateValue").toDate(), QDate(2024, 6, 7));
