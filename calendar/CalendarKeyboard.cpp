@@ -42,7 +42,7 @@ void VmCalendar::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
     if (StepByKey(keyCode, shift)) keyCode = 0;
 }
 
-bool VmCalendar::WantsKey(std::int16_t keyCode, bool inChild) {
+bool VmCalendar::WantsKey(std::int16_t keyCode, bool inChild) const {
     switch (keyCode) {
         case kKeyHome:
         case kKeyEnd:

@@ -79,9 +79,9 @@ public:
         constexpr std::int32_t kLongestMonth = 31;
         std::int32_t count = 0;
         if (m_days) Try([&] { count = std::min(m_days.Count(), kLongestMonth); });
-        for (std::int16_t i = 1; i <= count; ++i) {
+        for (std::int32_t i = 1; i <= count; ++i) {
             Try([&] {
-                const ObjectRef day = m_days.Item(i);
+                const ObjectRef day = m_days.Item(static_cast<std::int16_t>(i));
                 if (const auto* own = dynamic_cast<const VmDay*>(day.get())) {
                     CopyOwn(*own);
                 } else if (const auto* named = dynamic_cast<const AutomationObject*>(day.get())) {
@@ -120,13 +120,13 @@ private:
         to->Picture(from.Picture());
     }
 
-    void CopyNamed(const AutomationObject& from, std::int16_t index) {
+    void CopyNamed(const AutomationObject& from, std::int32_t index) {
         if (!ToBoolean(from.GetMember("Dirty"))) return;
-        DayNumber day = FirstOfMonth(DayOf(m_to.ShownDate())) + index - 1;
+        DayNumber day = 0;
         try {
             day = DayOf(m_to.ToDate(from.GetMember("DayDate")));
         } catch (const AutomationError&) {
-            // Counted from the first.
+            day = FirstOfMonth(DayOf(m_to.ShownDate())) + index - 1;  // counted from the first
         }
         const DayRef to = DayOfDate(day);
         if (!to) return;

@@ -260,7 +260,7 @@ public:
     void OnKeyPress(std::int16_t& keyAscii);
     /// Whether the key belongs to the calendar before its container's own keys, or to the child
     /// that has the focus. Tab does not.
-    static bool WantsKey(std::int16_t keyCode, bool inChild);
+    bool WantsKey(std::int16_t keyCode, bool inChild) const;
     void OnKeyUp(std::int16_t& keyCode, std::int16_t& shift);
 
     void OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y);

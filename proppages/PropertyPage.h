@@ -51,7 +51,7 @@ private:
 
     void Load(std::size_t index);
     void Show(const FieldDefinition& field, PageList& list, const Variant* value);
-    static void Show(const FieldDefinition& field, PageCheckBox& box, const Variant* value);
+    void Show(const FieldDefinition& field, PageCheckBox& box, const Variant* value);
     void Show(const FieldDefinition& field, PageText& text, const Variant* value);
     std::exception_ptr Store(std::size_t index);
     void Store(const FieldDefinition& field, const PageList& list);
