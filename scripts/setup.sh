@@ -118,13 +118,14 @@ end_wine() {
     WINEPREFIX=$PWD/build/wine wineserver -w 2>/dev/null || true
 }
 
-# Starts Wine on the present display, until the script ends. A program in a Wine that already runs
+# Starts Wine without a display, as its tests have none, until the script ends: what it starts first
+# decides for all that follows whether windows can be made. A program in a Wine that already runs
 # starts at once, and leaves no system process behind that keeps its output open.
 start_wine() {
     scripts/make-wine-prefix build/wine
     end_wine
-    tail --pid=$$ -f /dev/null | scripts/run-in-wine cmd >"$kLogs/wine.log" 2>&1 &
-    scripts/run-in-wine cmd /c exit >"$kLogs/wine.log" 2>&1  # when it has ended, Wine is up
+    tail --pid=$$ -f /dev/null | env -u DISPLAY scripts/run-in-wine cmd >"$kLogs/wine.log" 2>&1 &
+    env -u DISPLAY scripts/run-in-wine cmd /c exit >"$kLogs/wine.log" 2>&1  # when it has ended, Wine is up
 }
 
 # check_component BITS: the built component of that bitness, from the outside.
