@@ -218,13 +218,13 @@ year Down        -> YearChanged(2024) = (2024-05)
 year PageUp      -> YearChanged(2034) = (2034-05)
 spin Up          -> YearChanged(2035) = (2035-05) {all}
 spin Down        -> YearChanged(2034) = (2034-05)
+type 2032        = [5/2032]
+spin Up          -> YearChanged(2032) YearChanged(2033) = (2033-05)
+spin Up          -> YearChanged(2034) = (2034-05)
 let DateMin 2020-03-01; let DateMax 2036-02-29
 spin Up          -> YearChanged(2035) = (2035-05)
 spin Up          -> YearChanged(2036) = (2036-05)
 spin Up
-type 2034        = [5/2034]
-spin Up          -> YearChanged(2034) YearChanged(2035) = (2035-05)
-spin Up          -> YearChanged(2036) = (2036-05)
 type 2019        = [5/2019]
 year Return      -> YearChanged(2036)
 calendar; let MonthYearSelStyle 3
