@@ -1,5 +1,7 @@
 #include "calendar/CalendarLayout.h"
 
+#include "platform/FloorDiv.h"
+
 #include <algorithm>
 
 namespace velmora {
@@ -7,10 +9,6 @@ namespace {
 
 constexpr int kFrame = 2;        // the outer frame, both sides together
 constexpr int kLargest = 32767;  // of a window's width and height
-
-constexpr int FloorDiv(int value, int divisor) noexcept {
-    return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
 
 bool HasWeekDayRow(const CalendarState& state) noexcept {
     return state.weekDayDisplay >= VmWeekDayFullName && state.weekDayDisplay <= VmWeekDayLetter;
@@ -52,19 +50,15 @@ void LayoutArrows(CalendarLayout& layout, int captionWidth) noexcept {
     layout.arrows[static_cast<int>(Arrow::MonthForward)] = button(rightEdge - size - 1 - size);
 }
 
-Rect Placed(int left, int top, Size size) noexcept {
-    return {left, top, left + size.width, top + size.height};
-}
-
 /// Right to left: year spinner, year box beside it, month list.
 void LayoutCombo(CalendarLayout& layout, const LayoutMetrics& metrics) noexcept {
     constexpr int kGap = 10;
     const int top = (layout.monthBandHeight - metrics.yearText.height) / 2 + 1;
     const int spinner = layout.client.width - 1 - kGap - metrics.yearSpinner.width;
     const int year = spinner - metrics.yearText.width;
-    layout.yearSpinner = Placed(spinner, top, metrics.yearSpinner);
-    layout.yearText = Placed(year, top, metrics.yearText);
-    layout.monthList = Placed(year - kGap - metrics.monthList.width, top, metrics.monthList);
+    layout.yearSpinner = RectAt(spinner, top, metrics.yearSpinner);
+    layout.yearText = RectAt(year, top, metrics.yearText);
+    layout.monthList = RectAt(year - kGap - metrics.monthList.width, top, metrics.monthList);
 }
 
 LayoutMetrics Bounded(LayoutMetrics metrics) noexcept {

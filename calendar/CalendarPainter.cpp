@@ -108,7 +108,7 @@ CalendarPainter::Zone CalendarPainter::ZoneOf(std::span<const Rect> exposed) con
     if (allIn(layout.WeekDayRow())) return Zone::WeekDayRow;
     if (exposed.size() > kFew || !allIn(cells)) return Zone::Several;
     const bool large = std::any_of(exposed.begin(), exposed.end(), [&](const Rect& rect) {
-        return rect.bottom - rect.top > 2 * layout.rowHeight;
+        return rect.Height() > 2 * layout.rowHeight;
     });
     return large ? Zone::Several : Zone::Cells;
 }
@@ -204,7 +204,7 @@ void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
         place.right = m_view.layout.monthList.left - kTextInsetX;
         Rect extent;
         m_drawing.DrawTextA(surface, text, extent, kTextSingleLine | kTextCalcRect);
-        if (extent.right > place.right - place.left) return;
+        if (extent.right > place.Width()) return;
     }
     UseTextColor(surface, state.monthForeColor);
     m_drawing.DrawTextA(surface, text, place, kTextCenter | kTextVCenter | kTextSingleLine);
@@ -377,7 +377,7 @@ void CalendarPainter::DrawAligned(SurfaceHandle surface, std::string_view text, 
                                   VmTextAlignmentConstants alignment) {
     Rect room = Inset(inner, kTextInsetX, kTextInsetY);
     const std::uint32_t flags = AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix;
-    const auto cut = CutToWidth(text, room.right - room.left, flags);
+    const auto cut = CutToWidth(text, room.Width(), flags);
     m_drawing.DrawTextA(surface, cut ? *cut : text, room, flags);
 }
 

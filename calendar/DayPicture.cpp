@@ -10,13 +10,6 @@ namespace {
 
 constexpr int kTextGap = 2;  // pixels between a picture and the number that it goes by
 
-constexpr int WidthOf(const Rect& rect) noexcept { return rect.right - rect.left; }
-constexpr int HeightOf(const Rect& rect) noexcept { return rect.bottom - rect.top; }
-
-constexpr Rect At(int left, int top, Size size) noexcept {
-    return {left, top, left + size.width, top + size.height};
-}
-
 /// Moves a span of that length to where it begins nearest to `wanted` inside low..high.
 constexpr int Inside(int wanted, int length, int low, int high) noexcept {
     return std::max(low, std::min(wanted, high - length));
@@ -24,21 +17,21 @@ constexpr int Inside(int wanted, int length, int low, int high) noexcept {
 
 Rect PlaceByText(VmPictureAlignmentConstants alignment, Size size, const Rect& cell,
                  const Rect& text) noexcept {
-    int left = text.left + (WidthOf(text) - size.width) / 2;
-    int top = text.top + (HeightOf(text) - size.height) / 2;
+    int left = text.left + (text.Width() - size.width) / 2;
+    int top = text.top + (text.Height() - size.height) / 2;
     if (alignment == VmPictLeftOfText) left = text.left - kTextGap - size.width;
     if (alignment == VmPictRightOfText) left = text.right + kTextGap;
     if (alignment == VmPictAboveText) top = text.top - kTextGap - size.height;
     if (alignment == VmPictBelowText) top = text.bottom + kTextGap;
-    return At(Inside(left, size.width, cell.left, cell.right),
-              Inside(top, size.height, cell.top, cell.bottom), size);
+    return RectAt(Inside(left, size.width, cell.left, cell.right),
+                  Inside(top, size.height, cell.top, cell.bottom), size);
 }
 
 /// Copies the whole bitmap that is selected into `source` to `area`.
 void CopyPicture(Drawing& drawing, SurfaceHandle surface, SurfaceHandle source,
                  const StdPicture& picture, const Rect& area) {
     const Size pixels{picture.Image()->width, picture.Image()->height};
-    if (pixels == Size{WidthOf(area), HeightOf(area)}) {
+    if (pixels == Size{area.Width(), area.Height()}) {
         drawing.BitBlt(surface, area, source, {0, 0}, RasterOp::SrcCopy);
     } else {
         drawing.StretchBlt(surface, area, source, {0, 0, pixels.width, pixels.height},
@@ -53,7 +46,7 @@ void TilePicture(Drawing& drawing, SurfaceHandle surface, SurfaceHandle source,
     const int stepY = std::max(size.height - 1, 1);
     for (int x = area.left; x < area.right; x += stepX) {
         for (int y = area.top; y < area.bottom; y += stepY) {
-            CopyPicture(drawing, surface, source, picture, At(x, y, size));
+            CopyPicture(drawing, surface, source, picture, RectAt(x, y, size));
         }
     }
 }
@@ -82,8 +75,8 @@ Rect PlaceDayPicture(VmPictureAlignmentConstants alignment, Size picture, const 
     const bool known = alignment >= VmPictTopLeft && alignment <= VmPictBottomRight;
     const int column = known ? alignment / 3 : 0;  // 0..2
     const int row = known ? alignment % 3 : 0;     // 0..2
-    return At(cell.left + (WidthOf(cell) - picture.width) * column / 2,
-              cell.top + (HeightOf(cell) - picture.height) * row / 2, picture);
+    return RectAt(cell.left + (cell.Width() - picture.width) * column / 2,
+                  cell.top + (cell.Height() - picture.height) * row / 2, picture);
 }
 
 Size PictureSize(const StdPicture& picture, double pixelsPerInch) noexcept {

@@ -43,7 +43,7 @@ void PaintText(Drawing& drawing, SurfaceHandle surface, const DropDownView& view
     drawing.SetBkMode(surface, BackgroundMode::Transparent);
     drawing.SetTextColor(surface, ResolveColor(drawing, color));
     constexpr auto kFlags = kTextLeft | kTextVCenter | kTextSingleLine | kTextNoPrefix;
-    const auto cut = CutToWidth(view.text, text.right - text.left, kFlags);
+    const auto cut = CutToWidth(view.text, text.Width(), kFlags);
     drawing.DrawTextA(surface, cut ? *cut : view.text, text, kFlags);
 }
 

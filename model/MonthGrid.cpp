@@ -1,6 +1,7 @@
 #include "model/MonthGrid.h"
 
 #include "platform/AutomationError.h"
+#include "platform/FloorDiv.h"
 
 #include <algorithm>
 #include <limits>
@@ -16,10 +17,6 @@ constexpr std::int32_t Saturated(std::int64_t value) noexcept {
 /// 0..6 for any weekDay and first day.
 constexpr int WeekOffset(std::int64_t weekDay, std::int64_t firstDay) noexcept {
     return static_cast<int>(((weekDay - firstDay) % 7 + 7) % 7);
-}
-
-constexpr std::int64_t FloorDiv7(std::int64_t value) noexcept {
-    return value / 7 - (value % 7 < 0 ? 1 : 0);
 }
 
 }  // namespace
@@ -75,7 +72,7 @@ Rect MonthGrid::ColumnRect(int column) const noexcept {
 std::optional<Rect> MonthGrid::DayCellRect(DayNumber day) const noexcept {
     if (!m_shape.showWeekend && IsWeekend(day)) return std::nullopt;
     const std::int64_t row =
-        FloorDiv7(std::int64_t{day} - m_first + m_firstColumn) + m_firstRowOffset;
+        FloorDiv(std::int64_t{day} - m_first + m_firstColumn, 7) + m_firstRowOffset;
     if (row < 0 || row >= kGridRows) return std::nullopt;
     Rect cell = ColumnRect(ColumnOf(day));
     cell.top = Saturated(m_shape.rowHeight * row + m_shape.gridTop + 1);

@@ -6,8 +6,6 @@
 namespace velmora {
 namespace {
 
-constexpr double kHimetricPerInch = 2540;
-
 double UnitsPerInch(std::int16_t scaleMode, double pixelsPerInch, Axis axis) {
     switch (scaleMode) {
         case kScaleTwips: return 1440;

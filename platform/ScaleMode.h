@@ -9,6 +9,8 @@ namespace velmora {
 inline constexpr std::int16_t kScaleTwips = 1;
 inline constexpr std::int16_t kScalePixels = 3;
 
+inline constexpr int kHimetricPerInch = 2540;  // hundredths of a millimetre
+
 enum class Axis { Horizontal, Vertical };
 
 /// The scale mode of the control's container, else of the object that holds it, else twips.

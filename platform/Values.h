@@ -48,7 +48,15 @@ struct Rect {
     std::int32_t right = 0;
     std::int32_t bottom = 0;
 
+    /// With exclusive ends.
+    constexpr std::int32_t Width() const noexcept { return right - left; }
+    constexpr std::int32_t Height() const noexcept { return bottom - top; }
+
     friend constexpr bool operator==(const Rect&, const Rect&) = default;
 };
+
+constexpr Rect RectAt(std::int32_t left, std::int32_t top, Size size) noexcept {
+    return {left, top, left + size.width, top + size.height};
+}
 
 }  // namespace velmora

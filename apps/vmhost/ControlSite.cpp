@@ -4,11 +4,11 @@
 #include "apps/vmhost/Form.h"
 #include "apps/vmhost/HostError.h"
 #include "hosts/activex/win32/WinText.h"
+#include "platform/ScaleMode.h"
 
 namespace velmora::vmhost {
 namespace {
 
-constexpr long kHimetricPerInch = 2540;
 constexpr float kTwipsPerHimetric = 1440.0F / kHimetricPerInch;
 
 long ScreenDpi() {

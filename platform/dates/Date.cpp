@@ -1,5 +1,7 @@
 #include "platform/dates/Date.h"
 
+#include "platform/FloorDiv.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -9,10 +11,6 @@ namespace {
 
 // Day 0 of this library counted from 1 January 1970, the epoch of the formulas below.
 constexpr std::int64_t kEpoch = -25569;
-
-constexpr std::int64_t FloorDiv(std::int64_t value, std::int64_t divisor) noexcept {
-    return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
 
 constexpr std::int64_t FloorMod(std::int64_t value, std::int64_t divisor) noexcept {
     return value - FloorDiv(value, divisor) * divisor;

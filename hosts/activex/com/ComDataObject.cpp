@@ -6,6 +6,7 @@
 #include "hosts/activex/com/Enumerator.h"
 #include "hosts/activex/win32/PixelBitmap.h"
 #include "hosts/activex/win32/WinText.h"
+#include "platform/ScaleMode.h"
 
 #include <VelmoraCalendarInterfaces.h>
 #include <ole2.h>
@@ -104,8 +105,8 @@ Variant PictureOf(HBITMAP bitmap) {
     const auto image = ReadBitmap(bitmap);
     if (!image) return {};
     const HDC screen = GetDC(nullptr);
-    const Size himetric{MulDiv(image->width, 2540, GetDeviceCaps(screen, LOGPIXELSX)),
-                        MulDiv(image->height, 2540, GetDeviceCaps(screen, LOGPIXELSY))};
+    const Size himetric{MulDiv(image->width, kHimetricPerInch, GetDeviceCaps(screen, LOGPIXELSX)),
+                        MulDiv(image->height, kHimetricPerInch, GetDeviceCaps(screen, LOGPIXELSY))};
     ReleaseDC(nullptr, screen);
     return ObjectRef(std::make_shared<StdPicture>(PictureType::Bitmap, himetric, image));
 }

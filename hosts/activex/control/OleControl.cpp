@@ -6,6 +6,7 @@
 #include "hosts/activex/win32/AboutDialog.h"
 #include "hosts/activex/win32/WinLocale.h"
 #include "hosts/activex/win32/WinText.h"
+#include "platform/ScaleMode.h"
 
 #include <olectl.h>
 
@@ -21,8 +22,6 @@ namespace {
 /// mingw-w64 knows this one by no `__uuidof`; its library of identifiers weighs 40 KiB.
 constexpr IID kObjectSafetyId{
     0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
-
-constexpr int kHimetricPerInch = 2540;
 
 HRESULT CopyText(const wchar_t* text, LPOLESTR* copy) {
     const std::size_t size = (std::wcslen(text) + 1) * sizeof(wchar_t);

@@ -1,6 +1,7 @@
 #include "hosts/activex/control/OleControl.h"
 
 #include "hosts/activex/com/Enumerator.h"
+#include "platform/ScaleMode.h"
 
 #include <olectl.h>
 
@@ -11,8 +12,6 @@ namespace velmora {
 using Microsoft::WRL::ComPtr;
 
 namespace {
-
-constexpr int kHimetricPerInch = 2540;
 
 constexpr std::array<FORMATETC, 3> kFormats = {{
     {CF_ENHMETAFILE, nullptr, DVASPECT_CONTENT, -1, TYMED_ENHMF},

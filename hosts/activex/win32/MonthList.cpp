@@ -80,7 +80,7 @@ void MonthList::Items(std::span<const std::string> items) {
 /// The height that a combo box is given is that of its open list.
 int MonthList::WindowHeight(const Rect& place) const {
     const auto item = static_cast<int>(Send(CB_GETITEMHEIGHT));
-    return place.bottom - place.top + item * static_cast<int>(m_items.size()) + 2;
+    return place.Height() + item * static_cast<int>(m_items.size()) + 2;
 }
 
 int MonthList::ListIndex() const {

@@ -80,7 +80,7 @@ void NativeChild::MoveTo(const Rect& rect) {
     if (m_place == rect) return;
     m_place = rect;
     if (!m_window) return;
-    SetWindowPos(m_window, nullptr, rect.left, rect.top, rect.right - rect.left, WindowHeight(rect),
+    SetWindowPos(m_window, nullptr, rect.left, rect.top, rect.Width(), WindowHeight(rect),
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -61,7 +61,7 @@ protected:
     /// The result when the child's own procedure is not to see the message.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) = 0;
     /// What the window is told for a height, which may be more than the height.
-    virtual int WindowHeight(const Rect& place) const { return place.bottom - place.top; }
+    virtual int WindowHeight(const Rect& place) const { return place.Height(); }
     LRESULT Own(UINT message, WPARAM w, LPARAM l) const;
     LRESULT Send(UINT message, WPARAM w = 0, LPARAM l = 0) const;
     void Post(WinSelectorInput::Action action) { m_input.Post(std::move(action)); }

@@ -30,9 +30,8 @@ bool HasAlpha(HDC source) noexcept {
 
 void Blend(HDC target, const Rect& area, HDC source, const Rect& from) {
     constexpr BLENDFUNCTION kOver{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-    GdiAlphaBlend(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                  source, from.left, from.top, from.right - from.left, from.bottom - from.top,
-                  kOver);
+    GdiAlphaBlend(target, area.left, area.top, area.Width(), area.Height(), source, from.left,
+                  from.top, from.Width(), from.Height(), kOver);
 }
 
 }  // namespace
@@ -158,10 +157,10 @@ ObjectHandle WinDrawing::CreateCompatibleBitmap(SurfaceHandle like, int width, i
 void WinDrawing::BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, Point from,
                         RasterOp operation) {
     const HDC pixels = ContextOf(source);
-    const int width = area.right - area.left;
-    const int height = area.bottom - area.top;
+    const int width = area.Width();
+    const int height = area.Height();
     if (HasAlpha(pixels)) {
-        Blend(ContextOf(target), area, pixels, {from.x, from.y, from.x + width, from.y + height});
+        Blend(ContextOf(target), area, pixels, RectAt(from.x, from.y, {width, height}));
     } else {
         ::BitBlt(ContextOf(target), area.left, area.top, width, height, pixels, from.x, from.y,
                  static_cast<DWORD>(operation));
@@ -172,10 +171,10 @@ void WinDrawing::StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHandl
                             const Rect& from, RasterOp operation) {
     const HDC context = ContextOf(target);
     const HDC pixels = ContextOf(source);
-    const int width = area.right - area.left;
-    const int height = area.bottom - area.top;
-    const int fromWidth = from.right - from.left;
-    const int fromHeight = from.bottom - from.top;
+    const int width = area.Width();
+    const int height = area.Height();
+    const int fromWidth = from.Width();
+    const int fromHeight = from.Height();
     const bool shrinks = width < fromWidth || height < fromHeight;
     const int modeBefore = SetStretchBltMode(context, shrinks ? HALFTONE : COLORONCOLOR);
     if (HasAlpha(pixels)) {

@@ -19,7 +19,7 @@ std::int32_t Middle(std::int32_t begin, std::int32_t end, std::int32_t length) n
 }
 
 QRect ToQRect(const Rect& rect) noexcept {
-    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+    return {rect.left, rect.top, rect.Width(), rect.Height()};
 }
 
 /// Text positions in logical pixels, from the flags.
@@ -189,8 +189,7 @@ void Canvas::Copy(const Rect& area, const Canvas& source, Point from) {
         const Rect limited = Clamped(area);
         const Point corner{Clamped(from.x), Clamped(from.y)};
         Stretch(area, source,
-                {corner.x, corner.y, corner.x + limited.right - limited.left,
-                 corner.y + limited.bottom - limited.top});
+                {corner.x, corner.y, corner.x + limited.Width(), corner.y + limited.Height()});
     }
 }
 
@@ -199,13 +198,13 @@ void Canvas::Stretch(const Rect& area, const Canvas& source, const Rect& from) {
     if (!CanDraw() || origin.image == nullptr || IsEmpty(area) || IsEmpty(from)) return;
     const Rect wanted = Clamped(from);
     const double ratio = origin.ratio;
-    const QRectF all(wanted.left * ratio, wanted.top * ratio, (wanted.right - wanted.left) * ratio,
-                     (wanted.bottom - wanted.top) * ratio);
+    const QRectF all(wanted.left * ratio, wanted.top * ratio, wanted.Width() * ratio,
+                     wanted.Height() * ratio);
     const QRectF present = all & QRectF(origin.image->rect());
     if (present.isEmpty()) return;
     const Rect box = Device(area);
-    const double horizontal = (box.right - box.left) / all.width();
-    const double vertical = (box.bottom - box.top) / all.height();
+    const double horizontal = box.Width() / all.width();
+    const double vertical = box.Height() / all.height();
     const auto at = [](std::int32_t begin, double offset) {
         return begin + static_cast<std::int32_t>(std::lround(offset));
     };

@@ -266,7 +266,7 @@ void QtDrawing::InvalidateRect(WindowHandle window, const Rect* rect) {
         widget->update();
     } else if (!gdi::IsEmpty(*rect)) {
         const Rect part = gdi::Clamped(*rect);
-        widget->update(part.left, part.top, part.right - part.left, part.bottom - part.top);
+        widget->update(part.left, part.top, part.Width(), part.Height());
     }
 }
 

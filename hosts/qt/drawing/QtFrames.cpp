@@ -27,8 +27,8 @@ Rect Inset(const Rect& rect, std::uint32_t sides) {
 
 /// A triangle of rows that grow by two pixels from its tip.
 void Arrow(Canvas& canvas, const Rect& rect, std::uint32_t direction, std::uint32_t color) {
-    const std::int32_t width = rect.right - rect.left;
-    const std::int32_t height = rect.bottom - rect.top;
+    const std::int32_t width = rect.Width();
+    const std::int32_t height = rect.Height();
     const std::int32_t rows = (std::min(width, height) - 4) / 3;
     const bool upright = direction == kScrollUp || direction == kScrollDown;
     const bool tipFirst = direction == kScrollUp || direction == kScrollLeft;

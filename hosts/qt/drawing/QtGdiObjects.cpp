@@ -36,7 +36,7 @@ Brush::Brush(Rgb rgb) noexcept : GdiObject(kKind), color(ToPixel(rgb)) {}
 Pen::Pen(Rgb rgb) noexcept : GdiObject(kKind), color(ToPixel(rgb)) {}
 
 PixelMemory::PixelMemory(std::size_t pixels) {
-    SharedCaches::Block block = SharedCaches::Instance().Take(pixels);
+    SharedCaches::Block block = SharedCaches::Instance().TakeBlock(pixels);
     m_pixels = std::move(block.pixels);
     m_capacity = block.capacity;
 }
@@ -127,7 +127,7 @@ void SharedCaches::ForgetExpiredPictures() {
     std::erase_if(m_pictures, [](const auto& entry) { return entry.second->Expired(); });
 }
 
-SharedCaches::Block SharedCaches::Take(std::size_t pixels) {
+SharedCaches::Block SharedCaches::TakeBlock(std::size_t pixels) {
     if (m_scratch.capacity >= pixels) return std::exchange(m_scratch, Block{});
     return {std::unique_ptr<std::uint32_t[]>(new (std::nothrow) std::uint32_t[pixels]), pixels};
 }

@@ -135,7 +135,7 @@ public:
         std::size_t capacity = 0;
     };
     /// A block of at least that many pixels; null if there is no memory.
-    Block Take(std::size_t pixels);
+    Block TakeBlock(std::size_t pixels);
     void GiveBack(Block block) noexcept;
 
 private:

@@ -64,13 +64,13 @@ void BlendBlock(std::uint32_t* pixels, const std::uint32_t* covered, std::uint32
 #endif
 
 std::size_t RowBytes(const Rect& box) noexcept {
-    return static_cast<std::size_t>(box.right - box.left) * sizeof(std::uint32_t);
+    return static_cast<std::size_t>(box.Width()) * sizeof(std::uint32_t);
 }
 
 }  // namespace
 
 void FillPixels(PixelTarget target, const Rect& box, std::uint32_t color) noexcept {
-    const std::int32_t width = box.right - box.left;
+    const std::int32_t width = box.Width();
     std::uint32_t* const first = target.At(box.left, box.top);
     if (width == 1) {
         std::uint32_t* pixel = first;
@@ -92,7 +92,7 @@ void InvertPixels(PixelTarget target, const Rect& box) noexcept {
 }
 
 void CopyPixels(PixelTarget target, const Rect& box, PixelSource source, Point from) noexcept {
-    const std::int32_t rows = box.bottom - box.top;
+    const std::int32_t rows = box.Height();
     const bool upwards = target.At(box.left, box.top) > source.At(from.x, from.y);
     for (std::int32_t i = 0; i < rows; ++i) {
         const std::int32_t row = upwards ? rows - 1 - i : i;
@@ -117,8 +117,8 @@ void BlendPixels(PixelTarget target, const Rect& box, PixelSource source, Point 
 
 void BlendMask(PixelTarget target, const Rect& box, const CoverageMask& mask, Point origin,
                std::uint32_t color) noexcept {
-    const std::ptrdiff_t stride = mask.box.right - mask.box.left;
-    const std::int32_t blocksEnd = box.left + (box.right - box.left) / kBlock * kBlock;
+    const std::ptrdiff_t stride = mask.box.Width();
+    const std::int32_t blocksEnd = box.left + box.Width() / kBlock * kBlock;
     for (std::int32_t y = box.top; y < box.bottom; ++y) {
         std::uint32_t* pixel = target.At(box.left, y);
         const std::uint32_t* covered = mask.coverage.data() +

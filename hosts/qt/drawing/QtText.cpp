@@ -83,8 +83,8 @@ Rect InkBox(const QImage& image) {
 std::optional<CoverageMask> Coverage(const QImage& image, Point baseLine) {
     const Rect ink = InkBox(image);
     CoverageMask mask{Moved(ink, -baseLine.x, -baseLine.y), {}};
-    mask.coverage.reserve(static_cast<std::size_t>(ink.right - ink.left) *
-                          static_cast<std::size_t>(ink.bottom - ink.top));
+    mask.coverage.reserve(static_cast<std::size_t>(ink.Width()) *
+                          static_cast<std::size_t>(ink.Height()));
     for (int y = ink.top; y < ink.bottom; ++y) {
         const QRgb* const row = Row(image, y);
         for (int x = ink.left; x < ink.right; ++x) {
@@ -197,9 +197,8 @@ void PaintLine(QPainter& painter, const TextLine& line, Point origin, double rat
                std::uint32_t color, const Rect* clip) {
     painter.save();
     if (clip != nullptr) {
-        painter.setClipRect(
-            QRect(clip->left, clip->top, clip->right - clip->left, clip->bottom - clip->top),
-            Qt::IntersectClip);
+        painter.setClipRect(QRect(clip->left, clip->top, clip->Width(), clip->Height()),
+                            Qt::IntersectClip);
     }
     painter.setPen(QColor::fromRgb(color));
     painter.translate(origin.x, origin.y);

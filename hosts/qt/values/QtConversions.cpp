@@ -1,6 +1,7 @@
 #include "VelmoraCalendar/QtConversions.h"
 
 #include "platform/FontAndPicture.h"
+#include "platform/ScaleMode.h"
 
 #include <QFontInfo>
 #include <QGuiApplication>
@@ -17,13 +18,12 @@ namespace {
 
 constexpr qint64 kJulianDayZero = 2415019;  // 30 December 1899
 constexpr int kMillisecondsPerDay = 86'400'000;
-constexpr double kHimetricPerInch = 2540;
 constexpr double kUsualPixelsPerInch = 96;
 
 std::int32_t ToHimetric(int pixels) {
     const QScreen* const screen = QGuiApplication::primaryScreen();
     const double perInch = screen ? screen->logicalDotsPerInchX() : kUsualPixelsPerInch;
-    return static_cast<std::int32_t>(std::lround(pixels * kHimetricPerInch / perInch));
+    return static_cast<std::int32_t>(std::lround(pixels / perInch * kHimetricPerInch));
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ public:
 
     void Move(const Rect& rect) override {
         if (!m_widget) return;
-        m_widget->setGeometry(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top);
+        m_widget->setGeometry(rect.left, rect.top, rect.Width(), rect.Height());
     }
 
     void Visible(bool visible) override {
