@@ -20,6 +20,8 @@ std::optional<std::int16_t> ToYear(std::string_view text) {
 
 }  // namespace
 
+void VmCalendar::OnSelectorLeave() { SyncSelectors(); }
+
 void VmCalendar::OnMonthListClick(int listIndex) {
     if (m_selectors.MonthListDropped() || m_cancelled || listIndex < 0 || listIndex > 11) return;
     const DayNumber shown = DayOf(m_state.shownDate);

@@ -287,8 +287,12 @@ public:
 
     /// The month list or the year box has got the focus: an Escape of before is forgotten.
     void OnSelectorEnter() { m_cancelled = false; }
+    /// The month list or the year box has lost the focus, after what was typed has been committed:
+    /// they show the shown month again.
+    void OnSelectorLeave();
     /// An item has been chosen; it counts when the list is closed. Raises `DateChanged` with the
-    /// shown date, then `MonthChanged`. A month outside the limits changes nothing.
+    /// shown date, then `MonthChanged`. A month outside the limits changes nothing, and stays in
+    /// the list until the focus leaves it.
     void OnMonthListClick(int listIndex);
     /// Enter takes the month (raises `MonthChanged`); Escape makes choices void until its key is
     /// released, or a selector is entered.

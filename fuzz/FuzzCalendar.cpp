@@ -48,6 +48,7 @@ void UseSelectors(TestCalendar& test, ByteReader& deeds) {
         case 3: calendar.OnDateScroll(deeds.Take<std::int32_t>()); break;
         default: calendar.OnYearTextCancel(); break;
     }
+    calendar.OnSelectorLeave();
 }
 
 void Do(TestCalendar& test, ByteReader& deeds) {

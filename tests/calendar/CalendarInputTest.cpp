@@ -1,3 +1,4 @@
+#include "calendar/SelectorInput.h"
 #include "platform/Keys.h"
 #include "tests/support/TestCalendar.h"
 
@@ -65,6 +66,48 @@ TEST(CalendarEvents, AreToldToThoseThatWereThereAndStillAre) {
     EXPECT_EQ(log, Log());
 }
 
+TEST(CalendarMouse, AnArrowAnswersUpToItsEdges) {
+    TestCalendar test;
+    test.calendar->MonthYearSelStyle(VmMonthSelArrows);
+    for (const Rect& arrow : test.calendar->Layout().arrows) {
+        for (const int beyond : {0, 1}) {
+            const Date before = test.calendar->ShownDate();
+            const auto x = static_cast<float>(arrow.right);
+            const auto y = static_cast<float>(arrow.bottom + beyond);
+            test.calendar->OnMouseDown(kButtonLeft, 0, x, y);
+            test.calendar->OnMouseUp(kButtonLeft, 0, x, y);
+            EXPECT_EQ(test.calendar->ShownDate() == before, beyond != 0);
+        }
+    }
+}
+
+TEST(CalendarMouse, ARightDoubleClickLeavesTheHeldLeftButtonItsClick) {
+    TestCalendar test;
+    test.Press(Day(2020, 3, 18));
+    test.calendar->OnMouseDoubleClick(kButtonRight, 0, 9, 9);
+    test.Release(Day(2020, 3, 18));
+    EXPECT_TRUE(Joined(test.TakeLog()).ends_with("MouseUp 1, Click"));
+}
+
+TEST(SelectorInput, WakesItsHostWhenSomethingBeginsToWait) {
+    TestCalendar test;
+    Log told;
+    SelectorInput input([&] { told.push_back("wake"); });
+    const auto post = [&](const char* name) {
+        input.Post([&told, name](VmCalendar&) { told.push_back(name); });
+    };
+    post("first");
+    input.Post([](VmCalendar&) { throw 1; });
+    post("rest");
+    EXPECT_ANY_THROW(input.Deliver(*test.calendar));
+    input.Deliver(*test.calendar);
+    post("forgotten");
+    input.Clear();
+    post("last");
+    input.Deliver(*test.calendar);
+    EXPECT_EQ(Joined(told), "wake, first, wake, rest, wake, wake, last");
+}
+
 TEST(CalendarSelectors, EscapeInTheListCancelsUntilItsKeyIsReleased) {
     TestCalendar test;
     test.calendar->MonthYearSelStyle(VmMonthSelCombo);
@@ -77,9 +120,6 @@ TEST(CalendarSelectors, EscapeInTheListCancelsUntilItsKeyIsReleased) {
     test.calendar->OnSelectorEnter();
     test.calendar->OnYearText(" 1999 ");
     EXPECT_EQ(test.TakeLog(), (Log{"YearChanged 1999", "repaint"}));
-    test.calendar->OnMonthListClick(12);  // no month
-    test.calendar->OnMonthListClick(2);   // the shown one
-    EXPECT_TRUE(test.TakeLog().empty());
 }
 
 TEST(CalendarSelectors, FollowTheLocale) {
@@ -92,16 +132,6 @@ TEST(CalendarSelectors, FollowTheLocale) {
     test.calendar->OnLocaleChanged();
     EXPECT_NE(test.monthList.items.find("June, juillet, August"), std::string::npos);
     EXPECT_EQ(test.monthList.shown, "2");
-}
-
-TEST(CalendarSelectors, ATypedYearIsDroppedWhenItsBoxIsGone) {
-    TestCalendar test;
-    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
-    test.calendar->MonthYearSelStyle(VmMonthSelNone);
-    test.TakeLog();
-    test.calendar->OnYearText("1999");  // as focus leaves the box that is being hidden
-    EXPECT_TRUE(test.TakeLog().empty());
-    EXPECT_EQ(test.yearText.shown, "2020");
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "calendar/SelectorInput.h"
 #include "platform/Keys.h"
 #include "tests/support/InputPlayer.h"
 #include "tests/support/InputScript.h"
@@ -5,6 +6,8 @@
 #include "tests/support/TestCalendar.h"
 
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace velmora::test {
 namespace {
@@ -16,7 +19,8 @@ class CorePlayer : public InputPlayer {
     void Make(Kind kind) override {
         m_box.reset();
         m_calendar.reset();
-        m_typed.reset();
+        m_typed = false;
+        m_input.emplace([] {});
         m_held = m_painted = false;
         const auto told = [this](const std::string& name) { NoteProperty(name); };
         if (kind == Kind::Calendar) {
@@ -121,23 +125,31 @@ class CorePlayer : public InputPlayer {
         if (m_calendar->childrenMade == 0) return;  // a handler has taken them away
         if (verb == "list") return UseList(what);
         if (verb == "scroll") return Scroll(what);
+        std::string& year = m_calendar->yearText.shown;
         if (verb == "type") {
-            m_typed = m_calendar->yearText.shown = what;
-        } else if (what == "Escape") {
-            m_typed.reset();
-            Calendar().OnYearTextCancel();
-        } else if (what == "Return") {
-            m_typed = m_typed.value_or(m_calendar->yearText.shown);
+            year = what;
+            m_typed = true;
+            return;
         }
-        if (verb == "focus" || verb == "spin" || what == "Return" || what == "Up") Commit();
+        if (verb == "year") {
+            static const std::map<std::string, Short> kKeys = {
+                {"Up", kKeyUp},        {"Down", kKeyDown},     {"PageUp", kKeyPageUp},
+                {"Return", kKeyEnter}, {"Escape", kKeyEscape}, {"PageDown", kKeyPageDown},
+                {"F4", kKeyF4}};
+            m_input->PostYearKey(kKeys.at(what), year, std::exchange(m_typed, false));
+        }
+        Commit();
         if (IsDestroyed()) return;
+        if (verb == "focus") return Calendar().OnSelectorLeave();
         const int value = ValueOf(m_calendar->yearSpinner);
-        if (what == "Up") Calendar().OnYearSpinner(value - 1);
-        if (what == "Down") Calendar().OnYearSpinner(value + 1);
-        if (what == "PageUp") Calendar().OnYearSpinner(value - 10);
+        if (verb == "spin") Calendar().OnYearSpinner(what == "Up" ? value - 1 : value + 1);
     }
     void Commit() {
-        if (const auto typed = std::exchange(m_typed, std::nullopt)) Calendar().OnYearText(*typed);
+        if (IsDestroyed()) return;
+        if (std::exchange(m_typed, false)) {
+            m_input->Post(&VmCalendar::OnYearText, m_calendar->yearText.shown);
+        }
+        m_input->Deliver(Calendar());
     }
     void UseList(const std::string& what) {
         FakeChild& list = m_calendar->monthList;
@@ -194,6 +206,7 @@ class CorePlayer : public InputPlayer {
     }
 
     void Destroy() override {
+        m_input.reset();
         if (m_calendar) m_calendar->calendar.reset();
         if (m_box) m_box->a.control.reset();
     }
@@ -242,7 +255,8 @@ class CorePlayer : public InputPlayer {
     bool m_held = false;
     bool m_painted = false;
     std::string m_repainted;
-    std::optional<std::string> m_typed;
+    bool m_typed = false;  // a year, and not yet told
+    std::optional<SelectorInput> m_input;
 };
 
 TEST(InputScript, TheCoreRaisesItsEvents) { CorePlayer().Play(kInputScript); }

@@ -161,8 +161,9 @@ private:
         }
     }
     static int KeyOf(const std::string& name) {
-        return name == "PageUp" ? Qt::Key_PageUp
-                                : QKeySequence(QString::fromStdString(name))[0].key();
+        return name == "PageUp"     ? Qt::Key_PageUp
+               : name == "PageDown" ? Qt::Key_PageDown
+                                    : QKeySequence(QString::fromStdString(name))[0].key();
     }
     static void Strike(QPointer<QWidget> widget, const std::string& name) {
         SendKey(widget, QEvent::KeyPress, KeyOf(name));

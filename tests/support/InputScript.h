@@ -198,6 +198,7 @@ type 2027        = [5/2027]
 year Return      -> YearChanged(2027) = (2027-05) {all}
 year Return
 type 2999        = [5/2999]
+focus grid
 year Escape
 type 19x         = [5/19x]
 year Return      -> YearChanged(2027)
@@ -210,6 +211,9 @@ type 2025        = [5/2025]
 click 3,3        => YearChanged(2025) MouseDown(1, 0, 100, 117) DateChanged(2025-05-14)
                    DayChanged(14) YearChanged(2025) MouseUp(1, 0, 100, 117) Click() = 2025-05-14
 type 2026        = [5/2026]
+type 1999        = [5/1999]
+let MonthYearSelStyle 0
+focus grid; let MonthYearSelStyle 2
 key Down         => YearChanged(2026) KeyDown(40, 0) DateChanged(2025-05-21) DayChanged(21)
                    KeyUp(40, 0) = 2025-05-21 (2026-05)
 calendar; let MonthYearSelStyle 2
@@ -222,6 +226,9 @@ type 2032        = [5/2032]
 spin Up          -> YearChanged(2032) YearChanged(2033) = (2033-05)
 spin Up          -> YearChanged(2034) = (2034-05)
 let DateMin 2020-03-01; let DateMax 2036-02-29
+year PageDown    -> YearChanged(2024) = (2024-05)
+type 2033        = [5/2033]
+year Up          -> YearChanged(2033) YearChanged(2034) = (2034-05)
 spin Up          -> YearChanged(2035) = (2035-05)
 spin Up          -> YearChanged(2036) = (2036-05)
 spin Up

@@ -13,9 +13,9 @@ namespace {
 constexpr int kFrameHeight = 8;  // of a closed list, besides a line of text
 constexpr int kPadding = 12;     // frame and the room around the text
 
-class MonthList final : public ComboBox, public NativeChild {
+class NativeMonthList final : public ComboBox, public NativeChild {
 public:
-    explicit MonthList(const ChildSite& site)
+    explicit NativeMonthList(const ChildSite& site)
         : NativeChild(site, L"COMBOBOX",
                       CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP),
           m_font(site.dpi) {
@@ -40,9 +40,6 @@ protected:
     int WindowHeight(const Rect& place) const override;
 
 private:
-    void PostEnter() {
-        Post([](VmCalendar& calendar) { calendar.OnSelectorEnter(); });
-    }
     void PostChoice();
     void MeasureHeight();
 
@@ -55,14 +52,14 @@ private:
 };
 
 /// A window of that class knows the height of its closed list.
-void MonthList::MeasureHeight() {
+void NativeMonthList::MeasureHeight() {
     RECT closed{};
     if (Window()) GetWindowRect(Window(), &closed);
     const LONG height = closed.bottom - closed.top;
     m_extent.height = height > 0 ? height : m_font.Measure(L"0").cy + kFrameHeight;
 }
 
-void MonthList::Items(std::span<const std::string> items) {
+void NativeMonthList::Items(std::span<const std::string> items) {
     m_items.clear();
     m_extent.width = 0;
     for (const std::string& item : items) {
@@ -78,31 +75,32 @@ void MonthList::Items(std::span<const std::string> items) {
 }
 
 /// The height that a combo box is given is that of its open list.
-int MonthList::WindowHeight(const Rect& place) const {
+int NativeMonthList::WindowHeight(const Rect& place) const {
     const auto item = static_cast<int>(Send(CB_GETITEMHEIGHT));
     return place.Height() + item * static_cast<int>(m_items.size()) + 2;
 }
 
-int MonthList::ListIndex() const {
+int NativeMonthList::ListIndex() const {
     return Window() ? static_cast<int>(Send(CB_GETCURSEL)) : m_index;
 }
 
-void MonthList::ListIndex(int index) {
+void NativeMonthList::ListIndex(int index) {
     m_index = index;
     if (Window() && ListIndex() != index) Send(CB_SETCURSEL, static_cast<WPARAM>(index));
 }
 
-void MonthList::Paint(HDC context) const {
+void NativeMonthList::Paint(HDC context) const {
     const bool known = 0 <= m_index && m_index < static_cast<int>(m_items.size());
     PaintComboBox(context, Place(), m_font.Get(),
                   known ? m_items[static_cast<std::size_t>(m_index)] : std::wstring());
 }
 
 /// A choice made by the mouse is told after the closing of the list, one made by the keys before.
-void MonthList::OnNotification(UINT, WPARAM w) {
+void NativeMonthList::OnNotification(UINT, WPARAM w) {
     switch (HIWORD(w)) {
         case CBN_SETFOCUS:
-        case CBN_DROPDOWN: PostEnter(); break;
+        case CBN_DROPDOWN: Input().Post(&VmCalendar::OnSelectorEnter); break;
+        case CBN_KILLFOCUS: Input().Post(&VmCalendar::OnSelectorLeave); break;
         case CBN_SELCHANGE:
             m_chosen = ListIndex();
             PostChoice();
@@ -116,21 +114,21 @@ void MonthList::OnNotification(UINT, WPARAM w) {
 }
 
 /// It counts when the list is closed.
-void MonthList::PostChoice() {
-    Post([this, alive = Lifetime::Watch(m_lifetime)](VmCalendar& calendar) {
+void NativeMonthList::PostChoice() {
+    Input().Post([this, alive = Lifetime::Watch(m_lifetime)](VmCalendar& calendar) {
         if (!alive || m_chosen < 0 || DroppedDown()) return;
         calendar.OnMonthListClick(std::exchange(m_chosen, -1));
     });
 }
 
 /// The Enter that closes the list is a choice and no key of its own.
-std::optional<LRESULT> MonthList::OnMessage(UINT message, WPARAM w, LPARAM) {
+std::optional<LRESULT> NativeMonthList::OnMessage(UINT message, WPARAM w, LPARAM) {
     const auto key = static_cast<std::int16_t>(w);
     if (message == WM_KEYDOWN && (key == kKeyEscape || (key == kKeyEnter && !DroppedDown()))) {
-        Post([key](VmCalendar& calendar) { calendar.OnMonthListKeyDown(key); });
+        Input().Post(&VmCalendar::OnMonthListKeyDown, key);
     }
     if (message == WM_KEYUP && key == kKeyEscape) {
-        Post([key](VmCalendar& calendar) { calendar.OnMonthListKeyUp(key); });
+        Input().Post(&VmCalendar::OnMonthListKeyUp, key);
     }
     return std::nullopt;
 }
@@ -138,7 +136,7 @@ std::optional<LRESULT> MonthList::OnMessage(UINT message, WPARAM w, LPARAM) {
 }  // namespace
 
 std::unique_ptr<ComboBox> MakeMonthList(const ChildSite& site) {
-    return std::make_unique<MonthList>(site);
+    return std::make_unique<NativeMonthList>(site);
 }
 
 }  // namespace velmora

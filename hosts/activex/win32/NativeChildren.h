@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/activex/win32/WinSelectorInput.h"
+#include "calendar/SelectorInput.h"
 #include "platform/Windowing.h"
 
 #include <windows.h>
@@ -18,7 +18,7 @@ namespace velmora {
 struct ChildSite {
     HWND parent;  // null: they are stand-ins
     int dpi;
-    WinSelectorInput& input;
+    SelectorInput& input;
     std::vector<class NativeChild*>& children;  // those that live
 };
 
@@ -64,7 +64,7 @@ protected:
     virtual int WindowHeight(const Rect& place) const { return place.Height(); }
     LRESULT Own(UINT message, WPARAM w, LPARAM l) const;
     LRESULT Send(UINT message, WPARAM w = 0, LPARAM l = 0) const;
-    void Post(WinSelectorInput::Action action) { m_input.Post(std::move(action)); }
+    SelectorInput& Input() const noexcept { return m_input; }
     void CommitEdits() const;
 
     void MoveTo(const Rect& rect);
@@ -75,7 +75,7 @@ protected:
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
 
-    WinSelectorInput& m_input;
+    SelectorInput& m_input;
     std::vector<NativeChild*>& m_children;
     const int m_dpi;
     Rect m_place;

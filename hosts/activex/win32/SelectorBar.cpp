@@ -12,11 +12,11 @@ namespace {
 
 /// Posts its value once for all the changes that one message of the user makes. It takes no focus,
 /// so that a year that is being typed has to be committed for it.
-class SelectorBar final : public ScrollBar, public NativeChild {
+class NativeSelectorBar final : public ScrollBar, public NativeChild {
 public:
     using Handler = void (VmCalendar::*)(int);
 
-    SelectorBar(const ChildSite& site, bool isVertical, int page, Handler handler)
+    NativeSelectorBar(const ChildSite& site, bool isVertical, int page, Handler handler)
         : NativeChild(site, L"SCROLLBAR", isVertical ? SBS_VERT : SBS_HORZ),
           m_handler(handler),
           m_page(page),
@@ -59,14 +59,14 @@ private:
     Lifetime m_lifetime;
 };
 
-Size SelectorBar::OwnExtent() const {
+Size NativeSelectorBar::OwnExtent() const {
     const int thickness =
         MulDiv(GetSystemMetrics(m_isVertical ? SM_CXVSCROLL : SM_CYHSCROLL), Dpi(), ScreenDpi());
     if (m_isVertical) return {thickness, YearTextExtent(Dpi()).height};
     return {3 * thickness, thickness};
 }
 
-void SelectorBar::Position(int minimum, int maximum, int value) {
+void NativeSelectorBar::Position(int minimum, int maximum, int value) {
     value = std::clamp(value, minimum, std::max(minimum, maximum));
     if (std::tie(m_minimum, m_maximum, m_value) == std::tie(minimum, maximum, value)) return;
     m_minimum = minimum;
@@ -83,7 +83,7 @@ void SelectorBar::Position(int minimum, int maximum, int value) {
 }
 
 /// The thumb is asked for in 32 bits, as the message has only 16.
-int SelectorBar::Wanted(WORD code) const {
+int NativeSelectorBar::Wanted(WORD code) const {
     SCROLLINFO info{};
     switch (code) {
         case SB_LINEUP: return m_value - 1;
@@ -101,29 +101,29 @@ int SelectorBar::Wanted(WORD code) const {
     }
 }
 
-void SelectorBar::OnNotification(UINT, WPARAM w) { Change(Wanted(LOWORD(w))); }
+void NativeSelectorBar::OnNotification(UINT, WPARAM w) { Change(Wanted(LOWORD(w))); }
 
-void SelectorBar::Change(int value) {
+void NativeSelectorBar::Change(int value) {
     value = Clamped(value);
     if (value == m_value) return;
     m_steps += value - m_value;
     m_changed = value;
     Position(m_minimum, m_maximum, value);
     if (std::exchange(m_posted, true)) return;
-    Post([this, alive = Lifetime::Watch(m_lifetime)](VmCalendar& calendar) {
+    Input().Post([this, alive = Lifetime::Watch(m_lifetime)](VmCalendar& calendar) {
         if (alive) (calendar.*m_handler)(TakeChange());
     });
 }
 
 /// What the user has changed the value to; as many steps from another value that it has been given
 /// since, as by a year that had been typed before.
-int SelectorBar::TakeChange() {
+int NativeSelectorBar::TakeChange() {
     m_posted = false;
     const int steps = std::exchange(m_steps, 0);
     return m_value == m_changed ? m_value : Clamped(m_value + steps);
 }
 
-std::optional<LRESULT> SelectorBar::OnMessage(UINT message, WPARAM w, LPARAM) {
+std::optional<LRESULT> NativeSelectorBar::OnMessage(UINT message, WPARAM w, LPARAM) {
     switch (message) {
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK: CommitEdits(); return std::nullopt;
@@ -140,12 +140,12 @@ std::optional<LRESULT> SelectorBar::OnMessage(UINT message, WPARAM w, LPARAM) {
 
 std::unique_ptr<ScrollBar> MakeYearSpinner(const ChildSite& site) {
     constexpr int kPage = 10;  // years
-    return std::make_unique<SelectorBar>(site, true, kPage, &VmCalendar::OnYearSpinner);
+    return std::make_unique<NativeSelectorBar>(site, true, kPage, &VmCalendar::OnYearSpinner);
 }
 
 std::unique_ptr<ScrollBar> MakeDateScroll(const ChildSite& site) {
     constexpr int kPage = 12;  // months
-    return std::make_unique<SelectorBar>(site, false, kPage, &VmCalendar::OnDateScroll);
+    return std::make_unique<NativeSelectorBar>(site, false, kPage, &VmCalendar::OnDateScroll);
 }
 
 }  // namespace velmora

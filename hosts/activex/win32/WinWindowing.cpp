@@ -13,6 +13,7 @@ namespace velmora {
 namespace {
 
 constexpr std::int16_t kCustomPointer = 99;
+constexpr UINT kSelectorInput = WM_USER + 0x700;
 
 const std::array kPointers{
     IDC_ARROW,        // 0 default: the control has none of its own
@@ -50,7 +51,7 @@ bool IsPressOrKey(UINT message) {
 
 }  // namespace
 
-WinWindowing::WinWindowing() = default;
+WinWindowing::WinWindowing() : m_input([this] { PostMessageW(m_window, kSelectorInput, 0, 0); }) {}
 
 WinWindowing::~WinWindowing() {
     if (m_madeCursor) DestroyCursor(m_madeCursor);
@@ -58,7 +59,7 @@ WinWindowing::~WinWindowing() {
 
 void WinWindowing::Attach(HWND window) {
     m_window = window;
-    m_input.Window(window);
+    m_input.Clear();
     EnableWindow(window, m_enabled);
     if (m_dropMode != 0) OnDropModeChanged();
 }
@@ -68,7 +69,7 @@ void WinWindowing::Detach() {
     m_enabled = Enabled();
     m_extent = ClientSize();
     m_window = nullptr;
-    m_input.Window(nullptr);
+    m_input.Clear();
 }
 
 int WinWindowing::Dpi() const { return m_window ? DpiOf(m_window) : ScreenDpi(); }
@@ -186,7 +187,7 @@ bool WinWindowing::OnChildMessage(VmCalendar& calendar, UINT message, WPARAM w, 
                                   LRESULT& result) {
     result = 0;
     switch (message) {
-        case WinSelectorInput::kMessage: m_input.Deliver(calendar); return true;
+        case kSelectorInput: m_input.Deliver(calendar); return true;
         case WM_COMMAND:
         case WM_HSCROLL:
         case WM_VSCROLL: {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/activex/win32/WinSelectorInput.h"
+#include "calendar/SelectorInput.h"
 #include "platform/Windowing.h"
 
 #include <windows.h>
@@ -91,7 +91,7 @@ private:
     std::int32_t m_dropMode = 0;
     std::int16_t m_pointer = 0;
     bool m_enabled = true;
-    WinSelectorInput m_input;
+    SelectorInput m_input;
     std::vector<NativeChild*> m_children;  // those that live
 };
 

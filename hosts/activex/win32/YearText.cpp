@@ -10,11 +10,10 @@ constexpr int kFrameHeight = 8;  // besides a line of text
 constexpr int kPadding = 10;     // frame and margins, both sides
 constexpr wchar_t kWidest[] = L"00000";
 
-/// Enter commits the year, and so does the loss of focus when the text has been edited. Up and Down
-/// step the year, the page keys by ten.
-class YearText final : public TextBox, public NativeChild {
+/// The loss of focus commits a year that has been typed.
+class NativeYearText final : public TextBox, public NativeChild {
 public:
-    explicit YearText(const ChildSite& site)
+    explicit NativeYearText(const ChildSite& site)
         : NativeChild(site, L"EDIT", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP), m_font(site.dpi) {
         if (Window()) Send(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.Get()));
     }
@@ -37,67 +36,47 @@ private:
     std::wstring WideText() const;
     bool OnKey(WPARAM key);
     bool IsEdited() const { return Window() && Send(EM_GETMODIFY) != 0; }
-    void Commit();
-    void Step(int years);
 
     const ChildFont m_font;
     const Size m_extent = YearTextExtent(Dpi());
     std::wstring m_text;  // without a window
 };
 
-std::wstring YearText::WideText() const {
+std::wstring NativeYearText::WideText() const {
     if (!Window()) return m_text;
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(Window())), L'\0');
     GetWindowTextW(Window(), text.data(), static_cast<int>(text.size()) + 1);
     return text;
 }
 
-void YearText::Text(const std::string& text) {
+void NativeYearText::Text(const std::string& text) {
     m_text = ToWide(text);
     if (!Window()) return;
     if (WideText() != m_text) SetWindowTextW(Window(), m_text.c_str());
     Send(EM_SETMODIFY, FALSE);
 }
 
-void YearText::OnNotification(UINT, WPARAM w) {
-    if (HIWORD(w) == EN_SETFOCUS) {
-        Post([](VmCalendar& calendar) { calendar.OnSelectorEnter(); });
-    }
-    if (HIWORD(w) == EN_KILLFOCUS) CommitEdit();
-}
-
-void YearText::Commit() {
-    Send(EM_SETMODIFY, FALSE);
-    Post([year = Text()](VmCalendar& calendar) { calendar.OnYearText(year); });
-}
-
-void YearText::CommitEdit() {
-    if (IsEdited()) Commit();
-}
-
-void YearText::Step(int years) {
+void NativeYearText::OnNotification(UINT, WPARAM w) {
+    if (HIWORD(w) == EN_SETFOCUS) Input().Post(&VmCalendar::OnSelectorEnter);
+    if (HIWORD(w) != EN_KILLFOCUS) return;
     CommitEdit();
-    Post([years](VmCalendar& calendar) { calendar.OnYearStep(years); });
+    Input().Post(&VmCalendar::OnSelectorLeave);
 }
 
-bool YearText::OnKey(WPARAM key) {
-    constexpr int kPage = 10;  // years
-    switch (key) {
-        case VK_UP: Step(1); return true;
-        case VK_DOWN: Step(-1); return true;
-        case VK_PRIOR: Step(kPage); return true;
-        case VK_NEXT: Step(-kPage); return true;
-        case VK_RETURN: Commit(); return true;
-        case VK_ESCAPE:
-            Send(EM_SETMODIFY, FALSE);
-            Post([](VmCalendar& calendar) { calendar.OnYearTextCancel(); });
-            return true;
-        default: return false;
-    }
+void NativeYearText::CommitEdit() {
+    if (!IsEdited()) return;
+    Input().Post(&VmCalendar::OnYearText, Text());
+    Send(EM_SETMODIFY, FALSE);
+}
+
+bool NativeYearText::OnKey(WPARAM key) {
+    const bool used = Input().PostYearKey(static_cast<std::int16_t>(key), Text(), IsEdited());
+    if (used) Send(EM_SETMODIFY, FALSE);
+    return used;
 }
 
 /// Enter and Escape that would do nothing to the text are left to the dialog around.
-std::optional<LRESULT> YearText::OnMessage(UINT message, WPARAM w, LPARAM l) {
+std::optional<LRESULT> NativeYearText::OnMessage(UINT message, WPARAM w, LPARAM l) {
     const bool endsEdit = w == VK_RETURN || w == VK_ESCAPE;
     if (message == WM_KEYDOWN && OnKey(w)) return 0;
     if (message == WM_CHAR && endsEdit) return 0;  // would beep
@@ -110,7 +89,7 @@ std::optional<LRESULT> YearText::OnMessage(UINT message, WPARAM w, LPARAM l) {
 }  // namespace
 
 std::unique_ptr<TextBox> MakeYearText(const ChildSite& site) {
-    return std::make_unique<YearText>(site);
+    return std::make_unique<NativeYearText>(site);
 }
 
 Size YearTextExtent(int dpi) {

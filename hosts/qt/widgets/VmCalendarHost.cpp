@@ -5,7 +5,10 @@ namespace velmora {
 VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
     : VmDateWidget::Host(widget, m_windowing, &calendar),
       m_widget(widget),
-      m_input(widget),
+      m_input([this] {
+          QMetaObject::invokeMethod(
+              &m_widget, [this] { TakeSelectorInput(); }, Qt::QueuedConnection);
+      }),
       m_windowing(widget, &m_input),
       calendar({m_drawing, m_windowing, m_dates, *this}),
       m_clock(widget, calendar) {

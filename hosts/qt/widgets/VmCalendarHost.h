@@ -1,9 +1,9 @@
 #pragma once
 
 #include "VelmoraCalendar/VmCalendarWidget.h"
+#include "calendar/SelectorInput.h"
 #include "hosts/qt/widgets/DateWidgetHost.h"
 #include "hosts/qt/windows/QtClock.h"
-#include "hosts/qt/windows/SelectorInput.h"
 
 class QPainter;
 class QRegion;
@@ -18,7 +18,7 @@ public:
     /// False when nothing was drawn. Emits nothing before it returns.
     bool Paint(QPainter& painter, const QRegion& exposed);
     void LoseMouse() override { calendar.OnCaptureLost(); }
-    bool TakeSelectorInput() override { return m_input.Deliver(); }
+    bool TakeSelectorInput() override { return m_input.Deliver(calendar); }
 
 private:
     void EmitDateValue() override { emit m_widget.dateValueChanged(m_widget.dateValue()); }

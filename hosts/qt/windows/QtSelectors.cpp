@@ -1,6 +1,7 @@
 #include "hosts/qt/windows/QtSelectors.h"
 
 #include "hosts/qt/windows/QtInput.h"
+#include "platform/Keys.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
@@ -12,8 +13,6 @@
 
 namespace velmora {
 namespace {
-
-constexpr std::int16_t kEscapeCode = 27;
 
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -34,8 +33,10 @@ bool IsNavigation(const QKeyEvent& event) {
     }
 }
 
-void PostEnter(SelectorInput& input) {
-    input.Post([](VmCalendar& calendar) { calendar.OnSelectorEnter(); });
+/// The window of an open list or menu takes the focus for a while.
+void PostFocus(SelectorInput& input, const QFocusEvent& event) {
+    if (event.reason() == Qt::PopupFocusReason) return;
+    input.Post(event.gotFocus() ? &VmCalendar::OnSelectorEnter : &VmCalendar::OnSelectorLeave);
 }
 
 }  // namespace
@@ -56,7 +57,7 @@ bool MonthListBox::IsOpen() const {
 
 /// An open list has the keyboard for itself, and takes Escape before the box could see it.
 void MonthListBox::showPopup() {
-    PostEnter(m_input);
+    m_input.Post(&VmCalendar::OnSelectorEnter);
     QComboBox::showPopup();
     view()->installEventFilter(this);
 }
@@ -68,13 +69,17 @@ void MonthListBox::hidePopup() {
 
 void MonthListBox::PostChoice() {
     const int chosen = std::exchange(m_chosen, -1);
-    if (chosen < 0) return;
-    m_input.Post([chosen](VmCalendar& calendar) { calendar.OnMonthListClick(chosen); });
+    if (chosen >= 0) m_input.Post(&VmCalendar::OnMonthListClick, chosen);
 }
 
 void MonthListBox::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) PostEnter(m_input);
+    PostFocus(m_input, *event);
+}
+
+void MonthListBox::focusOutEvent(QFocusEvent* event) {
+    QComboBox::focusOutEvent(event);
+    PostFocus(m_input, *event);
 }
 
 void MonthListBox::keyPressEvent(QKeyEvent* event) {
@@ -83,10 +88,7 @@ void MonthListBox::keyPressEvent(QKeyEvent* event) {
     } else {
         ReleaseEscape();
     }
-    if (IsEnter(*event)) {
-        const std::int16_t keyCode = VirtualKeyOf(*event);
-        m_input.Post([keyCode](VmCalendar& calendar) { calendar.OnMonthListKeyDown(keyCode); });
-    }
+    if (IsEnter(*event)) m_input.Post(&VmCalendar::OnMonthListKeyDown, kKeyEnter);
     QComboBox::keyPressEvent(event);
     if (IsNavigation(*event)) event->accept();
 }
@@ -107,64 +109,49 @@ bool MonthListBox::eventFilter(QObject* watched, QEvent* event) {
 
 void MonthListBox::PressEscape() {
     m_escapeDown = true;
-    m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyDown(kEscapeCode); });
+    m_input.Post(&VmCalendar::OnMonthListKeyDown, kKeyEscape);
 }
 
 /// The release of the key that closes the open list goes to a window that is no more when it comes
 /// late: the next key that is pressed stands for it.
 void MonthListBox::ReleaseEscape() {
     if (!std::exchange(m_escapeDown, false)) return;
-    m_input.Post([](VmCalendar& calendar) { calendar.OnMonthListKeyUp(kEscapeCode); });
+    m_input.Post(&VmCalendar::OnMonthListKeyUp, kKeyEscape);
 }
 
 YearBox::YearBox(QWidget& parent, SelectorInput& input) : QLineEdit(&parent), m_input(input) {
     setAcceptDrops(false);  // what is dropped here is dropped on the calendar
 }
 
-void YearBox::Commit() {
-    setModified(false);
-    const std::string year = text().toStdString();
-    m_input.Post([year](VmCalendar& calendar) { calendar.OnYearText(year); });
-}
-
-void YearBox::CommitEdit() {
-    if (isModified()) Commit();
-}
-
 void YearBox::Step(int years) {
-    CommitEdit();
-    m_input.Post([years](VmCalendar& calendar) { calendar.OnYearStep(years); });
+    m_input.PostYearStep(years, text().toStdString(), isModified());
+    setModified(false);
 }
 
 void YearBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) PostEnter(m_input);
+    PostFocus(m_input, *event);
 }
 
 void YearBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) CommitEdit();
+    if (event->reason() != Qt::PopupFocusReason && isModified()) {
+        m_input.Post(&VmCalendar::OnYearText, text().toStdString());
+        setModified(false);
+    }
+    PostFocus(m_input, *event);
 }
 
 /// Enter and Escape that did nothing to the text are left to the dialog around.
 void YearBox::keyPressEvent(QKeyEvent* event) {
-    constexpr int kPage = 10;  // years
     const bool edited = isModified();
-    switch (event->key()) {
-        case Qt::Key_Up: return Step(1);
-        case Qt::Key_Down: return Step(-1);
-        case Qt::Key_PageUp: return Step(kPage);
-        case Qt::Key_PageDown: return Step(-kPage);
-        case Qt::Key_Escape:
-            setModified(false);
-            m_input.Post([](VmCalendar& calendar) { calendar.OnYearTextCancel(); });
-            event->setAccepted(edited);
-            return;
-        default: break;
+    if (m_input.PostYearKey(VirtualKeyOf(*event), text().toStdString(), edited)) {
+        setModified(false);
+        event->setAccepted(edited || IsNavigation(*event));
+        return;
     }
-    if (IsEnter(*event)) Commit();
     QLineEdit::keyPressEvent(event);
-    if (IsNavigation(*event) || (IsEnter(*event) && edited)) event->accept();
+    if (IsNavigation(*event)) event->accept();
 }
 
 SelectorBar::SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorInput& input,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/qt/windows/SelectorInput.h"
+#include "calendar/SelectorInput.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -21,6 +21,7 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,8 +36,7 @@ private:
     int m_chosen = -1;  // by the user, while the list is still open
 };
 
-/// Enter commits the year, and so does the loss of focus when the text has been edited. Up and Down
-/// step the year, the page keys by ten.
+/// The loss of focus commits a year that has been typed.
 class YearBox final : public QLineEdit {
 public:
     YearBox(QWidget& parent, SelectorInput& input);
@@ -50,9 +50,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void Commit();
-    void CommitEdit();
-
     SelectorInput& m_input;
 };
 

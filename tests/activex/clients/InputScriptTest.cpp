@@ -87,7 +87,8 @@ private:
     void Select(const std::string& verb, const std::string& what) override {
         static const std::map<std::string, WORD> kKeys = {
             {"Up", VK_UP},         {"Down", VK_DOWN},     {"PageUp", VK_PRIOR},
-            {"Return", VK_RETURN}, {"Escape", VK_ESCAPE}, {"F4", VK_F5}};
+            {"PageDown", VK_NEXT}, {"Return", VK_RETURN}, {"Escape", VK_ESCAPE},
+            {"F4", VK_F5}};
         if (IsDestroyed()) return;
         const HWND child = verb == "list" ? Child(L"ComboBox")
                            : verb == "focus"
