@@ -22,6 +22,8 @@ public:
     virtual void Hide() = 0;
     /// Of the owner's screen, what is free for windows.
     virtual Rect WorkArea() const = 0;
+    /// Of all screens together. No window is larger, as systems have no room for it.
+    virtual Size DesktopSize() const = 0;
     /// While on, the host calls `DropDownForm::OnTimer` some thirty times a second.
     virtual void Timer(bool on) = 0;
 };
@@ -46,6 +48,7 @@ public:
     void Load(const CProperties& properties);
     void Show(const Rect& screen);
     Rect WorkArea() const { return m_window.WorkArea(); }
+    Size DesktopSize() const { return m_window.DesktopSize(); }
     /// Hides the window, ends a press in the calendar, gives the mouse back and stops the timer.
     void Close();
 

@@ -119,9 +119,9 @@ void VmCalDropDown::Abandon() {
 /// pixels.
 Rect VmCalDropDown::DropDownPlace() const {
     const Size box = m_platform.windowing.ClientSize();
-    constexpr int kMost = 0x7FFF;  // pixels that a screen can have
-    const int width = std::min(m_box.widthPixels, kMost);
-    const int height = std::min(m_box.heightPixels, kMost);
+    const Size desktop = m_form.DesktopSize();
+    const int width = std::max(std::min(m_box.widthPixels, desktop.width), 1);
+    const int height = std::max(std::min(m_box.heightPixels, desktop.height), 1);
     const int left = m_box.alignment == VmRightJustified ? box.width - 1 - width : 0;
     Point corner = m_platform.windowing.ClientToScreen({left, box.height});
     if (m_keepOnScreen) {
@@ -130,7 +130,7 @@ Rect VmCalDropDown::DropDownPlace() const {
         if (corner.y > work.bottom - height) corner.y = std::max(above, work.top);
         corner.x = std::max(std::min(corner.x, work.right - width), work.left);
     }
-    return {corner.x, corner.y, corner.x + width, corner.y + height};
+    return RectAt(corner.x, corner.y, {width, height});
 }
 
 /// The calendar ignores times: another day has none.

@@ -91,6 +91,7 @@ private:
     void Show(const Rect& screen) override;
     void Hide() override;
     Rect WorkArea() const override { return {0, 0, 640, 480}; }
+    Size DesktopSize() const override { return {640, 480}; }
     void Timer(bool on) override { timer = on; }
 };
 

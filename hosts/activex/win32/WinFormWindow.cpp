@@ -9,7 +9,6 @@
 #include "hosts/activex/win32/WindowPaint.h"
 #include "platform/ScaleMode.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace velmora {
@@ -57,39 +56,31 @@ void EndFormWindow(HWND window) {
     UnregisterClassW(kClassName, ThisModule());
 }
 
-/// Nothing of a window larger than the screens together can be seen.
-SIZE Limited(const Rect& rect) {
-    const LONG width = std::max(GetSystemMetrics(SM_CXVIRTUALSCREEN), 1);
-    const LONG height = std::max(GetSystemMetrics(SM_CYVIRTUALSCREEN), 1);
-    return {std::clamp<LONG>(rect.right - rect.left, 1, width),
-            std::clamp<LONG>(rect.bottom - rect.top, 1, height)};
-}
-
 }  // namespace
 
-void FormWindowing::SetCapture() {
+void WinFormWindowing::SetCapture() {
     m_wanted = true;
     TakeCapture();
 }
 
-void FormWindowing::ReleaseCapture() {
+void WinFormWindowing::ReleaseCapture() {
     m_wanted = false;
     WinWindowing::ReleaseCapture();
 }
 
-void FormWindowing::TakeCapture() {
+void WinFormWindowing::TakeCapture() {
     if (!m_wanted || !Window() || GetCapture()) return;
     if (IsWindowVisible(Window()) && !IsAnyButtonHeld()) WinWindowing::SetCapture();
 }
 
-std::optional<std::int16_t> FormHosting::ContainerScaleMode() const { return kScalePixels; }
+std::optional<std::int16_t> WinFormHosting::ContainerScaleMode() const { return kScalePixels; }
 
-bool FormHosting::RequestEdit(std::string_view) {
+bool WinFormHosting::RequestEdit(std::string_view) {
     VmCalDropDown* const box = m_form.GetOwner();
     return !box || box->RequestUserDate(DayOf(box->DateMin()));  // whichever day it will be
 }
 
-void FormHosting::ShowAboutBox(const AboutText& text) {
+void WinFormHosting::ShowAboutBox(const AboutText& text) {
     const HWND active = GetActiveWindow();
     ShowAboutDialog(active ? active : m_window.Window(), text);
 }
@@ -134,8 +125,8 @@ void WinFormWindow::Show(const Rect& screen) {
     m_drawing.Dpi(m_windowing.Dpi());
     SetWindowLongPtrW(window, GWLP_HWNDPARENT,
                       reinterpret_cast<LONG_PTR>(GetAncestor(m_box, GA_ROOT)));
-    const SIZE size = Limited(screen);
-    SetWindowPos(window, HWND_TOPMOST, screen.left, screen.top, size.cx, size.cy, SWP_NOACTIVATE);
+    SetWindowPos(window, HWND_TOPMOST, screen.left, screen.top, screen.Width(), screen.Height(),
+                 SWP_NOACTIVATE);
     m_form.Calendar().OnWindowChanged();
     ShowWindow(window, SW_SHOWNOACTIVATE);
 }
@@ -147,6 +138,10 @@ Rect WinFormWindow::WorkArea() const {
     GetMonitorInfoW(MonitorFromWindow(box, MONITOR_DEFAULTTONEAREST), &monitor);
     const RECT& work = monitor.rcWork;
     return {work.left, work.top, work.right, work.bottom};
+}
+
+Size WinFormWindow::DesktopSize() const {
+    return {GetSystemMetrics(SM_CXVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN)};
 }
 
 void WinFormWindow::Hide() {

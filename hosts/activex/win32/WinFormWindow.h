@@ -13,7 +13,7 @@ namespace velmora {
 
 /// The window of the open calendar. While a button is held the capture waits, so that the release
 /// arrives where the press did.
-class FormWindowing final : public WinWindowing {
+class WinFormWindowing final : public WinWindowing {
 public:
     void SetCapture() override;
     void ReleaseCapture() override;
@@ -25,9 +25,9 @@ private:
 };
 
 /// The container of the calendar in the drop-down window, which counts in pixels.
-class FormHosting final : public Hosting {
+class WinFormHosting final : public Hosting {
 public:
-    FormHosting(const WinWindowing& window, const DropDownForm& form)
+    WinFormHosting(const WinWindowing& window, const DropDownForm& form)
         : m_window(window), m_form(form) {}
 
     void Font(FontRef font) { m_font = std::move(font); }
@@ -69,6 +69,7 @@ public:
     void Show(const Rect& screen) override;
     void Hide() override;
     Rect WorkArea() const override;
+    Size DesktopSize() const override;
     void Timer(bool on) override;
 
 private:
@@ -79,8 +80,8 @@ private:
     void Tick();
     bool IsOwnerInPlace() const;
 
-    FormWindowing m_windowing;
-    FormHosting m_hosting;
+    WinFormWindowing m_windowing;
+    WinFormHosting m_hosting;
     WinDrawing m_drawing;
     Dates m_dates;
     HWND m_box = nullptr;  // that it is open for

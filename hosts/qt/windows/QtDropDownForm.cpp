@@ -13,7 +13,6 @@
 #include <QScreen>
 #include <QWindow>
 
-#include <algorithm>
 #include <utility>
 
 namespace velmora {
@@ -26,15 +25,9 @@ std::shared_ptr<QtDropDownForm>& Instance() {
     return instance;
 }
 
-/// Nothing of a window larger than the desktop can be seen, and no platform has room for it.
-QSize Limited(const Rect& rect, QSize desktop) {
-    return {std::clamp(rect.right - rect.left, 1, std::max(desktop.width(), 1)),
-            std::clamp(rect.bottom - rect.top, 1, std::max(desktop.height(), 1))};
-}
-
 }  // namespace
 
-void FormWindowing::SetCapture() {
+void QtFormWindowing::SetCapture() {
     m_wanted = true;
     TakeCapture();
 }
@@ -113,15 +106,18 @@ void QtDropDownForm::Show(const Rect& screen) {
     }
     winId();  // makes the native window
     windowHandle()->setTransientParent(m_box->window()->windowHandle());
-    setGeometry(
-        QRect(QPoint(screen.left, screen.top), Limited(screen, m_box->screen()->virtualSize())));
+    setGeometry(screen.left, screen.top, screen.Width(), screen.Height());
     show();
 }
 
 Rect QtDropDownForm::WorkArea() const {
-    const QRect area =
-        QtDrawing::WidgetOf(m_form.GetOwner()->hWnd())->screen()->availableGeometry();
-    return {area.x(), area.y(), area.x() + area.width(), area.y() + area.height()};
+    const QRect area = OwnersScreen().availableGeometry();
+    return RectAt(area.x(), area.y(), {area.width(), area.height()});
+}
+
+Size QtDropDownForm::DesktopSize() const {
+    const QSize size = OwnersScreen().virtualSize();
+    return {size.width(), size.height()};
 }
 
 void QtDropDownForm::Hide() {

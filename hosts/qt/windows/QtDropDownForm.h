@@ -17,7 +17,7 @@ namespace velmora {
 /// The window of the open calendar. Its capture makes all mouse events of the application arrive
 /// here, and those outside of it where the platform allows it. While a button is held the capture
 /// waits, so that the release arrives where the press did.
-class FormWindowing final : public QtWindowing {
+class QtFormWindowing final : public QtWindowing {
 public:
     using QtWindowing::QtWindowing;
 
@@ -35,9 +35,9 @@ private:
 };
 
 /// The calendar of the drop-down window is no control of its own to the application.
-class FormHosting final : public QtHosting {
+class QtFormHosting final : public QtHosting {
 public:
-    explicit FormHosting(QWidget& window) : QtHosting(window), m_window(window) {}
+    explicit QtFormHosting(QWidget& window) : QtHosting(window), m_window(window) {}
 
     void PropertyChanged(std::string_view) override {}
     std::int32_t Drag(const DataRef&, std::int32_t, const DragEvents&) override {
@@ -80,12 +80,14 @@ protected:
 private:
     void Show(const Rect& screen) override;
     void Hide() override;
+    const QScreen& OwnersScreen() const;
     Rect WorkArea() const override;
+    Size DesktopSize() const override;
     void Timer(bool on) override;
     void Tick();
 
-    FormWindowing m_windowing;
-    FormHosting m_hosting;
+    QtFormWindowing m_windowing;
+    QtFormHosting m_hosting;
     QtDrawing m_drawing;
     Dates m_dates;
     QTimer m_timer;
