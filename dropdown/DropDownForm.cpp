@@ -67,7 +67,10 @@ void DropDownForm::Load(const CProperties& properties) {
     try {
         m_calendar.SetProps(properties);
     } catch (const AutomationError&) {
-        // What could be copied has been; the box has refused the rest before.
+        // What could be copied has been; the rest is from a bag, which nobody checks.
+    }
+    if (!IsSelStyleOfBox(m_calendar.MonthYearSelStyle())) {
+        m_calendar.MonthYearSelStyle(VmMonthSelNone);
     }
 }
 

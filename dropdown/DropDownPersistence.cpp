@@ -18,17 +18,6 @@ Variant InSavedForm(const BoxStorage& from) {
     }
 }
 
-/// A value that the box's own setter would refuse counts as one of the wrong type.
-template <const auto& kRow>
-void Restore(const BoxStorage& to, const Variant& value, const Dates& dates) {
-    using Row = std::remove_cvref_t<decltype(kRow)>;
-    const auto converted = FromSaved<typename Row::Value>(value, dates);
-    if constexpr (requires { kRow.admits; }) {
-        if (!AdmitInBox(kRow, converted)) RaiseTypeMismatch();
-    }
-    kRow.Store(to, converted);
-}
-
 template <const auto& kRow>
 constexpr SavedProperty<BoxStorage> SavedAs() {
     using T = typename std::remove_cvref_t<decltype(kRow)>::Value;
@@ -40,7 +29,9 @@ constexpr SavedProperty<BoxStorage> SavedAs() {
                     return InSavedForm<kRow>(defaults);
                 }
             },
-            Restore<kRow>};
+            [](const BoxStorage& to, const Variant& value, const Dates& dates) {
+                kRow.Store(to, FromSaved<T>(value, dates));
+            }};
 }
 
 template <const auto&... kRow>

@@ -94,13 +94,16 @@ using BoxOrder =
          kWeekDayDisplay, kWeekDayFont, kWeekDayCaptionAlignment, kShowWeekend>;
 static_assert(Covers<BoxOrder>(Slots(), kIsSaved) && Covers<BoxOrder>(BoxSlots(), kIsSaved));
 
-/// `Admit` of a box, whose calendar has two of the selector styles only.
+/// The calendar of a box has two of the selector styles only.
+constexpr bool IsSelStyleOfBox(VmMonthYearSelStyleConstants style) {
+    return style == VmMonthSelNone || style == VmMonthSelArrows;
+}
+
+/// `Admit` of a box.
 template <class Row>
 bool AdmitInBox(const Row& row, const typename Row::Value& value) {
     if constexpr (std::is_same_v<typename Row::Value, VmMonthYearSelStyleConstants>) {
-        if (value != VmMonthSelNone && value != VmMonthSelArrows) {
-            throw AutomationError(ErrorNumber::InvalidPropertyValue);
-        }
+        if (!IsSelStyleOfBox(value)) throw AutomationError(ErrorNumber::InvalidPropertyValue);
     }
     return Admit(row, value);
 }

@@ -27,7 +27,9 @@ public:
 
     /// Takes the defaults of a newly placed box: the present date and time, "Short Date".
     void InitProperties();
-    /// A missing name, a value of the wrong type or one that is refused gives the default.
+    /// Takes the properties from a bag, unchecked but for limits that are none, which give the
+    /// defaults; the date moves into them. A missing name or a value of the wrong type gives its
+    /// default; dates may be text.
     void ReadProps(PropertyBag& bag);
     void WriteProps(PropertyBag& bag) const;
 

@@ -178,8 +178,13 @@ void ExpectKeepsWhatIsStored(Control& control, Rows rows) {
         {"DateMin", "2021-02-01"}, {"DateMax", "12/31/2030"}, {"DateValue", "3 Feb 2021 18:00"}};
     const auto stored = [&](const PropertyRow& row) {
         if (const auto date = dates.find(row.name); date != dates.end()) return date->second;
-        const bool isRanged = row.kind == Kind::Choice || row.kind == Kind::Color;
-        return isRanged ? Variant(row.kind == Kind::Choice ? row.high + 1 : 0xFFFFFFFF) : Variant();
+        switch (row.kind) {
+            case Kind::Choice:
+            case Kind::Pointer: return Variant(row.high + 1);
+            case Kind::Extent: return Variant(-5.0);
+            case Kind::Color: return Variant(double{0xFFFFFFFF});
+            default: return Variant();
+        }
     };
     MemoryBag bag;
     for (const PropertyRow& row : rows) {

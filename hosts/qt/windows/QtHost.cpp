@@ -88,8 +88,8 @@ void QtWindowing::ApplyPointer() {
             m_widget.setCursor(QCursor(QPixmap::fromImage(icon)));
             return;
         }
-    } else if (m_pointer != 0) {
-        m_widget.setCursor(kPointerShapes.at(static_cast<std::size_t>(m_pointer)));
+    } else if (0 < m_pointer && m_pointer < static_cast<int>(kPointerShapes.size())) {
+        m_widget.setCursor(kPointerShapes[static_cast<std::size_t>(m_pointer)]);
         return;
     }
     m_widget.unsetCursor();
