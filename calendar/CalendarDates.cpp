@@ -86,15 +86,21 @@ void VmCalendar::SelectDate(Date date, Follow follow) {
               });
 }
 
+/// The grid goes back to the month of the selected date.
+void VmCalendar::ShowSelection() {
+    if (MonthsBetween(DayOf(m_state.shownDate), DayOf(m_state.dateValue)) == 0) return;
+    MoveShown(m_state.dateValue, Turn::Back);
+}
+
 /// Shows another month and leaves the selected date where it is.
-void VmCalendar::MoveShown(Date date) {
+void VmCalendar::MoveShown(Date date, Turn turn) {
     const CivilDate before = CivilOf(DayOf(ShowDate(date)));
     const CivilDate after = CivilOf(DayOf(date));
     const unsigned change = m_dateChanges;
     const Lifetime::Watch alive(m_lifetime);
     RaiseThen(
         [&] {
-            if (after.month != before.month) SelectMonth(after.month);
+            if (after.month != before.month || turn == Turn::Back) SelectMonth(after.month);
             if (!alive || change != m_dateChanges) return;
             if (after.year != before.year) SelectYear(after.year);
         },
@@ -109,7 +115,9 @@ void VmCalendar::RaiseDateParts(Date from, Date shownBefore, Date to) {
     const CivilDate before = CivilOf(DayOf(from));
     const CivilDate shown = CivilOf(DayOf(shownBefore));
     const CivilDate after = CivilOf(DayOf(to));
-    const bool otherMonth = after.month != before.month || after.month != shown.month;
+    const bool wasTurned = MonthsBetween(DayOf(from), DayOf(shownBefore)) != 0;
+    const bool turnsBack = wasTurned && MonthsBetween(DayOf(shownBefore), DayOf(to)) != 0;
+    const bool otherMonth = after.month != before.month || turnsBack;
     const bool otherYear = after.year != before.year || after.year != shown.year;
     const unsigned change = m_dateChanges;
     const Lifetime::Watch alive(m_lifetime);

@@ -142,10 +142,13 @@ void VmCalendar::Release(const Press& press, float x, float y) {
     if (*day != DayOf(m_state.dateValue)) {
         if (RequestUserDate(*day)) SelectDate(DateOf(*day));
         return;
+    const Lifetime::Watch alive(m_lifetime);
+    const unsigned change = m_dateChanges;
     }
     m_state.dateChosen = true;
     if (m_state.alwaysDateChanged) {
         auto sameDay = static_cast<std::int16_t>(DayOfMonth(*day));
+    if (alive && change == m_dateChanges) ShowSelection();
         m_events.DayChanged.Raise(sameDay);
     }
 }

@@ -150,10 +150,7 @@ void VmCalendar::SetProps(const AutomationObject& holder) {
     Copier copier(holder, *this, alive);
     m_copying = true;
     copier.CopyAll(CopyOrder());
-    copier.Try([&] {
-        const Date selected = m_state.dateValue;
-        if (MonthsBetween(DayOf(m_state.shownDate), DayOf(selected)) != 0) MoveShown(selected);
-    });
+    copier.Try([&] { ShowSelection(); });
     copier.CopyDecorations();
     if (!alive) return;
     SyncSelectors();

@@ -63,8 +63,8 @@ public:
 
     /// The selected date. Reads as text in the locale's short form; takes a date, a number (day
     /// number) or text. Empty, and another time on the same day, change nothing. Raises, each only
-    /// when its part changed, `DateChanged`, `DayChanged`, `MonthChanged`, `YearChanged`; the last
-    /// two also when the grid returns from a month that the user has turned to.
+    /// when its part changed, `DateChanged`, `DayChanged`, `MonthChanged`, `YearChanged`. When the
+    /// grid leaves a month that the user has turned to, `MonthChanged` in any case.
     /// Error 13: no date. Error 380: year outside 200..4600, or outside `DateMin`..`DateMax`.
     Variant DateValue() const;
     void DateValue(const Variant& value);
@@ -326,7 +326,11 @@ private:
     /// then a month that the user has turned to stays while the arrow keys work within another.
     enum class Follow { Always, OtherMonths };
     void SelectDate(Date date, Follow follow = Follow::Always);
-    void MoveShown(Date date);
+    /// Whether the grid turns to a month by the user's or a program's wish, or goes back to that of
+    /// the selected date: then it tells of the month, although only the year may differ.
+    enum class Turn { To, Back };
+    void MoveShown(Date date, Turn turn = Turn::To);
+    void ShowSelection();
     void RaiseDateParts(Date from, Date shownBefore, Date to);
     void SelectMonth(int month);
     void SelectYear(int year);

@@ -97,14 +97,15 @@ void VmCalDropDown::ReturnForm() {
 
 /// The days of a month that the calendar's arrows have shown go back to the month of the date.
 void VmCalDropDown::ShowOwnMonth() {
-    const CivilDate before = CivilOf(DayOf(m_store.Values().shownDate));
-    const CivilDate after = CivilOf(DayOf(DateValue()));
-    m_store.FollowMonth(DayOf(DateValue()));
-    auto month = static_cast<std::int16_t>(after.month);
-    auto year = static_cast<std::int16_t>(after.year);
+    const DayNumber shown = DayOf(m_store.Values().shownDate);
+    const DayNumber own = DayOf(DateValue());
+    m_store.FollowMonth(own);
+    if (MonthsBetween(shown, own) == 0) return;
+    auto month = static_cast<std::int16_t>(MonthOf(own));
+    auto year = static_cast<std::int16_t>(YearOf(own));
     const Lifetime::Watch alive(m_lifetime);
-    if (after.month != before.month) m_events.MonthChanged.Raise(month);
-    if (alive && after.year != before.year) m_events.YearChanged.Raise(year);
+    m_events.MonthChanged.Raise(month);
+    if (alive && year != YearOf(shown)) m_events.YearChanged.Raise(year);
 }
 
 /// Closes an open calendar without taking its date and without an event.

@@ -161,9 +161,15 @@ click MonthBack  -> MonthChanged(12) YearChanged(2023) = (2023-12)
 let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1)
                    YearChanged(2024) = 2024-01-31
 click MonthForward -> MonthChanged(2) = (2024-02)
+click 1,3        -> MonthChanged(1) = 2024-01-31
+let AlwaysDateChanged 1
+click MonthForward -> MonthChanged(2) = (2024-02)
+click 1,3        -> DayChanged(31) MonthChanged(1) = 2024-01-31
+click MonthForward -> MonthChanged(2) = (2024-02)
 click 1,1        -> DateChanged(2024-01-29) DayChanged(29) MonthChanged(1) = 2024-01-29
 click YearBack   -> YearChanged(2023) = (2023-01)
-let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) YearChanged(2024) = 2024-01-31
+let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1)
+                   YearChanged(2024) = 2024-01-31
 let DateValue 2024-02-29 -> DateChanged(2024-02-29) DayChanged(29) MonthChanged(2) = 2024-02-29
 click YearForward -> YearChanged(2025) = (2025-02)
 key PageDown     -> MonthChanged(3) = 2025-03-28
@@ -192,43 +198,43 @@ list Up          -> DateChanged(2024-08-15) MonthChanged(8) = (2024-08)
 let DateMax 2024-09-01
 list Down        -> DateChanged(2024-09-15) MonthChanged(9) = (2024-09)
 list Down        = [10/2024]
+focus grid
 key PageUp       -> MonthChanged(8) = 2024-08-15
 calendar; let MonthYearSelStyle 2
 type 2027        = [5/2027]
 year Return      -> YearChanged(2027) = (2027-05) {all}
 year Return
 type 2999        = [5/2999]
-focus grid
 year Escape
 type 19x         = [5/19x]
 year Return      -> YearChanged(2027)
 type 99999       = [5/99999]
 year Return      -> YearChanged(2027)
 year F4
+type 1999        = [5/1999]
+let MonthYearSelStyle 0
+focus grid; let MonthYearSelStyle 2
 type 2024        = [5/2024]
 focus grid       -> YearChanged(2024) = (2024-05)
 type 2025        = [5/2025]
 click 3,3        => YearChanged(2025) MouseDown(1, 0, 100, 117) DateChanged(2025-05-14)
                    DayChanged(14) YearChanged(2025) MouseUp(1, 0, 100, 117) Click() = 2025-05-14
 type 2026        = [5/2026]
-type 1999        = [5/1999]
-let MonthYearSelStyle 0
-focus grid; let MonthYearSelStyle 2
 key Down         => YearChanged(2026) KeyDown(40, 0) DateChanged(2025-05-21) DayChanged(21)
                    KeyUp(40, 0) = 2025-05-21 (2026-05)
 calendar; let MonthYearSelStyle 2
 year Up          -> YearChanged(2025) = (2025-05)
 year Down        -> YearChanged(2024) = (2024-05)
 year PageUp      -> YearChanged(2034) = (2034-05)
+year PageDown    -> YearChanged(2024) = (2024-05)
+type 2033        = [5/2033]
+year Up          -> YearChanged(2033) YearChanged(2034) = (2034-05)
 spin Up          -> YearChanged(2035) = (2035-05) {all}
 spin Down        -> YearChanged(2034) = (2034-05)
 type 2032        = [5/2032]
 spin Up          -> YearChanged(2032) YearChanged(2033) = (2033-05)
 spin Up          -> YearChanged(2034) = (2034-05)
 let DateMin 2020-03-01; let DateMax 2036-02-29
-year PageDown    -> YearChanged(2024) = (2024-05)
-type 2033        = [5/2033]
-year Up          -> YearChanged(2033) YearChanged(2034) = (2034-05)
 spin Up          -> YearChanged(2035) = (2035-05)
 spin Up          -> YearChanged(2036) = (2036-05)
 spin Up
@@ -289,7 +295,7 @@ move 3,3
 click 3,3        -> DateChanged(2024-06-12) DayChanged(12) MonthChanged(6) | CloseUp() = 2024-06-12
 key F4           -> DropDown(False)
 click YearBack   -> YearChanged(2023) = (2023-06)
-key Escape       -> YearChanged(2024) CloseUp() = (2024-06)
+key Escape       -> MonthChanged(6) YearChanged(2024) CloseUp() = (2024-06)
 key F4           -> DropDown(False)
 click MonthForward -> MonthChanged(7) = (2024-07)
 key Right        -> DateChanged(2024-06-13) DayChanged(13) MonthChanged(6) = 2024-06-13
