@@ -50,8 +50,9 @@ void VmCalendar::OnMouseDoubleClick(std::int16_t button, std::int16_t shift, flo
     const Lifetime::Watch alive(m_lifetime);
     OnMouseDown(button, shift, x, y);
     if (!alive) return;
+    if ((button & kButtonLeft) == 0) return;
     m_press.clicks = false;
-    if ((button & kButtonLeft) != 0 && m_platform.windowing.TakesInput()) m_events.DblClick.Raise();
+    if (m_platform.windowing.TakesInput()) m_events.DblClick.Raise();
 }
 
 void VmCalendar::OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
@@ -90,10 +91,7 @@ std::optional<Arrow> VmCalendar::ArrowAt(float x, float y) {
     if (m_state.monthYearSelStyle != VmMonthSelArrows) return std::nullopt;
     const auto& arrows = Layout().arrows;
     for (std::size_t i = 0; i < arrows.size(); ++i) {
-        const Rect& arrow = arrows[i];
-        if (PtInCellRect({arrow.left, arrow.top, arrow.right - 1, arrow.bottom - 1}, x, y)) {
-            return static_cast<Arrow>(i);
-        }
+        if (PtInCellRect(arrows[i], x, y)) return static_cast<Arrow>(i);
     }
     return std::nullopt;
 }
@@ -142,15 +140,15 @@ void VmCalendar::Release(const Press& press, float x, float y) {
     if (*day != DayOf(m_state.dateValue)) {
         if (RequestUserDate(*day)) SelectDate(DateOf(*day));
         return;
-    const Lifetime::Watch alive(m_lifetime);
-    const unsigned change = m_dateChanges;
     }
     m_state.dateChosen = true;
+    const Lifetime::Watch alive(m_lifetime);
+    const unsigned change = m_dateChanges;
     if (m_state.alwaysDateChanged) {
         auto sameDay = static_cast<std::int16_t>(DayOfMonth(*day));
-    if (alive && change == m_dateChanges) ShowSelection();
         m_events.DayChanged.Raise(sameDay);
     }
+    if (alive && change == m_dateChanges) ShowSelection();
 }
 
 /// Moves the shown month, refused beyond the limits.
