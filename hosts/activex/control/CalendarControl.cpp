@@ -50,6 +50,7 @@ STDMETHODIMP CalendarControl::SetProps(IDispatch* holder) {
 }
 
 void CalendarControl::Paint(HDC context, std::span<const Rect> exposed) {
+    if (m_clock) m_clock->OnPaint();
     m_calendar.OnPaint(WinDrawing::SurfaceOf(context), exposed);
 }
 
@@ -63,7 +64,7 @@ void CalendarControl::OnWindowRecreated() {
     OnDropModeChanged();
     m_calendar.OnWindowRecreated();
     m_clock.reset();
-    if (Window().Window()) m_clock.emplace(m_calendar);
+    if (Window().Window()) m_clock.emplace(m_calendar, Window().Window());
 }
 
 }  // namespace velmora

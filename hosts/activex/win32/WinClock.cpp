@@ -21,16 +21,25 @@ public:
     Shared& operator=(const Shared&) = delete;
     ~Shared() { DestroyWindow(m_window); }
 
-    void Add(VmCalendar& calendar) {
-        m_calendars.push_back(&calendar);
+    void Add(WinClock& clock) {
+        m_clocks.push_back(&clock);
         Tell();
     }
-    void Remove(VmCalendar& calendar) { std::erase(m_calendars, &calendar); }
+    void Remove(WinClock& clock) {
+        std::erase(m_clocks, &clock);
+        if (m_clocks.empty()) KillTimer(m_window, 1);
+    }
 
 private:
+    /// Those that are to be seen no more run again with their next paint.
     void Tell() {
+        std::erase_if(m_clocks, [](WinClock* clock) {
+            clock->m_runs = IsWindowVisible(clock->m_window);
+            return !clock->m_runs;
+        });
+        if (m_clocks.empty()) return static_cast<void>(KillTimer(m_window, 1));
         std::chrono::milliseconds wait = std::chrono::hours(24);
-        for (VmCalendar* const calendar : m_calendars) wait = std::min(wait, calendar->OnClock());
+        for (WinClock* const clock : m_clocks) wait = std::min(wait, clock->m_calendar.OnClock());
         SetTimer(m_window, 1, static_cast<UINT>(wait.count()), nullptr);
     }
 
@@ -42,13 +51,16 @@ private:
     }
 
     const HWND m_window;
-    std::vector<VmCalendar*> m_calendars;
+    std::vector<WinClock*> m_clocks;
 };
 
-WinClock::WinClock(VmCalendar& calendar) : m_calendar(calendar), m_shared(ThreadShared<Shared>()) {
-    m_shared->Add(calendar);
-}
+WinClock::WinClock(VmCalendar& calendar, HWND window)
+    : m_calendar(calendar), m_window(window), m_shared(ThreadShared<Shared>()) {}
 
-WinClock::~WinClock() { m_shared->Remove(m_calendar); }
+WinClock::~WinClock() { m_shared->Remove(*this); }
+
+void WinClock::OnPaint() {
+    if (!m_runs) m_shared->Add(*this);
+}
 
 }  // namespace velmora

@@ -2,15 +2,56 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFileSystemWatcher>
 #include <QPointer>
+#include <QSocketNotifier>
 #include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <limits>
 #include <vector>
+
+#ifdef Q_OS_LINUX
+#include <sys/timerfd.h>
+#include <unistd.h>
+#endif
 
 namespace velmora {
 namespace {
+
+#ifdef Q_OS_LINUX
+/// Hears when the system's clock is set and when the machine has slept, which Qt's timers do not
+/// count, and when another time zone is chosen: then there is another file below /etc.
+class ClockNews {
+public:
+    explicit ClockNews(const std::function<void()>& tell)
+        : m_timer(timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC)) {
+        itimerspec never{};
+        never.it_value.tv_sec = std::numeric_limits<time_t>::max();
+        timerfd_settime(m_timer, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &never, nullptr);
+        QObject::connect(&m_zone, &QFileSystemWatcher::directoryChanged, &m_zone, tell);
+        QObject::connect(&m_set, &QSocketNotifier::activated, &m_set, [this, tell] {
+            std::uint64_t expirations = 0;
+            [[maybe_unused]] const auto size = read(m_timer, &expirations, sizeof expirations);
+            tell();
+        });
+    }
+    ClockNews(const ClockNews&) = delete;
+    ClockNews& operator=(const ClockNews&) = delete;
+    ~ClockNews() {
+        m_set.setEnabled(false);
+        close(m_timer);
+    }
+
+private:
+    const int m_timer;
+    QSocketNotifier m_set{m_timer, QSocketNotifier::Read};
+    QFileSystemWatcher m_zone{{QStringLiteral("/etc")}};
+};
+#endif
 
 /// The calendars that are to be seen, and the timer that they share.
 class Shown final : public QObject {
@@ -48,6 +89,9 @@ private:
     }
 
     QTimer m_timer;
+#ifdef Q_OS_LINUX
+    ClockNews m_news{[this] { Tell(); }};
+#endif
     std::vector<VmCalendar*> m_calendars;
 };
 

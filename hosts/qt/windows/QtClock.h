@@ -8,8 +8,9 @@ class QWidget;
 
 namespace velmora {
 
-/// Tells a calendar of the clock while its window is to be seen. All of them share one timer; the
-/// end of a machine's sleep and a changed clock are known when the application becomes active.
+/// Tells a calendar of the clock while its window is to be seen: at midnight, when clock or time
+/// zone have been set, and when the machine has slept. All of them share one timer. Elsewhere than
+/// on Linux a changed clock is known when the application becomes active.
 class QtClock final : public QObject {
 public:
     /// Both outlive this object.

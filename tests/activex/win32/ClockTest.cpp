@@ -6,20 +6,28 @@
 namespace velmora::test {
 namespace {
 
-TEST(WinClock, TellsOfTimersAndOfTheSystemsNews) {
+TEST(WinClock, TellsOfTimersAndOfTheSystemsNewsWhatIsToBeSeen) {
     TestCalendar test;
-    const WinClock clock(*test.calendar);
-    for (const UINT message : {WM_TIMER, WM_TIMECHANGE, WM_POWERBROADCAST}) {
+    const HWND window = CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,
+                                        nullptr, nullptr);
+    WinClock clock(*test.calendar, window);
+    for (const int shown : {SW_HIDE, SW_SHOWNA, SW_HIDE, SW_SHOWNA}) {
+        ShowWindow(window, shown);
         test.Paint();
-        test.TakeLog();
-        test.now.value += 1;
-        const auto send = [](HWND window, LPARAM what) -> BOOL {
-            SendMessageW(window, static_cast<UINT>(what), 0, 0);
-            return TRUE;
-        };
-        EnumThreadWindows(GetCurrentThreadId(), send, static_cast<LPARAM>(message));
-        EXPECT_EQ(Joined(test.TakeLog()), "repaint") << message;
+        clock.OnPaint();
+        for (const UINT message : {WM_TIMER, WM_TIMECHANGE, WM_POWERBROADCAST}) {
+            test.Paint();
+            test.TakeLog();
+            test.now.value += 1;
+            const auto send = [](HWND to, LPARAM what) -> BOOL {
+                SendMessageW(to, static_cast<UINT>(what), 0, 0);
+                return TRUE;
+            };
+            EnumThreadWindows(GetCurrentThreadId(), send, static_cast<LPARAM>(message));
+            EXPECT_EQ(Joined(test.TakeLog()), shown == SW_HIDE ? "" : "repaint") << message;
+        }
     }
+    DestroyWindow(window);
 }
 
 }  // namespace
