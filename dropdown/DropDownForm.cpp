@@ -1,6 +1,7 @@
 #include "dropdown/DropDownForm.h"
 
 #include "dropdown/VmCalDropDown.h"
+#include "platform/FlagScope.h"
 #include "platform/Keys.h"
 
 #include <utility>
@@ -16,10 +17,8 @@ DropDownForm::DropDownForm(const Platform& platform, FormWindow& window)
 }
 
 bool DropDownForm::OnPaint(SurfaceHandle surface, std::span<const Rect> exposed) {
-    bool painted = false;
-    m_painting = true;
-    RaiseThen([&] { painted = m_calendar.OnPaint(surface, exposed); }, [&] { m_painting = false; });
-    return painted;
+    const FlagScope painting(m_painting);
+    return m_calendar.OnPaint(surface, exposed);
 }
 
 void DropDownForm::ConnectDates() {

@@ -1,6 +1,7 @@
 #include "dropdown/VmCalDropDown.h"
 
 #include "dropdown/DropDownPainter.h"
+#include "platform/FlagScope.h"
 #include "platform/ScaleMode.h"
 
 #include <cmath>
@@ -30,9 +31,8 @@ void VmCalDropDown::StoreChanged(std::string_view member, std::string_view key) 
 
 void VmCalDropDown::PassOn(std::string_view member) {
     if (!OwnsForm()) return;
-    const bool before = std::exchange(m_passingOn, true);
-    RaiseThen([&] { m_form.Calendar().LetMember(member, m_store.GetMember(member)); },
-              [&] { m_passingOn = before; });
+    const FlagScope passingOn(m_passingOn);
+    m_form.Calendar().LetMember(member, m_store.GetMember(member));
 }
 
 void VmCalDropDown::Let(const WindowProperty<bool>& property, bool value) {

@@ -1,7 +1,7 @@
 #include "hosts/activex/control/InPlaceActivation.h"
 
 #include "hosts/activex/com/ComError.h"
-#include "hosts/activex/control/FlagScope.h"
+#include "platform/FlagScope.h"
 
 #include <olectl.h>
 

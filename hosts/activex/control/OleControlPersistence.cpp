@@ -1,8 +1,8 @@
 #include "hosts/activex/control/OleControl.h"
 
 #include "hosts/activex/com/ComBag.h"
-#include "hosts/activex/control/FlagScope.h"
 #include "platform/Automation.h"
+#include "platform/FlagScope.h"
 #include "platform/stores/MemoryBag.h"
 
 namespace velmora {

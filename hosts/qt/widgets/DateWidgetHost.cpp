@@ -73,33 +73,23 @@ void VmDateWidget::Host::PropertyChanged(std::string_view name) {
 }
 
 void VmDateWidget::Host::MouseDown(const QMouseEvent& event) {
-    With([&](auto& control) {
-        control.OnMouseDown(ButtonsOf(event.button()), ShiftOf(event.modifiers()), XOf(event),
-                            YOf(event));
-    });
+    With([&]<class Control>(Control& to) { TellMouse(to, &Control::OnMouseDown, event); });
 }
 
 void VmDateWidget::Host::DblClick(const QMouseEvent& event) {
     if (auto* const calendar = std::get_if<VmCalendar*>(&m_control)) {
-        (*calendar)->OnMouseDoubleClick(ButtonsOf(event.button()), ShiftOf(event.modifiers()),
-                                        XOf(event), YOf(event));
+        TellMouse(**calendar, &VmCalendar::OnMouseDoubleClick, event);
     } else {
         MouseDown(event);
     }
 }
 
 void VmDateWidget::Host::MouseMove(const QMouseEvent& event) {
-    With([&](auto& control) {
-        control.OnMouseMove(ButtonsOf(event.buttons()), ShiftOf(event.modifiers()), XOf(event),
-                            YOf(event));
-    });
+    With([&]<class Control>(Control& to) { TellMouse(to, &Control::OnMouseMove, event); });
 }
 
 void VmDateWidget::Host::MouseUp(const QMouseEvent& event) {
-    With([&](auto& control) {
-        control.OnMouseUp(ButtonsOf(event.button()), ShiftOf(event.modifiers()), XOf(event),
-                          YOf(event));
-    });
+    With([&]<class Control>(Control& to) { TellMouse(to, &Control::OnMouseUp, event); });
 }
 
 void VmDateWidget::Host::EnabledChanged() {

@@ -1,5 +1,7 @@
 #include "hosts/qt/widgets/VmCalDropDownHost.h"
 
+#include "platform/FlagScope.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPointer>
@@ -44,9 +46,8 @@ void VmCalDropDownWidget::Host::MouseUp(const QMouseEvent& event) {
 }
 
 void VmCalDropDownWidget::Host::WindowChanged() {
-    const bool outer = std::exchange(m_emitsLater, true);
+    const FlagScope closing(m_emitsLater);
     dropDown.OnWindowChanged();
-    m_emitsLater = outer;
 }
 
 void VmCalDropDownWidget::Host::LocaleChanged() {
@@ -65,9 +66,8 @@ void VmCalDropDownWidget::Host::FocusGained() {
 
 void VmCalDropDownWidget::Host::FocusLost() {
     if (QApplication::activeWindow() == m_form.get()) return;
-    const bool outer = std::exchange(m_emitsLater, true);
+    const FlagScope closing(m_emitsLater);
     dropDown.OnLostFocus();
-    m_emitsLater = outer;
 }
 
 }  // namespace velmora

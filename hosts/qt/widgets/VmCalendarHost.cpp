@@ -1,5 +1,7 @@
 #include "hosts/qt/widgets/VmCalendarHost.h"
 
+#include "platform/FlagScope.h"
+
 namespace velmora {
 
 VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
@@ -19,10 +21,8 @@ VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
 
 bool VmCalendarWidget::Host::Paint(QPainter& painter, const QRegion& exposed) {
     const QtDrawing::Surface surface(m_drawing, painter);
-    m_emitsLater = true;
-    const bool painted = calendar.OnPaint(surface.Handle(), RectsOf(exposed));
-    m_emitsLater = false;
-    return painted;
+    const FlagScope painting(m_emitsLater);
+    return calendar.OnPaint(surface.Handle(), RectsOf(exposed));
 }
 
 }  // namespace velmora

@@ -39,9 +39,9 @@ QVariantList UrlsOf(const QString& paths) {
     return urls;
 }
 
-class WrappedData final : public DataObject {
+class WrappedMimeData final : public DataObject {
 public:
-    explicit WrappedData(const QMimeData* content) : m_content(content) {}
+    explicit WrappedMimeData(const QMimeData* content) : m_content(content) {}
 
     bool HasFormat(std::int16_t format) const override {
         if (!m_content) return false;
@@ -129,7 +129,7 @@ std::int32_t ToEffects(Qt::DropActions actions) {
            (actions.testFlag(Qt::LinkAction) ? kDropLink : kDropNone);
 }
 
-DataRef WrapData(const QMimeData* content) { return std::make_shared<WrappedData>(content); }
+DataRef WrapData(const QMimeData* content) { return std::make_shared<WrappedMimeData>(content); }
 
 std::int32_t RunDrag(QWidget& source, const DataRef& data, std::int32_t allowedEffects,
                      const DragEvents& events) {

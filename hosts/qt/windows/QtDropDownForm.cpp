@@ -32,12 +32,12 @@ void QtFormWindowing::SetCapture() {
     TakeCapture();
 }
 
-void FormWindowing::ReleaseCapture() {
+void QtFormWindowing::ReleaseCapture() {
     m_wanted = false;
     if (QWidget::mouseGrabber() == &Widget()) Widget().releaseMouse();
 }
 
-void FormWindowing::TakeCapture() {
+void QtFormWindowing::TakeCapture() {
     if (!m_wanted || QWidget::mouseGrabber() == &Widget() || !Widget().isVisible() ||
         (QGuiApplication::mouseButtons() != Qt::NoButton && !m_releaseIsLost)) {
         return;
@@ -45,7 +45,7 @@ void FormWindowing::TakeCapture() {
     Widget().grabMouse();
 }
 
-void FormHosting::ShowAboutBox(const AboutText& text) {
+void QtFormHosting::ShowAboutBox(const AboutText& text) {
     const QWidget* const active = QApplication::activeWindow();
     ShowAbout(text, active ? *active : m_window);
 }
@@ -110,6 +110,10 @@ void QtDropDownForm::Show(const Rect& screen) {
     show();
 }
 
+const QScreen& QtDropDownForm::OwnersScreen() const {
+    return *QtDrawing::WidgetOf(m_form.GetOwner()->hWnd())->screen();
+}
+
 Rect QtDropDownForm::WorkArea() const {
     const QRect area = OwnersScreen().availableGeometry();
     return RectAt(area.x(), area.y(), {area.width(), area.height()});
@@ -171,19 +175,16 @@ void QtDropDownForm::changeEvent(QEvent* event) {
 void QtDropDownForm::mousePressEvent(QMouseEvent* event) {
     m_windowing.ReleaseIsLost(false);
     m_pressed = true;
-    m_form.Calendar().OnMouseDown(ButtonsOf(event->button()), ShiftOf(event->modifiers()),
-                                  XOf(*event), YOf(*event));
+    TellMouse(m_form.Calendar(), &VmCalendar::OnMouseDown, *event);
 }
 
 void QtDropDownForm::mouseMoveEvent(QMouseEvent* event) {
-    m_form.Calendar().OnMouseMove(ButtonsOf(event->buttons()), ShiftOf(event->modifiers()),
-                                  XOf(*event), YOf(*event));
+    TellMouse(m_form.Calendar(), &VmCalendar::OnMouseMove, *event);
 }
 
 void QtDropDownForm::mouseReleaseEvent(QMouseEvent* event) {
     m_pressed = false;
-    m_form.Calendar().OnMouseUp(ButtonsOf(event->button()), ShiftOf(event->modifiers()),
-                                XOf(*event), YOf(*event));
+    TellMouse(m_form.Calendar(), &VmCalendar::OnMouseUp, *event);
 }
 
 }  // namespace velmora

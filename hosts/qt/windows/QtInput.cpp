@@ -92,7 +92,10 @@ std::int16_t ButtonsOf(Qt::MouseButtons buttons) {
                                      (buttons.testFlag(Qt::MiddleButton) ? 4 : 0));
 }
 
-float XOf(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
-float YOf(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
+MouseInput MouseInputOf(const QMouseEvent& event) {
+    const bool moves = event.type() == QEvent::MouseMove;
+    return {ButtonsOf(moves ? event.buttons() : event.button()), ShiftOf(event.modifiers()),
+            static_cast<float>(event.position().x()), static_cast<float>(event.position().y())};
+}
 
 }  // namespace velmora

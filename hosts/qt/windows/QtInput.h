@@ -18,8 +18,21 @@ std::int16_t CharacterOf(const QKeyEvent& event);
 std::int16_t ShiftOf(Qt::KeyboardModifiers modifiers);
 /// 1 left, 2 right, 4 middle.
 std::int16_t ButtonsOf(Qt::MouseButtons buttons);
-/// Pixels of the widget that gets the event.
-float XOf(const QMouseEvent& event);
-float YOf(const QMouseEvent& event);
+/// A mouse event as the controls' members take it: the button, of a move those that are held, and
+/// the place in pixels of the widget that gets it.
+struct MouseInput {
+    std::int16_t button;
+    std::int16_t shift;
+    float x;
+    float y;
+};
+MouseInput MouseInputOf(const QMouseEvent& event);
+
+template <class Control>
+void TellMouse(Control& control, void (Control::*member)(std::int16_t, std::int16_t, float, float),
+               const QMouseEvent& event) {
+    const auto [button, shift, x, y] = MouseInputOf(event);
+    (control.*member)(button, shift, x, y);
+}
 
 }  // namespace velmora
