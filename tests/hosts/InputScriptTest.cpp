@@ -257,14 +257,6 @@ TEST(InputScript, TheWidgetsRaiseItsEvents) {
     }
 }
 
-TEST(InputScript, ATypedYearCountsBeforeANotchOfTheWheel) {
-    QtPlayer().Play(R"(
-calendar; let MonthYearSelStyle 2
-type 2030        = [5/2030]
-spin wheel       -> YearChanged(2030) YearChanged(2029) = (2029-05)
-)");
-}
-
 /// A slot of any signal does its worst in the middle of any step.
 TEST(InputScript, TheWidgetsSurviveTheirSlots) {
     const auto noisy = qInstallMessageHandler([](auto...) {});  // of what off screen there is not

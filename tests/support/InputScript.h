@@ -22,7 +22,7 @@ namespace velmora::test {
 ///     lose                    something else takes the mouse
 ///     list open, list KEY     the month list; `wheel` for a notch towards the user
 ///     type TEXT, year KEY     the year box
-///     spin Up, spin Down      the year's spinner by its arrows
+///     spin Up, Down, wheel    the year's spinner by its arrows or a notch
 ///     scroll on, back, page   the scroll bar by its arrows, and by twelve months
 ///     focus grid, focus away
 ///     answer EVENT NUMBER     from now on a handler sets the event's first argument
@@ -231,6 +231,8 @@ type 2033        = [5/2033]
 year Up          -> YearChanged(2033) YearChanged(2034) = (2034-05)
 spin Up          -> YearChanged(2035) = (2035-05) {all}
 spin Down        -> YearChanged(2034) = (2034-05)
+type 2030        = [5/2030]
+spin wheel       -> YearChanged(2030) YearChanged(2029) = (2029-05)
 type 2032        = [5/2032]
 spin Up          -> YearChanged(2032) YearChanged(2033) = (2033-05)
 spin Up          -> YearChanged(2034) = (2034-05)

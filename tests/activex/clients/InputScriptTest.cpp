@@ -94,6 +94,10 @@ private:
                            : verb == "focus"
                                ? (what == "grid" ? Window() : form->Window())
                                : Child(verb == "type" || verb == "year" ? L"Edit" : L"ScrollBar");
+        if (what == "wheel") {
+            SendMessageW(child, WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+            return;
+        }
         if (verb == "spin" || verb == "scroll") return Scroll(child, verb, what);
         if (GetFocus() != child) SetFocus(child);
         if (verb == "type") {
@@ -103,8 +107,6 @@ private:
         } else if (what == "open") {
             MoveMouse(OnScreen(form->Window(), 1, 1));  // an open list follows the pointer
             SendMessageW(child, CB_SHOWDROPDOWN, TRUE, 0);
-        } else if (what == "wheel") {
-            SendMessageW(child, WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
         } else if (verb != "focus") {
             TypeKey(kKeys.at(what));
         }
