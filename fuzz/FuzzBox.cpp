@@ -22,7 +22,7 @@ public:
         }
     }
 
-    void Do() {
+    void DoDeed() {
         const auto deed = m_bytes.Take<std::uint8_t>();
         TestBoxes::Box& box = deed >= 128 ? m_boxes.a : m_boxes.b;
         VmCalDropDown& control = *box.control;
@@ -78,7 +78,7 @@ private:
         constexpr int kDeepest = 2;
         if (m_depth >= kDeepest || m_bytes.Take<std::uint8_t>() % 4 != 1) return;
         ++m_depth;
-        Do();
+        DoDeed();
         --m_depth;
     }
 
@@ -114,7 +114,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ByteReader bytes(data, size);
     Player player(bytes);
     for (int i = 0; i < kMostDeeds && !bytes.AtEnd(); ++i) {
-        player.Do();
+        player.DoDeed();
         player.Check();
     }
     player.Paint();

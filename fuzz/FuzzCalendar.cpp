@@ -51,7 +51,7 @@ void UseSelectors(TestCalendar& test, ByteReader& deeds) {
     calendar.OnSelectorLeave();
 }
 
-void Do(TestCalendar& test, ByteReader& deeds) {
+void DoDeed(TestCalendar& test, ByteReader& deeds) {
     switch (const auto deed = deeds.Take<std::uint8_t>(); deed % 8) {
         case 0:
         case 1: {
@@ -115,7 +115,7 @@ void LiveThrough(PropertyBag& bag, ByteReader deeds) {
     test.calendar->OnWindowChanged();
     Paint(test);
     for (int i = 0; i < kMostDeeds && !deeds.AtEnd(); ++i) {
-        Do(test, deeds);
+        DoDeed(test, deeds);
         Paint(test);
         Check(test);
     }

@@ -26,7 +26,7 @@ public:
     Element Next() noexcept;
 
 private:
-    std::string_view Take(std::size_t length) noexcept;
+    std::string_view TakeText(std::size_t length) noexcept;
     std::size_t RunLength(char letter) const noexcept;
 
     std::string_view m_rest;
@@ -56,7 +56,7 @@ std::size_t LongestRun(char letter) noexcept {
     }
 }
 
-std::string_view ExpressionReader::Take(std::size_t length) noexcept {
+std::string_view ExpressionReader::TakeText(std::size_t length) noexcept {
     const std::string_view taken = m_rest.substr(0, length);
     m_rest.remove_prefix(taken.size());
     return taken;
@@ -74,23 +74,23 @@ std::size_t ExpressionReader::RunLength(char letter) const noexcept {
 Element ExpressionReader::Next() noexcept {
     const char letter = LowerAscii(m_rest.front());
     if (letter == '\\') {
-        Take(1);
-        return {0, 0, Take(1)};
+        TakeText(1);
+        return {0, 0, TakeText(1)};
     }
     if (letter == '"') {
-        Take(1);
-        const std::string_view text = Take(m_rest.find('"'));
-        Take(1);
+        TakeText(1);
+        const std::string_view text = TakeText(m_rest.find('"'));
+        TakeText(1);
         return {0, 0, text};
     }
-    if (letter == '/' || letter == ':') return {letter, 1, Take(1)};
+    if (letter == '/' || letter == ':') return {letter, 1, TakeText(1)};
     if (letter == 'a') {
-        if (const std::size_t length = MeridiemLength(m_rest)) return {letter, 1, Take(length)};
+        if (const std::size_t length = MeridiemLength(m_rest)) return {letter, 1, TakeText(length)};
     }
     if (const std::size_t run = RunLength(letter)) {
-        return {letter, static_cast<int>(run), Take(run)};
+        return {letter, static_cast<int>(run), TakeText(run)};
     }
-    return {0, 0, Take(1)};
+    return {0, 0, TakeText(1)};
 }
 
 /// Whether the expression has the element of that letter, in at most `letters` of them.
@@ -161,7 +161,7 @@ public:
           m_firstWeek(firstWeek) {}
 
     void Write(std::string_view expression);
-    std::string Take() { return std::move(m_text); }
+    std::string TakeText() { return std::move(m_text); }
 
 private:
     // Rounded to the nearest second, but never into the next day: text must not change a day.
@@ -320,7 +320,7 @@ std::string FormatDate(const DateLocale& locale, Date date, std::string_view exp
                        int firstDayOfWeek, FirstWeekOfYear firstWeek) {
     Formatter formatter(locale, date, firstDayOfWeek, firstWeek);
     formatter.Write(ExpressionOf(expression));
-    return formatter.Take();
+    return formatter.TakeText();
 }
 
 }  // namespace velmora

@@ -20,11 +20,12 @@ bool IsNumeric(VarType type) {
     }
 }
 
-Variant CopyOf(const Variant& value) {
+/// Fonts change, pictures do not. Error 13: another object.
+Variant Unshared(const Variant& value) {
     const auto* object = value.As<ObjectRef>();
     if (!object || !*object) return value;
     if (const auto font = std::dynamic_pointer_cast<StdFont>(*object)) {
-        return ObjectRef(std::make_shared<StdFont>(*font));
+        return ObjectRef(CopyOf(font));
     }
     if (!std::dynamic_pointer_cast<StdPicture>(*object)) RaiseTypeMismatch();
     return value;
@@ -42,12 +43,12 @@ bool IsDefaultValue(const Variant& value, const Variant& defaultValue) {
 
 Variant MemoryBag::ReadProperty(std::string_view name, const Variant& defaultValue) {
     const auto found = m_slots.find(name);
-    return found == m_slots.end() ? defaultValue : CopyOf(found->second.value);
+    return found == m_slots.end() ? defaultValue : Unshared(found->second.value);
 }
 
 void MemoryBag::WriteProperty(std::string_view name, const Variant& value,
                               const Variant& defaultValue) {
-    Variant copy = CopyOf(value);
+    Variant copy = Unshared(value);
     const auto found = m_slots.find(name);
     if (IsDefaultValue(value, defaultValue)) {
         if (found != m_slots.end()) m_slots.erase(found);
@@ -72,7 +73,7 @@ std::vector<NamedValue> MemoryBag::Values() const {
               [](const auto* a, const auto* b) { return a->second.place < b->second.place; });
     std::vector<NamedValue> values;
     values.reserve(slots.size());
-    for (const auto* slot : slots) values.push_back({slot->first, CopyOf(slot->second.value)});
+    for (const auto* slot : slots) values.push_back({slot->first, Unshared(slot->second.value)});
     return values;
 }
 

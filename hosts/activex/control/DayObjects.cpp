@@ -42,13 +42,13 @@ protected:
     /// Runs a member that stores its result where the client wants it. Handlers may drop the last
     /// reference meanwhile.
     template <class Out, class Body>
-    HRESULT Give(Out* out, Body body) {
+    HRESULT RunGetter(Out* out, Body body) {
         if (!out) return E_POINTER;
         *out = {};
         return Guard([&] { body(*out); });
     }
     template <class Body>
-    HRESULT Take(Body body) {
+    HRESULT RunSetter(Body body) {
         const ComPtr<Interface> self = this;
         return Guard(body);
     }
@@ -62,44 +62,44 @@ public:
     using Published::Published;
 
     STDMETHODIMP get_Dirty(VARIANT_BOOL* value) override {
-        return Give(value, [&](VARIANT_BOOL& out) {
+        return RunGetter(value, [&](VARIANT_BOOL& out) {
             out = m_core->Dirty() ? VARIANT_TRUE : VARIANT_FALSE;
         });
     }
     STDMETHODIMP get_BackColor(VARIANT* value) override {
-        return Give(value,
-                    [&](VARIANT& out) { ToComVariant(m_core->BackColor(), *m_objects, out); });
+        return RunGetter(value,
+                         [&](VARIANT& out) { ToComVariant(m_core->BackColor(), *m_objects, out); });
     }
     STDMETHODIMP put_BackColor(VARIANT value) override {
-        return Take([&] { m_core->BackColor(FromComVariant(value, *m_objects)); });
+        return RunSetter([&] { m_core->BackColor(FromComVariant(value, *m_objects)); });
     }
     STDMETHODIMP get_Caption(BSTR* value) override {
-        return Give(value, [&](BSTR& out) { out = ToBstr(m_core->Caption()); });
+        return RunGetter(value, [&](BSTR& out) { out = ToBstr(m_core->Caption()); });
     }
     STDMETHODIMP put_Caption(BSTR value) override {
-        return Take([&] { m_core->Caption(FromBstr(value)); });
+        return RunSetter([&] { m_core->Caption(FromBstr(value)); });
     }
     STDMETHODIMP get_ForeColor(VARIANT* value) override {
-        return Give(value,
-                    [&](VARIANT& out) { ToComVariant(m_core->ForeColor(), *m_objects, out); });
+        return RunGetter(value,
+                         [&](VARIANT& out) { ToComVariant(m_core->ForeColor(), *m_objects, out); });
     }
     STDMETHODIMP put_ForeColor(VARIANT value) override {
-        return Take([&] { m_core->ForeColor(FromComVariant(value, *m_objects)); });
+        return RunSetter([&] { m_core->ForeColor(FromComVariant(value, *m_objects)); });
     }
     STDMETHODIMP get_DayDate(DATE* value) override {
-        return Give(value, [&](DATE& out) { out = m_core->DayDate().value; });
+        return RunGetter(value, [&](DATE& out) { out = m_core->DayDate().value; });
     }
     STDMETHODIMP put_DayDate(DATE value) override {
-        return Take([&] { m_core->DayDate(Date(value)); });
+        return RunSetter([&] { m_core->DayDate(Date(value)); });
     }
     STDMETHODIMP get_Picture(IPictureDisp** value) override {
-        return Give(value, [&](IPictureDisp*& out) {
+        return RunGetter(value, [&](IPictureDisp*& out) {
             const auto picture = m_objects->ToClient(m_core->Picture());
             if (picture) Require(picture->QueryInterface(IID_PPV_ARGS(&out)));
         });
     }
     STDMETHODIMP put_Picture(IPictureDisp* value) override {
-        return Take([&] {
+        return RunSetter([&] {
             const ObjectRef picture = m_objects->FromClient(value);
             m_core->Picture(FromVariant<PictureRef>(picture));
         });
@@ -118,33 +118,33 @@ public:
     ~DaysObject() override { m_core->DayChanged.Disconnect(m_connection); }
 
     STDMETHODIMP get_DefaultBackColor(::OLE_COLOR* value) override {
-        return Give(value, [&](::OLE_COLOR& out) { out = m_core->DefaultBackColor(); });
+        return RunGetter(value, [&](::OLE_COLOR& out) { out = m_core->DefaultBackColor(); });
     }
     STDMETHODIMP put_DefaultBackColor(::OLE_COLOR value) override {
-        return Take([&] { m_core->DefaultBackColor(value); });
+        return RunSetter([&] { m_core->DefaultBackColor(value); });
     }
     STDMETHODIMP get_OtherMonthForeColor(::OLE_COLOR* value) override {
-        return Give(value, [&](::OLE_COLOR& out) { out = m_core->OtherMonthForeColor(); });
+        return RunGetter(value, [&](::OLE_COLOR& out) { out = m_core->OtherMonthForeColor(); });
     }
     STDMETHODIMP put_OtherMonthForeColor(::OLE_COLOR value) override {
-        return Take([&] { m_core->OtherMonthForeColor(value); });
+        return RunSetter([&] { m_core->OtherMonthForeColor(value); });
     }
     STDMETHODIMP get_DefaultForeColor(::OLE_COLOR* value) override {
-        return Give(value, [&](::OLE_COLOR& out) { out = m_core->DefaultForeColor(); });
+        return RunGetter(value, [&](::OLE_COLOR& out) { out = m_core->DefaultForeColor(); });
     }
     STDMETHODIMP put_DefaultForeColor(::OLE_COLOR value) override {
-        return Take([&] { m_core->DefaultForeColor(value); });
+        return RunSetter([&] { m_core->DefaultForeColor(value); });
     }
     STDMETHODIMP get_Item(short index, ::_VmDay** value) override {
-        return Give(value, [&](::_VmDay*& out) {
+        return RunGetter(value, [&](::_VmDay*& out) {
             Require(m_objects->ToClient(m_core->Item(index))->QueryInterface(IID_PPV_ARGS(&out)));
         });
     }
     STDMETHODIMP get_Count(long* value) override {
-        return Give(value, [&](long& out) { out = m_core->Count(); });
+        return RunGetter(value, [&](long& out) { out = m_core->Count(); });
     }
     STDMETHODIMP get_NewEnum(IUnknown** value) override {
-        return Give(value, [&](IUnknown*& out) {
+        return RunGetter(value, [&](IUnknown*& out) {
             std::vector<ComPtr<IDispatch>> days;
             std::vector<VARIANT> items;  // borrow the days
             for (const DayRef& day : m_core->Items()) {
@@ -182,7 +182,8 @@ public:
         return S_OK;
     }
     STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
-        return Give(info, [&](ITypeInfo*& out) { out = OwnTypeInfo(__uuidof(::VmDays)).Detach(); });
+        return RunGetter(info,
+                         [&](ITypeInfo*& out) { out = OwnTypeInfo(__uuidof(::VmDays)).Detach(); });
     }
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override {
         if (!guid) return E_POINTER;
