@@ -4,7 +4,6 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "apps/gallery/DateBoxPage.h"
 #include "apps/gallery/Pages.h"
-#include "hosts/qt/windows/QtDropDownForm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -81,11 +80,11 @@ QPixmap GalleryWindow::Picture() {
     QApplication::processEvents();  // paints, which makes first events
     QApplication::processEvents();  // shows them
     QPixmap picture = grab();
-    QWidget& calendar = *QtDropDownForm::Shared();
-    if (box && calendar.isVisible()) {
-        QPainter(&picture).drawPixmap(mapFromGlobal(calendar.pos()), calendar.grab());
-        box->setDropDownState(false);
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (!box || window == this || !window->isVisible()) continue;
+        QPainter(&picture).drawPixmap(mapFromGlobal(window->pos()), window->grab());
     }
+    if (box) box->setDropDownState(false);
     return picture;
 }
 

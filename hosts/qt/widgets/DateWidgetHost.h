@@ -20,7 +20,7 @@ namespace velmora {
 /// The control of one widget with what it stands on. Its notifications become the widget's signals,
 /// whose slots may delete the widget and with it this object: no member that calls into the control
 /// touches anything afterwards, unless it has made sure that the widget lives.
-class VmDateWidget::Host : public QtHosting {
+class Q_DECL_HIDDEN VmDateWidget::Host : public QtHosting {
 public:
     /// The window and the control are members of the derived class, which makes them after this.
     Host(VmDateWidget& widget, QtWindowing& windowing, AnyControl control);

@@ -31,7 +31,7 @@ private:
 };
 
 /// What stands behind the widget of a date box.
-class VmCalDropDownWidget::Host final : public VmDateWidget::Host {
+class Q_DECL_HIDDEN VmCalDropDownWidget::Host final : public VmDateWidget::Host {
 public:
     explicit Host(VmCalDropDownWidget& widget);
 

@@ -11,7 +11,7 @@ class QRegion;
 namespace velmora {
 
 /// What stands behind the widget of a calendar.
-class VmCalendarWidget::Host final : public VmDateWidget::Host {
+class Q_DECL_HIDDEN VmCalendarWidget::Host final : public VmDateWidget::Host {
 public:
     explicit Host(VmCalendarWidget& widget);
 

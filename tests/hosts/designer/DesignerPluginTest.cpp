@@ -18,8 +18,8 @@
 
 #include <memory>
 
-/// The plug-in as Designer and the loaders of forms see it. Its classes are not those that this
-/// program links, so its objects are known by names only.
+/// The plug-in as Designer and the loaders of forms see it. This program links no widgets, so
+/// its objects are known by names only.
 namespace velmora {
 namespace {
 

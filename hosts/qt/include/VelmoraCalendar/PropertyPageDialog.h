@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VelmoraCalendar/QtExport.h"
+
 #include <QDialog>
 #include <QLocale>
 
@@ -21,7 +23,7 @@ class PropertyPageWidget;
 /// properties, so any object that offers such names will do; what it lacks is disabled.
 ///
 /// A page that the object refused something of stays changed, and keeps OK from closing.
-class PropertyPageDialog : public QDialog {
+class VELMORA_QT_API PropertyPageDialog : public QDialog {
     Q_OBJECT
 
 public:
@@ -59,6 +61,6 @@ private:
 };
 
 /// What a calendar or date box widget shows, for access by name; null for any other widget.
-AutomationObject* AutomationOf(QWidget& widget);
+VELMORA_QT_API AutomationObject* AutomationOf(QWidget& widget);
 
 }  // namespace velmora

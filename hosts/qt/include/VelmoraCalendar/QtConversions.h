@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VelmoraCalendar/QtExport.h"
+
 #include <QColor>
 #include <QDate>
 #include <QDateTime>
@@ -29,26 +31,26 @@ inline QString ToQString(std::string_view text) {
 }
 
 /// The day, without a time; one beyond the calendar's years stays beyond them. `date` is valid.
-Date ToDate(QDate date);
-QDate ToQDate(DayNumber day);
+VELMORA_QT_API Date ToDate(QDate date);
+VELMORA_QT_API QDate ToQDate(DayNumber day);
 /// With the time of day, to the millisecond; the time zone plays no part.
-Date ToDate(const QDateTime& moment);
-QDateTime ToQDateTime(Date date);
+VELMORA_QT_API Date ToDate(const QDateTime& moment);
+VELMORA_QT_API QDateTime ToQDateTime(Date date);
 /// The present moment.
-Date LocalNow();
+VELMORA_QT_API Date LocalNow();
 
 /// A plain RGB value; `color` is valid, its alpha is dropped.
-OLE_COLOR ToOleColor(const QColor& color);
-QColor ToQColor(Rgb color);
+VELMORA_QT_API OLE_COLOR ToOleColor(const QColor& color);
+VELMORA_QT_API QColor ToQColor(Rgb color);
 
 /// Sizes given in pixels become the points they come to on the screen.
-StdFont ToStdFont(const QFont& font);
-QFont ToQFont(const StdFont& font);
+VELMORA_QT_API StdFont ToStdFont(const QFont& font);
+VELMORA_QT_API QFont ToQFont(const StdFont& font);
 
 /// One pixel of the image is one pixel of the picture, at the primary screen's resolution. Null for
 /// a null image.
-PictureRef ToPicture(const QImage& image, PictureType type);
+VELMORA_QT_API PictureRef ToPicture(const QImage& image, PictureType type);
 /// Null for a picture without pixels.
-QImage ToQImage(const PictureRef& picture);
+VELMORA_QT_API QImage ToQImage(const PictureRef& picture);
 
 }  // namespace velmora

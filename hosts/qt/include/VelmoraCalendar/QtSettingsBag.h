@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VelmoraCalendar/QtExport.h"
 #include "platform/PropertyBag.h"
 
 #include <QString>
@@ -12,7 +13,7 @@ namespace velmora {
 /// type, as in the text file ("date 43905.5"), so that it is the same behind every format of
 /// settings. Entries of other programs or people are read by what they are: numbers, Booleans,
 /// text. Names are those of properties: letters and digits.
-class QtSettingsBag final : public PropertyBag {
+class VELMORA_QT_API QtSettingsBag final : public PropertyBag {
 public:
     /// `settings` outlives the bag. An empty group stores at the top of the current one.
     explicit QtSettingsBag(QSettings& settings, QString group = {});

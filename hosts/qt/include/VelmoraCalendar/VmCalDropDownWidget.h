@@ -10,7 +10,7 @@ class VmCalDropDown;
 
 /// The date box as a Qt widget: a date as text, with a calendar that opens below it. What it has
 /// of its own is described with `VmCalDropDown`.
-class VmCalDropDownWidget : public VmDateWidget {
+class VELMORA_QT_API VmCalDropDownWidget : public VmDateWidget {
     Q_OBJECT
     Q_PROPERTY(QFont comboFont READ comboFont WRITE setComboFont)
     Q_PROPERTY(QString dateFormat READ dateFormat WRITE setDateFormat)

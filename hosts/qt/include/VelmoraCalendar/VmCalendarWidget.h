@@ -7,7 +7,7 @@ namespace velmora {
 class VmCalendar;
 
 /// The month calendar as a Qt widget.
-class VmCalendarWidget : public VmDateWidget {
+class VELMORA_QT_API VmCalendarWidget : public VmDateWidget {
     Q_OBJECT
     Q_PROPERTY(Appearance appearance READ appearance WRITE setAppearance)
     Q_PROPERTY(QDate dateValue READ dateValue WRITE setDateValue NOTIFY dateValueChanged USER true)

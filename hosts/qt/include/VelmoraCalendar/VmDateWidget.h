@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VelmoraCalendar/QtExport.h"
+
 #include <QColor>
 #include <QDate>
 #include <QFont>
@@ -27,7 +29,7 @@ using PictureRef = std::shared_ptr<StdPicture>;
 ///
 /// Colours that were never set follow the widget's palette; dates and names follow its locale.
 /// Any slot may change any property or delete the widget.
-class VmDateWidget : public QWidget {
+class VELMORA_QT_API VmDateWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QDate dateMax READ dateMax WRITE setDateMax)
     Q_PROPERTY(QDate dateMin READ dateMin WRITE setDateMin)
@@ -250,7 +252,7 @@ private:
 };
 
 /// Pictures for days and pointers. An icon is drawn at 32 x 32 pixels, a bitmap at its own size.
-PictureRef bitmapPicture(const QImage& image);
-PictureRef iconPicture(const QImage& image);
+VELMORA_QT_API PictureRef bitmapPicture(const QImage& image);
+VELMORA_QT_API PictureRef iconPicture(const QImage& image);
 
 }  // namespace velmora

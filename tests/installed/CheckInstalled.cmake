@@ -1,0 +1,66 @@
+# Installs the library below FOLDER and uses it as others do: by CMake with and without Qt, by
+# pkg-config, from a form that uic has compiled and from the same one loaded with the plug-in. KIND
+# static takes the build tree BUILD, shared one of its own, for debugging, that is kept for the next time.
+set(prefix ${FOLDER}/prefix)
+set(examples ${SOURCE}/examples)
+file(REMOVE_RECURSE ${prefix})
+
+function(run)
+    execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output
+        ERROR_VARIABLE output)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "failed (${result}): ${ARGV}\n${output}")
+    endif()
+endfunction()
+
+# build_project(FOLDER SOURCE "OPTIONS" TARGET...): all targets, or those.
+function(build_project folder source options)
+    run(${CMAKE_COMMAND} -S ${source} -B ${folder} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${COMPILER}
+        -DCMAKE_PREFIX_PATH=${prefix} ${options})
+    list(PREPEND ARGN --target)
+    if(ARGC EQUAL 3)
+        set(ARGN)
+    endif()
+    run(${CMAKE_COMMAND} --build ${folder} ${ARGN})
+endfunction()
+
+if(KIND STREQUAL shared)
+    set(BUILD ${FOLDER}/library)
+    build_project(${BUILD} ${SOURCE}
+        "-DBUILD_SHARED_LIBS=ON;-DCMAKE_BUILD_TYPE=Debug;-DCMAKE_CXX_FLAGS_DEBUG=-O0"
+        velmora_designer velmora_dropdown velmora_proppages)
+endif()
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
+file(GLOB_RECURSE plugin ${prefix}/*/libvelmora_designer.so)
+file(GLOB_RECURSE library ${prefix}/*/libvelmora_qt.so)
+get_filename_component(plugins ${plugin}/../.. ABSOLUTE)
+set(ENV{QT_PLUGIN_PATH} ${plugins})
+set(ENV{QT_QPA_PLATFORM} offscreen)
+
+set(outside ${CMAKE_CURRENT_LIST_DIR})
+build_project(${FOLDER}/core ${outside} "-DPART=Core;-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON")
+run(${FOLDER}/core/outside)
+build_project(${FOLDER}/qt ${outside}
+    "-DPART=Qt;-DFORM=${examples}/qt_installed/appointment.ui")
+run(${FOLDER}/qt/outside)
+
+file(GLOB_RECURSE packages ${prefix}/*.pc)
+get_filename_component(packages ${packages} DIRECTORY)
+list(GET packages 0 ENV{PKG_CONFIG_PATH})
+foreach(pair ${outside}/core.cpp=velmora-calendar
+        ${examples}/qt_minimal/main.cpp=velmora-calendar-qt6)
+    string(REPLACE = ";" pair ${pair})
+    list(GET pair 0 source)
+    list(GET pair 1 package)
+    run(bash -c "${COMPILER} ${source} $(pkg-config --cflags --libs ${package}) -o ${FOLDER}/${package}")
+endforeach()
+
+if(KIND STREQUAL shared)
+    run(${SOURCE}/scripts/check-exports ${library} ${prefix}/include)
+else()
+    build_project(${FOLDER}/example ${examples}/qt_installed "")
+    run(${FOLDER}/example/appointment --picture ${FOLDER}/compiled.png)
+    run(${FOLDER}/example/appointment --picture ${FOLDER}/loaded.png
+        --load ${examples}/qt_installed/appointment.ui)
+    run(${CMAKE_COMMAND} -E compare_files ${FOLDER}/compiled.png ${FOLDER}/loaded.png)
+endif()
