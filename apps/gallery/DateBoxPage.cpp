@@ -61,7 +61,8 @@ constexpr Row kRows[] = {
     {"Disabled", [](Box& box) { box.setEnabled(false); }},
     {"Refuses to open",
      [](Box& box) {
-         QObject::connect(&box, &Box::dropDown, &box, [](bool& cancel) { cancel = true; });
+         QObject::connect(&box, &Box::dropDown, &box,
+                          [](VmDropDownArguments* opening) { opening->setCancel(true); });
      }},
 };
 

@@ -1,16 +1,28 @@
 #include "apps/gallery/EventLog.h"
 
+#include <QMetaProperty>
 #include <QStringList>
+
+#include <type_traits>
 
 namespace velmora {
 namespace {
 
 QString TextOf(QDate date) { return date.toString(Qt::ISODate); }
 QString TextOf(const QString& text) { return text; }
-QString TextOf(const DataRef&) { return QStringLiteral("..."); }
-QString TextOf(bool value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
+/// The arguments of an event, by their names.
+QString TextOf(const QObject* arguments) {
+    QStringList values;
+    const QMetaObject& type = *arguments->metaObject();
+    for (int i = QObject::staticMetaObject.propertyCount(); i < type.propertyCount(); ++i) {
+        const QMetaProperty property = type.property(i);
+        values += QString::fromLatin1(property.name()) + QStringLiteral(" ") +
+                  property.read(arguments).toString();
+    }
+    return values.join(QStringLiteral(", "));
+}
 template <class Number>
-QString TextOf(Number value) {
+requires std::is_arithmetic_v<Number> QString TextOf(Number value) {
     return QString::number(value);
 }
 

@@ -10,12 +10,15 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QFile>
 #include <QLineEdit>
+#include <QMetaMethod>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 #include <map>
 #include <memory>
+#include <sstream>
 
 namespace velmora {
 namespace {
@@ -25,7 +28,7 @@ public:
     /// The event by which a widget loses the mouse.
     explicit QtPlayer(QEvent::Type loss = QEvent::UngrabMouse) : m_loss(loss) {}
 
-private:
+protected:
     void Make(Kind kind) override {
         m_window = std::make_unique<QWidget>();
         m_calendar = nullptr;
@@ -52,14 +55,24 @@ private:
         QObject::connect(widget, &Any::dateChanged, [this](QDate date) {
             Noting("DateChanged")(date.toString(Qt::ISODate).toStdString());
         });
-        QObject::connect(widget, &Any::propertyChanged,
-                         [this](const QString& name) { NoteProperty(name.toStdString()); });
+        QObject::connect(widget, &Any::propertyChanged, [this](const QString& name) {
+            NoteProperty(name.left(1).toUpper().toStdString() + name.mid(1).toStdString());
+        });
+        const auto key = [this](const char* name) {
+            return [this, name](VmKeyArguments* arguments) {
+                int code = arguments->keyCode();
+                Noting(name)(code, arguments->shift());
+                arguments->setKeyCode(code);
+            };
+        };
+        QObject::connect(widget, &Any::keyDown, key("KeyDown"));
+        QObject::connect(widget, &Any::keyUp, key("KeyUp"));
+        QObject::connect(widget, &Any::keyPress, [this](VmKeyPressArguments* arguments) {
+            Noting("KeyPress")(arguments->keyAscii());
+        });
         note(widget, &Any::dayChanged, "DayChanged");
         note(widget, &Any::monthChanged, "MonthChanged");
         note(widget, &Any::yearChanged, "YearChanged");
-        note(widget, &Any::keyDown, "KeyDown");
-        note(widget, &Any::keyPress, "KeyPress");
-        note(widget, &Any::keyUp, "KeyUp");
         note(widget, &Any::mouseDown, "MouseDown");
         note(widget, &Any::mouseUp, "MouseUp");
         QObject::connect(widget, &Any::mouseMove, NotingMove());
@@ -68,7 +81,12 @@ private:
             note(m_calendar, &VmCalendarWidget::dblClick, "DblClick");
         } else {
             note(m_box, &VmCalDropDownWidget::closeUp, "CloseUp");
-            note(m_box, &VmCalDropDownWidget::dropDown, "DropDown");
+            QObject::connect(m_box, &VmCalDropDownWidget::dropDown,
+                             [this](VmDropDownArguments* opening) {
+                                 bool cancel = opening->cancel();
+                                 Noting("DropDown")(cancel);
+                                 opening->setCancel(cancel);
+                             });
         }
         widget->setGeometry(150, 10, width, height);
     }
@@ -246,7 +264,11 @@ private:
 
     const QEvent::Type m_loss;
     std::unique_ptr<QWidget> m_window;
+
+protected:
     QPointer<QWidget> m_widget;
+
+private:
     VmCalendarWidget* m_calendar = nullptr;
     VmCalDropDownWidget* m_box = nullptr;
 };
@@ -254,6 +276,110 @@ private:
 TEST(InputScript, TheWidgetsRaiseItsEvents) {
     for (const auto loss : {QEvent::UngrabMouse, QEvent::Hide, QEvent::WindowDeactivate}) {
         QtPlayer(loss).Play(test::kInputScript);
+    }
+}
+
+/// The names of a widget's signals, in their order.
+class SignalLog : public QObject {
+public:
+    explicit SignalLog(QObject& widget) : m_type(*widget.metaObject()) {
+        for (int i = QWidget::staticMetaObject.methodCount(); i < m_type.methodCount(); ++i) {
+            if (m_type.method(i).methodType() != QMetaMethod::Signal) continue;
+            QMetaObject::connect(&widget, i, this, staticMetaObject.methodCount() + i);
+        }
+    }
+    int qt_metacall(QMetaObject::Call call, int id, void** arguments) override {
+        const int index = QObject::qt_metacall(call, id, arguments);
+        if (index < 0) return index;
+        QByteArray name = m_type.method(index).name();
+        if (name == "propertyChanged") {
+            name += '(' + static_cast<const QString*>(arguments[1])->toLatin1() + ')';
+        }
+        if (name != "mouseMove") told += told.isEmpty() ? name : ", " + name;
+        return -1;
+    }
+
+    QByteArray told;
+
+private:
+    const QMetaObject& m_type;
+};
+
+/// Does what a row of the guide says, and tells which signals that brings.
+class SignalPlayer : public QtPlayer {
+public:
+    QByteArray Told(const char* const (&row)[3]) {
+        std::istringstream steps(row[1]);
+        for (std::string step; std::getline(steps >> std::ws, step, ';');) Do(step);
+        m_log->told.clear();
+        Do(row[2]);
+        Settle({});
+        return std::exchange(m_log->told, {});
+    }
+
+private:
+    void Make(Kind kind) override {
+        QtPlayer::Make(kind);
+        m_log = std::make_unique<SignalLog>(*m_widget);
+    }
+
+    std::unique_ptr<SignalLog> m_log;
+};
+
+TEST(Signals, AreThoseOfTheGuide) {
+    static constexpr const char* kRows[][3] = {
+        {"Calendar: an arrow key", "calendar", "key Right"},
+        {"an arrow key into the next month", "calendar; let DateValue 2024-05-31", "key Right"},
+        {"a page key", "calendar", "key PageDown"},
+        {"a page key with Ctrl", "calendar", "key Ctrl+PageDown"},
+        {"a key that means nothing here", "calendar", "key A"},
+        {"a click on a day", "calendar", "click 3,3"},
+        {"a click on a day of the next month", "calendar", "click 6,7"},
+        {"a click on the selected day", "calendar", "click 4,3"},
+        {"the same with `setAlwaysDateChanged`", "calendar; let AlwaysDateChanged 1", "click 4,3"},
+        {"a double click on another day", "calendar", "double 4,5"},
+        {"press on one day, release on another", "calendar", "drag 2,1 4,6"},
+        {"a right click", "calendar", "right 3,4"},
+        {"the arrow to the next month", "calendar; let MonthYearSelStyle 1", "click MonthForward"},
+        {"another month in the list", "calendar; let MonthYearSelStyle 2", "list Down"},
+        {"a typed year", "calendar; let MonthYearSelStyle 2; type 2027", "year Return"},
+        {"an arrow of the year's spinner", "calendar; let MonthYearSelStyle 2", "spin Up"},
+        {"an arrow of the scroll bar", "calendar; let MonthYearSelStyle 3", "scroll on"},
+        {"`setDateValue`, another day", "calendar", "let DateValue 2024-05-20"},
+        {"`setDateValue`, another year", "calendar", "let DateValue 2025-06-20"},
+        {"`setDateMin` beyond the date", "calendar", "let DateMin 2024-06-01"},
+        {"`setEnabled`", "calendar", "let Enabled 0"},
+        {"any other setter", "calendar", "let FirstDayOfWeek 1"},
+        {"Date box: an arrow key", "box", "key Right"},
+        {"a page key", "box", "key PageDown"},
+        {"F4, closed", "box", "key F4"},
+        {"a click on the closed box", "box", "click box"},
+        {"an arrow key in the open calendar", "box; key F4", "key Right"},
+        {"a click on a day", "box; key F4", "click 3,3"},
+        {"a click on the selected day", "box; key F4", "click 4,3"},
+        {"the arrow to the next month", "box; let MonthYearSelStyle 1; key F4",
+         "click MonthForward"},
+        {"Escape, then", "box; let MonthYearSelStyle 1; key F4; click MonthForward", "key Escape"},
+        {"the focus leaves the open box", "box; key F4", "focus away"},
+        {"`setDateValue`", "box", "let DateValue 2024-06-20"},
+        {"`setDateMin` beyond the date", "box", "let DateMin 2024-06-01"},
+        {"`setDropDownState(true)`", "box", "let DropDownState 1"},
+        {"`setDropDownState(false)`", "box; key F4", "let DropDownState 0"},
+        {"any other setter", "box", "let FirstDayOfWeek 1"},
+    };
+    QByteArray table = "| What is done | Signals, in their order |\n|---|---|\n";
+    for (const auto& row : kRows) {
+        table += QByteArray("| ") + row[0] + " | " + SignalPlayer().Told(row) + " |\n";
+    }
+    QFile file(QStringLiteral(VELMORA_DOCS "/signals.md"));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QByteArray page = file.readAll();
+    const QByteArray wanted = page.left(page.indexOf("| What")) + table;
+    if (qEnvironmentVariableIsSet("VELMORA_RENEW_LOOKS")) {
+        file.resize(0);
+        file.write(wanted);
+    } else {
+        EXPECT_EQ(page, wanted) << "scripts/renew-looks writes it anew";
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QMetaProperty>
 #include <QPixmap>
+#include <QSignalSpy>
 
 #include <cmath>
 #include <set>
@@ -71,6 +72,7 @@ inline std::vector<QVariant> RefusedValues(const test::PropertyRow& row, const Q
     if (type == QMetaType::QColor || type == QMetaType::QDate || type == QMetaType::QDateTime) {
         values.push_back(QVariant(good.metaType()));
     }
+    if (type == QMetaType::QColor) values.push_back(QColor(1, 2, 3, 254));
     if (row.kind == test::Kind::Pointer) values.push_back(65536 + 1);
     return values;
 }
@@ -101,6 +103,7 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
                          [&](const QString& key) { changes.push_back(key.toStdString()); });
         QObject::connect(&widget, &Widget::dateValueChanged, [&] { changes.push_back("signal"); });
         const QMetaProperty property = meta.property(meta.indexOfProperty(name.c_str()));
+        QSignalSpy notified(&widget, property.notifySignal());
         const auto comparable = [&](double number) {
             const QVariant value = ValueOf(row, number);
             return row.kind == test::Kind::Icon ? QVariant(value.value<QPixmap>().width()) : value;
@@ -115,10 +118,11 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
         for (const double number : {row.low, high}) {
             property.write(&widget, ValueOf(row, number));
             EXPECT_EQ(Read(property, widget), comparable(number));
-            std::vector<std::string> expected{std::string(row.Key())};
+            std::vector<std::string> expected{name};
             if (row.initial == test::kToday) expected.insert(expected.begin(), "signal");
             EXPECT_EQ(std::exchange(changes, {}), expected);
         }
+        EXPECT_EQ(notified.size(), name == "enabled" ? 0 : 2);  // Qt has none for that
         EXPECT_EQ(Warnings(), std::vector<std::string>());
         const auto refused = RefusedValues(row, ValueOf(row, high));
         for (const QVariant& value : refused) {
@@ -127,6 +131,21 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
         }
         qInstallMessageHandler(before);
         EXPECT_EQ(changes, std::vector<std::string>());
+        EXPECT_EQ(property.reset(&widget),
+                  row.kind == test::Kind::Color || row.kind == test::Kind::Font);
+        if (property.isResettable()) {
+            widget.grab();  // takes the font that stands for none
+            EXPECT_EQ(Read(property, widget), Read(property, Widget()));
+            notified.clear();
+            QFont font("DejaVu Serif", 20);
+            widget.setFont(font);
+            EXPECT_TRUE(row.kind != test::Kind::Font || Read(property, widget) == font);
+            QPalette palette(Qt::darkRed, Qt::darkBlue);
+            palette.setColor(QPalette::Highlight, Qt::darkRed);
+            palette.setColor(QPalette::HighlightedText, Qt::darkBlue);
+            widget.setPalette(palette);
+            EXPECT_EQ(Read(property, widget) != Read(property, Widget()), notified.size() > 0);
+        }
         const std::size_t silent = row.kind == test::Kind::Pointer ? refused.size() : 0;
         EXPECT_EQ(Warnings().size(), refused.size() - silent);
         for (const std::string& text : Warnings()) {

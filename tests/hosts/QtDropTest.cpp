@@ -51,22 +51,19 @@ TYPED_TEST(Drop, SlotsAnswerWhenManualAndADateIsTakenWhenAutomatic) {
 
     Names drags;  // the effect, the state or "drop", and the text
     qint32 answer = 2;
-    const auto note = [&](DataRef& data, qint32& effect, const std::string& state) {
-        const Variant text = data->GetData(1);
-        drags.push_back(std::to_string(effect) + ' ' + state + ' ' +
+    const auto note = [&](VmDragArguments& drag, const std::string& state) {
+        const Variant text = drag.data()->GetData(1);
+        drags.push_back(std::to_string(drag.effect()) + ' ' + state + ' ' +
                         (text.As<std::string>() ? *text.As<std::string>() : "-"));
-        if (state != "1") effect = answer;
+        if (state != "1") drag.setEffect(answer);
     };
     QObject::connect(&widget, &TypeParam::oleDragOver,
-                     [&](DataRef& data, qint32& effect, int, int, float, float, int state) {
-                         note(data, effect, std::to_string(state));
-                     });
-    QObject::connect(&widget, &TypeParam::oleDragDrop,
-                     [&](DataRef& data, qint32& effect, int, int shift, float x, float y) {
-                         EXPECT_EQ(shift, 0);
-                         EXPECT_EQ(QPointF(x, y), QPointF(20, 30));
-                         note(data, effect, "drop");
-                     });
+                     [&](VmDragArguments* drag) { note(*drag, std::to_string(drag->state())); });
+    QObject::connect(&widget, &TypeParam::oleDragDrop, [&](VmDragArguments* drag) {
+        EXPECT_EQ(drag->shift(), 0);
+        EXPECT_EQ(QPointF(drag->x(), drag->y()), QPointF(20, 30));
+        note(*drag, "drop");
+    });
     const auto copyOrMove = Qt::CopyAction | Qt::MoveAction;
     EXPECT_EQ(DropText(widget, "6/7/2024", copyOrMove), Qt::MoveAction);
     EXPECT_EQ(drags, (Names{"3 0 6/7/2024", "3 drop 6/7/2024"}));
@@ -97,8 +94,8 @@ TYPED_TEST(Drop, AnySlotMayDeleteTheWidget) {
         const QPointer<TypeParam> widget(new TypeParam(&window));
         widget->setOleDropMode(Widget::OLEManual);
         window.show();
-        QObject::connect(widget, &TypeParam::oleDragOver, [&](DataRef&, qint32& effect) {
-            if (when == "refused") effect = 0;
+        QObject::connect(widget, &TypeParam::oleDragOver, [&](VmDragArguments* drag) {
+            if (when == "refused") drag->setEffect(0);
             if (when != "drop") delete widget;
         });
         QObject::connect(widget, &TypeParam::oleDragDrop, [&] { delete widget; });
@@ -118,7 +115,8 @@ TEST(DroppedData, HaveTheirFormatsUntilTheDragEnds) {
     Widget widget;
     widget.setOleDropMode(Widget::OLEManual);
     DataRef dropped;
-    QObject::connect(&widget, &Widget::oleDragDrop, [&](DataRef& data) { dropped = data; });
+    QObject::connect(&widget, &Widget::oleDragDrop,
+                     [&](VmDragArguments* drag) { dropped = drag->data(); });
     auto content = std::make_unique<QMimeData>();
     QImage image(3, 2, QImage::Format_RGB32);
     image.fill(Qt::red);

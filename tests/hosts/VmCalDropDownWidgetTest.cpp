@@ -44,7 +44,7 @@ public:
 
 TEST(VmCalDropDownWidget, PropertiesFollowTheTable) {
     ExpectFollowsTheTable<Box>(test::kBoxRows,
-                               {"dropDownState", "keepDropDownOnScreen", "oleDropMode"});
+                               {"date", "dropDownState", "keepDropDownOnScreen", "oleDropMode"});
 }
 
 TEST(VmCalDropDownWidget, WhateverHappensToTheBoxEndsItsCalendar) {

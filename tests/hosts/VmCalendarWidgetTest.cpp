@@ -27,7 +27,7 @@ TEST(VmCalendarWidget, ReportsItsOwnDisablingAlone) {
     widget->setEnabled(false);
     EXPECT_FALSE(widget->calendar().Enabled());
     widget->calendar().Enabled(true);
-    EXPECT_EQ(changed, (Names{"Enabled", "Enabled"}));
+    EXPECT_EQ(changed, (Names{"enabled", "enabled"}));
 }
 
 TEST(VmCalendarWidget, AboutBoxOutlivesTheWidget) {

@@ -4,6 +4,7 @@
 #include "hosts/qt/values/QtNames.h"
 #include "hosts/qt/windows/QtInput.h"
 
+#include <QMetaProperty>
 #include <QMouseEvent>
 #include <QPointer>
 
@@ -26,6 +27,7 @@ VmDateWidget::Host::Host(VmDateWidget& widget, QtWindowing& windowing, AnyContro
 void VmDateWidget::Host::Begin() {
     With([this](auto& control) {
         control.InitProperties();
+        for (const auto& font : {kDayFont, kMonthFont, kWeekDayFont}) control.Let(font, nullptr);
         EmitEvents(control.Events());
     });
 }
@@ -43,18 +45,58 @@ void VmDateWidget::Host::EmitEvents(Events& events) {
     events.YearChanged.Connect(
         [this, to](Short& year) { EmitSafely([to, year] { emit to->yearChanged(year); }); });
     relay(events.DayChanged, &Widget::dayChanged);
-    relay(events.KeyDown, &Widget::keyDown);
-    relay(events.KeyPress, &Widget::keyPress);
-    relay(events.KeyUp, &Widget::keyUp);
+    events.KeyDown.Connect([to](Short& keyCode, Short& shift) {
+        VmKeyArguments key(keyCode, shift);
+        emit to->keyDown(&key);
+    });
+    events.KeyPress.Connect([to](Short& keyAscii) {
+        VmKeyPressArguments key(keyAscii);
+        emit to->keyPress(&key);
+    });
+    events.KeyUp.Connect([to](Short& keyCode, Short& shift) {
+        VmKeyArguments key(keyCode, shift);
+        emit to->keyUp(&key);
+    });
     relay(events.MouseDown, &Widget::mouseDown);
     relay(events.MouseMove, &Widget::mouseMove);
     relay(events.MouseUp, &Widget::mouseUp);
-    relay(events.OLEStartDrag, &Widget::oleStartDrag);
-    relay(events.OLESetData, &Widget::oleSetData);
-    relay(events.OLEGiveFeedback, &Widget::oleGiveFeedback);
-    relay(events.OLECompleteDrag, &Widget::oleCompleteDrag);
-    relay(events.OLEDragOver, &Widget::oleDragOver);
-    relay(events.OLEDragDrop, &Widget::oleDragDrop);
+    events.OLEStartDrag.Connect([to](DataRef& data, Long& allowedEffects) {
+        VmDragArguments drag(data, allowedEffects);
+        emit to->oleStartDrag(&drag);
+        data = drag.data();
+        allowedEffects = drag.effect();
+    });
+    events.OLESetData.Connect([to](DataRef& data, Short& dataFormat) {
+        VmDragArguments drag(data, 0, {}, dataFormat);
+        emit to->oleSetData(&drag);
+        data = drag.data();
+    });
+    events.OLEGiveFeedback.Connect([to](Long& effect, bool& defaultCursors) {
+        VmDragArguments drag(nullptr, effect);
+        drag.setDefaultCursors(defaultCursors);
+        emit to->oleGiveFeedback(&drag);
+        effect = drag.effect();
+        defaultCursors = drag.defaultCursors();
+    });
+    events.OLECompleteDrag.Connect([to](Long& effect) {
+        VmDragArguments drag(nullptr, effect);
+        emit to->oleCompleteDrag(&drag);
+        effect = drag.effect();
+    });
+    events.OLEDragOver.Connect([to](DataRef& data, Long& effect, Short& button, Short& shift,
+                                    float& x, float& y, Short& state) {
+        VmDragArguments drag(data, effect, {button, shift, x, y, state});
+        emit to->oleDragOver(&drag);
+        data = drag.data();
+        effect = drag.effect();
+    });
+    events.OLEDragDrop.Connect(
+        [to](DataRef& data, Long& effect, Short& button, Short& shift, float& x, float& y) {
+            VmDragArguments drag(data, effect, {button, shift, x, y});
+            emit to->oleDragDrop(&drag);
+            data = drag.data();
+            effect = drag.effect();
+        });
 }
 
 void VmDateWidget::Host::EmitSafely(const std::function<void()>& signal) {
@@ -65,11 +107,21 @@ void VmDateWidget::Host::EmitSafely(const std::function<void()>& signal) {
     }
 }
 
-void VmDateWidget::Host::PropertyChanged(std::string_view name) {
+void VmDateWidget::Host::PropertyChanged(std::string_view key) {
     const QPointer<VmDateWidget> widget(&m_widget);
-    const QString published = ToQString(name);
-    if (name == kDateValue.name) EmitDateValue();
-    if (widget) emit widget->propertyChanged(published);
+    const QByteArray name = QtNameOf(NameOfKey(BoxOrder(), key));
+    if (key == kDateValue.name) {
+        EmitDateValue();
+    } else {
+        Notify(name);
+    }
+    if (widget) emit widget->propertyChanged(QString::fromLatin1(name));
+}
+
+void VmDateWidget::Host::Notify(const QByteArray& name) {
+    const QMetaObject& type = *m_widget.metaObject();
+    const QMetaProperty property = type.property(type.indexOfProperty(name));
+    if (property.hasNotifySignal()) property.notifySignal().invoke(&m_widget, Qt::DirectConnection);
 }
 
 void VmDateWidget::Host::MouseDown(const QMouseEvent& event) {
@@ -105,7 +157,10 @@ void VmDateWidget::Host::LocaleChanged() {
 }
 
 void VmDateWidget::Host::LookChanged() {
+    FontChanged();
+    const QPointer<VmDateWidget> widget(&m_widget);
     With([](auto& control) { control.RepaintControl(); });
+    With([&](auto& control) { NotifyFollowers(control, Slots(), widget); });
 }
 
 void VmDateWidget::Host::Warn(std::string_view type, std::string_view property,
@@ -116,6 +171,7 @@ void VmDateWidget::Host::Warn(std::string_view type, std::string_view property,
 
 OLE_COLOR VmDateWidget::Host::Stored(const QColor& value) {
     if (!value.isValid()) throw AutomationError(ErrorNumber::TypeMismatch);
+    if (value.alpha() != 255) throw AutomationError(ErrorNumber::InvalidPropertyValue);
     return ToOleColor(value);
 }
 

@@ -2,12 +2,16 @@
 
 #include "VelmoraCalendar/QtConversions.h"
 #include "VelmoraCalendar/VmDateWidget.h"
+#include "calendar/CProperties.h"
 #include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/drawing/QtDrawing.h"
+#include "hosts/qt/values/QtNames.h"
 #include "hosts/qt/windows/QtDrop.h"
 #include "hosts/qt/windows/QtHost.h"
 #include "platform/DrawingScopes.h"
 #include "platform/dates/Dates.h"
+
+#include <QPointer>
 
 #include <functional>
 #include <type_traits>
@@ -25,7 +29,10 @@ public:
     /// The window and the control are members of the derived class, which makes them after this.
     Host(VmDateWidget& widget, QtWindowing& windowing, AnyControl control);
 
-    void PropertyChanged(std::string_view name) override;
+    /// Tells the signals of the property, by the name under which it is saved.
+    void PropertyChanged(std::string_view key) override;
+    /// Emits the property's own signal, if it has one. A slot may delete the widget.
+    void Notify(const QByteArray& name);
 
     virtual void MouseDown(const QMouseEvent& event);
     void DblClick(const QMouseEvent& event);
@@ -37,6 +44,7 @@ public:
     virtual bool TakeSelectorInput() { return true; }
     virtual void EnabledChanged();
     virtual void LocaleChanged();
+    /// Palette, style or font; with them the properties that follow them.
     virtual void LookChanged();
     QtDropTarget& Drops() noexcept { return m_drops; }
 
@@ -67,6 +75,11 @@ public:
                 control.Let(row, static_cast<typename Row::Value>(Stored(value)));
             }
         });
+    }
+    /// To the value of a new control.
+    template <class Row>
+    void Reset(const Row& row) {
+        With([&](auto& control) { control.Let(row, CProperties(m_dates).Get(row)); });
     }
     /// Does what may be refused. The control may be gone afterwards.
     template <class Control, class Operation>
@@ -101,6 +114,22 @@ protected:
     /// A slot may delete the widget.
     void EmitSafely(const std::function<void()>& signal);
     virtual void WindowChanged() = 0;
+    /// Emits the signals of those colours and fonts that are not set, as long as the widget lives.
+    template <class Control, const auto&... kRow>
+    void NotifyFollowers(const Control& control, Rows<kRow...>,
+                         const QPointer<VmDateWidget>& widget) {
+        const auto follows = [&]<class Row>(const Row& row) {
+            if constexpr (requires { typename Row::Value; }) {
+                if constexpr (std::is_same_v<typename Row::Value, OLE_COLOR>) {
+                    return (control.Get(row) & kSystemColor) != 0;
+                } else if constexpr (std::is_same_v<typename Row::Value, FontRef>) {
+                    return IsAmbient(control.Get(row));
+                }
+            }
+            return false;
+        };
+        ((widget && follows(kRow) ? Notify(QtNameOf(kRow.name)) : void()), ...);
+    }
 
     QtDrawing m_drawing;
     bool m_emitsLater = false;  // in the middle of what a slot must not delete the widget in
@@ -116,7 +145,8 @@ private:
     static void Warn(std::string_view type, std::string_view property,
                      const AutomationError& error);
 
-    // What is set, in the core's type. Error 13: it is nothing at all.
+    // What is set, in the core's type. Error 13: it is nothing at all. Error 380: a colour that is
+    // not opaque.
     static OLE_COLOR Stored(const QColor& value);
     static Date Stored(QDate value);
     static Date Stored(const QDateTime& value);

@@ -25,9 +25,20 @@ VmCalDropDownWidget::Host::Host(VmCalDropDownWidget& widget)
       m_form(QtDropDownForm::Shared()),
       dropDown({m_drawing, m_windowing, m_dates, *this}, m_form->Form()) {
     Begin();
-    dropDown.Events().CloseUp.Connect(
-        [this] { EmitSafely([to = &m_widget] { emit to->closeUp(); }); });
-    dropDown.Events().DropDown.Connect([this](bool& cancel) { emit m_widget.dropDown(cancel); });
+    dropDown.ComboFont(nullptr);
+    dropDown.Events().CloseUp.Connect([this] {
+        EmitSafely([to = &m_widget] {
+            const QPointer<VmCalDropDownWidget> alive(to);
+            emit to->dropDownStateChanged();
+            if (alive) emit to->closeUp();
+        });
+    });
+    dropDown.Events().DropDown.Connect([to = &m_widget](bool& cancel) {
+        const QPointer<VmCalDropDownWidget> alive(to);
+        VmDropDownArguments opening(cancel);
+        emit to->dropDown(&opening);
+        if (alive) emit to->dropDownStateChanged();
+    });
 }
 
 void VmCalDropDownWidget::Host::Paint(QPainter& painter) {
@@ -56,8 +67,10 @@ void VmCalDropDownWidget::Host::LocaleChanged() {
 }
 
 void VmCalDropDownWidget::Host::LookChanged() {
+    const QPointer<VmDateWidget> widget(&m_widget);
     VmDateWidget::Host::LookChanged();
-    if (m_form->Form().GetOwner() == &dropDown) m_form->FollowOwner();
+    if (widget) NotifyFollowers(dropDown, BoxSlots(), widget);
+    if (widget && m_form->Form().GetOwner() == &dropDown) m_form->FollowOwner();
 }
 
 void VmCalDropDownWidget::Host::FocusGained() {

@@ -30,6 +30,14 @@ QFont VmCalDropDownWidget::comboFont() const {
 void VmCalDropDownWidget::setComboFont(const QFont& value) {
     Host::Let(dropDownBox(), kComboFont, value);
 }
+void VmCalDropDownWidget::resetComboFont() { dropDownBox().ComboFont(nullptr); }
+
+QDate VmCalDropDownWidget::date() const { return dateValue().date(); }
+/// In a zone without gaps, as the box has none.
+void VmCalDropDownWidget::setDate(QDate value) {
+    m_host->Let(kDateValue,
+                value.isValid() ? QDateTime(value, dateValue().time(), Qt::UTC) : QDateTime());
+}
 
 QString VmCalDropDownWidget::dateFormat() const { return ToQString(dropDownBox().DateFormat()); }
 void VmCalDropDownWidget::setDateFormat(const QString& value) {
@@ -71,6 +79,7 @@ bool VmCalDropDownWidget::keepDropDownOnScreen() const {
 }
 void VmCalDropDownWidget::setKeepDropDownOnScreen(bool value) {
     dropDownBox().KeepDropDownOnScreen(value);
+    m_host->PropertyChanged("keepDropDownOnScreen");
 }
 
 VmCalDropDownWidget::MonthYearSelStyle VmCalDropDownWidget::monthYearSelStyle() const {

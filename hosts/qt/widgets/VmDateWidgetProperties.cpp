@@ -30,6 +30,7 @@ QColor VmDateWidget::dayDefaultBackColor() const {
 void VmDateWidget::setDayDefaultBackColor(const QColor& value) {
     m_host->Let(kDayDefaultBackColor, value);
 }
+void VmDateWidget::resetDayDefaultBackColor() { m_host->Reset(kDayDefaultBackColor); }
 
 QColor VmDateWidget::dayDefaultForeColor() const {
     return m_host->Get<QColor>(kDayDefaultForeColor);
@@ -37,9 +38,11 @@ QColor VmDateWidget::dayDefaultForeColor() const {
 void VmDateWidget::setDayDefaultForeColor(const QColor& value) {
     m_host->Let(kDayDefaultForeColor, value);
 }
+void VmDateWidget::resetDayDefaultForeColor() { m_host->Reset(kDayDefaultForeColor); }
 
 QFont VmDateWidget::dayFont() const { return m_host->Get<QFont>(kDayFont); }
 void VmDateWidget::setDayFont(const QFont& value) { m_host->Let(kDayFont, value); }
+void VmDateWidget::resetDayFont() { m_host->Reset(kDayFont); }
 
 VmDateWidget::TextAlignment VmDateWidget::dayNumberAlignment() const {
     return m_host->Get<TextAlignment>(kDayNumberAlignment);
@@ -54,6 +57,7 @@ QColor VmDateWidget::dayOtherMonthForeColor() const {
 void VmDateWidget::setDayOtherMonthForeColor(const QColor& value) {
     m_host->Let(kDayOtherMonthForeColor, value);
 }
+void VmDateWidget::resetDayOtherMonthForeColor() { m_host->Reset(kDayOtherMonthForeColor); }
 
 VmDateWidget::PictureAlignment VmDateWidget::dayPictureAlignment() const {
     return m_host->Get<PictureAlignment>(kDayPictureAlignment);
@@ -74,6 +78,7 @@ void VmDateWidget::setMonthAppearance(Appearance value) { m_host->Let(kMonthAppe
 
 QColor VmDateWidget::monthBackColor() const { return m_host->Get<QColor>(kMonthBackColor); }
 void VmDateWidget::setMonthBackColor(const QColor& value) { m_host->Let(kMonthBackColor, value); }
+void VmDateWidget::resetMonthBackColor() { m_host->Reset(kMonthBackColor); }
 
 VmDateWidget::MonthDisplay VmDateWidget::monthDisplay() const {
     return m_host->Get<MonthDisplay>(kMonthDisplay);
@@ -82,9 +87,11 @@ void VmDateWidget::setMonthDisplay(MonthDisplay value) { m_host->Let(kMonthDispl
 
 QFont VmDateWidget::monthFont() const { return m_host->Get<QFont>(kMonthFont); }
 void VmDateWidget::setMonthFont(const QFont& value) { m_host->Let(kMonthFont, value); }
+void VmDateWidget::resetMonthFont() { m_host->Reset(kMonthFont); }
 
 QColor VmDateWidget::monthForeColor() const { return m_host->Get<QColor>(kMonthForeColor); }
 void VmDateWidget::setMonthForeColor(const QColor& value) { m_host->Let(kMonthForeColor, value); }
+void VmDateWidget::resetMonthForeColor() { m_host->Reset(kMonthForeColor); }
 
 QPixmap VmDateWidget::mouseIcon() const { return m_host->Get<QPixmap>(kMouseIcon); }
 void VmDateWidget::setMouseIcon(const QPixmap& value) { m_host->Let(kMouseIcon, value); }
@@ -95,6 +102,7 @@ QColor VmDateWidget::selectedDayBackColor() const {
 void VmDateWidget::setSelectedDayBackColor(const QColor& value) {
     m_host->Let(kSelectedDayBackColor, value);
 }
+void VmDateWidget::resetSelectedDayBackColor() { m_host->Reset(kSelectedDayBackColor); }
 
 QColor VmDateWidget::selectedDayForeColor() const {
     return m_host->Get<QColor>(kSelectedDayForeColor);
@@ -102,15 +110,18 @@ QColor VmDateWidget::selectedDayForeColor() const {
 void VmDateWidget::setSelectedDayForeColor(const QColor& value) {
     m_host->Let(kSelectedDayForeColor, value);
 }
+void VmDateWidget::resetSelectedDayForeColor() { m_host->Reset(kSelectedDayForeColor); }
 
 bool VmDateWidget::showWeekend() const { return m_host->Get<bool>(kShowWeekend); }
 void VmDateWidget::setShowWeekend(bool value) { m_host->Let(kShowWeekend, value); }
 
 QColor VmDateWidget::todayBackColor() const { return m_host->Get<QColor>(kTodayBackColor); }
 void VmDateWidget::setTodayBackColor(const QColor& value) { m_host->Let(kTodayBackColor, value); }
+void VmDateWidget::resetTodayBackColor() { m_host->Reset(kTodayBackColor); }
 
 QColor VmDateWidget::todayForeColor() const { return m_host->Get<QColor>(kTodayForeColor); }
 void VmDateWidget::setTodayForeColor(const QColor& value) { m_host->Let(kTodayForeColor, value); }
+void VmDateWidget::resetTodayForeColor() { m_host->Reset(kTodayForeColor); }
 
 VmDateWidget::Appearance VmDateWidget::weekDayAppearance() const {
     return m_host->Get<Appearance>(kWeekDayAppearance);
@@ -123,6 +134,7 @@ QColor VmDateWidget::weekDayBackColor() const { return m_host->Get<QColor>(kWeek
 void VmDateWidget::setWeekDayBackColor(const QColor& value) {
     m_host->Let(kWeekDayBackColor, value);
 }
+void VmDateWidget::resetWeekDayBackColor() { m_host->Reset(kWeekDayBackColor); }
 
 VmDateWidget::TextAlignment VmDateWidget::weekDayCaptionAlignment() const {
     return m_host->Get<TextAlignment>(kWeekDayCaptionAlignment);
@@ -138,11 +150,13 @@ void VmDateWidget::setWeekDayDisplay(WeekDayDisplay value) { m_host->Let(kWeekDa
 
 QFont VmDateWidget::weekDayFont() const { return m_host->Get<QFont>(kWeekDayFont); }
 void VmDateWidget::setWeekDayFont(const QFont& value) { m_host->Let(kWeekDayFont, value); }
+void VmDateWidget::resetWeekDayFont() { m_host->Reset(kWeekDayFont); }
 
 QColor VmDateWidget::weekDayForeColor() const { return m_host->Get<QColor>(kWeekDayForeColor); }
 void VmDateWidget::setWeekDayForeColor(const QColor& value) {
     m_host->Let(kWeekDayForeColor, value);
 }
+void VmDateWidget::resetWeekDayForeColor() { m_host->Reset(kWeekDayForeColor); }
 
 int VmDateWidget::mousePointer() const { return m_host->Get<int>(kMousePointer); }
 void VmDateWidget::setMousePointer(int value) {
@@ -154,9 +168,11 @@ VmDateWidget::OLEDropMode VmDateWidget::oleDropMode() const {
         [](auto& control) { return static_cast<OLEDropMode>(control.OLEDropMode()); });
 }
 void VmDateWidget::setOleDropMode(OLEDropMode value) {
-    m_host->With([value](auto& control) {
-        Host::Attempt(control, "oleDropMode",
-                      [&] { control.OLEDropMode(static_cast<VmOLEDropModeConstants>(value)); });
+    m_host->With([this, value](auto& control) {
+        Host::Attempt(control, "oleDropMode", [&] {
+            control.OLEDropMode(static_cast<VmOLEDropModeConstants>(value));
+            m_host->PropertyChanged("oleDropMode");
+        });
     });
 }
 

@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -124,7 +125,26 @@ std::unique_ptr<ScrollBar> QtWindowing::CreateDateScroll() {
 }
 
 FontRef QtHosting::AmbientFont() const {
-    return std::make_shared<StdFont>(ToStdFont(m_widget.font()));
+    std::erase_if(m_ambient, [](const auto& each) { return each.font.expired(); });
+    const auto font = std::make_shared<StdFont>(ToStdFont(m_widget.font()));
+    m_ambient.push_back({font, ToQFont(*font)});
+    return font;
+}
+
+void QtHosting::FontChanged() {
+    const StdFont now = ToStdFont(m_widget.font());
+    for (Ambient& each : m_ambient) {
+        const FontRef font = each.font.lock();
+        if (!font || ToQFont(*font) != each.given) continue;
+        *font = now;
+        each.given = ToQFont(now);
+    }
+}
+
+bool QtHosting::IsAmbient(const FontRef& font) const {
+    return !font || std::ranges::any_of(m_ambient, [&](const Ambient& each) {
+        return each.font.lock() == font && ToQFont(*font) == each.given;
+    });
 }
 
 std::optional<std::int16_t> QtHosting::ContainerScaleMode() const { return kScalePixels; }

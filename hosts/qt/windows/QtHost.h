@@ -65,7 +65,12 @@ class QtHosting : public Hosting {
 public:
     explicit QtHosting(QWidget& widget) : m_widget(widget) {}
 
+    /// The widget's font, which follows it as long as nobody changes it.
     FontRef AmbientFont() const override;
+    /// The widget has another font now.
+    void FontChanged();
+    /// Whether the font is none, or follows the widget's.
+    bool IsAmbient(const FontRef& font) const;
     std::optional<std::int16_t> ContainerScaleMode() const override;
     std::optional<std::int16_t> ParentScaleMode() const override { return std::nullopt; }
     /// Returns at once; the box stays until the user closes it.
@@ -74,7 +79,13 @@ public:
                       const DragEvents& events) override;
 
 private:
+    struct Ambient {
+        std::weak_ptr<StdFont> font;
+        QFont given;
+    };
+
     QWidget& m_widget;
+    mutable std::vector<Ambient> m_ambient;
 };
 
 }  // namespace velmora

@@ -95,7 +95,7 @@ protected:
     QString m_start;
 };
 
-TEST_F(DesignerForm, HoldsEveryPropertyForALoaderOfForms) {
+TEST_F(DesignerForm, HoldsEveryPropertyForALoaderOfFormsUntilItIsReset) {
     ForEachProperty([&](const char* control, const QByteArray& name, const QVariant& value) {
         m_form->cursor()->setWidgetProperty(&Control(control), QLatin1String(name), value);
     });
@@ -108,7 +108,9 @@ TEST_F(DesignerForm, HoldsEveryPropertyForALoaderOfForms) {
         QVariant held = loaded->findChild<QWidget*>(QLatin1String(control))->property(name);
         held.convert(value.metaType());
         EXPECT_EQ(held, value) << control << '.' << name.data();
+        m_form->cursor()->resetWidgetProperty(&Control(control), QLatin1String(name));
     });
+    EXPECT_EQ(NewLines(), "") << "nothing is left of what was reset";
 }
 
 /// What the object refuses does not reach the form.

@@ -17,7 +17,7 @@ public:
             if (button == 1) calendar.oleDrag();
         });
         connect(&calendar, &Widget::oleCompleteDrag, this,
-                [this](qint32 effect) { effects.push_back(effect); });
+                [this](VmDragArguments* drag) { effects.push_back(drag->effect()); });
     }
 
     void DragTo(QPoint target, Input::End end = Input::End::Drop) {
@@ -48,25 +48,25 @@ TEST(DragWindow, AnotherCalendarIsAskedAndTheSourceLearnsTheEffect) {
     SourceWindow source;
     CalendarWindow target(Widget::MonthSelNone, kRight);
     target.calendar.setOleDropMode(Widget::OLEManual);
-    QObject::connect(&source.calendar, &Widget::oleStartDrag, [](DataRef& data, qint32& effects) {
-        data->SetData(1, Variant());  // announced
-        effects = 3;
+    QObject::connect(&source.calendar, &Widget::oleStartDrag, [](VmDragArguments* drag) {
+        drag->data()->SetData(1, Variant());  // announced
+        drag->setEffect(3);
     });
-    QObject::connect(&source.calendar, &Widget::oleSetData,
-                     [](DataRef& data, int format) { data->SetData(1, std::to_string(format)); });
+    QObject::connect(&source.calendar, &Widget::oleSetData, [](VmDragArguments* drag) {
+        drag->data()->SetData(1, std::to_string(drag->dataFormat()));
+    });
     int feedback = 0;
     QObject::connect(&source.calendar, &Widget::oleGiveFeedback,
-                     [&](qint32& effect) { feedback = effect; });
+                     [&](VmDragArguments* drag) { feedback = drag->effect(); });
     std::vector<int> states;
-    QObject::connect(&target.calendar, &Widget::oleDragOver,
-                     [&](DataRef&, qint32& effect, int, int, float, float, int state) {
-                         effect = 2;
-                         states.push_back(state);
-                     });
+    QObject::connect(&target.calendar, &Widget::oleDragOver, [&](VmDragArguments* drag) {
+        drag->setEffect(2);
+        states.push_back(drag->state());
+    });
     Variant text;
-    QObject::connect(&target.calendar, &Widget::oleDragDrop, [&](DataRef& data, qint32& effect) {
-        text = data->GetData(1);
-        effect = 2;
+    QObject::connect(&target.calendar, &Widget::oleDragDrop, [&](VmDragArguments* drag) {
+        text = drag->data()->GetData(1);
+        drag->setEffect(2);
     });
     source.DragTo(target.DayOnScreen(8));
     EXPECT_EQ(text, Variant("1"));

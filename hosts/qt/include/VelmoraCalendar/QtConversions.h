@@ -39,7 +39,7 @@ VELMORA_QT_API QDateTime ToQDateTime(Date date);
 /// The present moment.
 VELMORA_QT_API Date LocalNow();
 
-/// A plain RGB value; `color` is valid, its alpha is dropped.
+/// A plain RGB value; `color` is valid and opaque.
 VELMORA_QT_API OLE_COLOR ToOleColor(const QColor& color);
 VELMORA_QT_API QColor ToQColor(Rgb color);
 

@@ -12,20 +12,28 @@ class VmCalDropDown;
 /// of its own is described with `VmCalDropDown`.
 class VELMORA_QT_API VmCalDropDownWidget : public VmDateWidget {
     Q_OBJECT
-    Q_PROPERTY(QFont comboFont READ comboFont WRITE setComboFont)
-    Q_PROPERTY(QString dateFormat READ dateFormat WRITE setDateFormat)
+    Q_PROPERTY(QFont comboFont READ comboFont WRITE setComboFont RESET resetComboFont NOTIFY
+                   comboFontChanged)
+    /// The day of `dateValue`, which keeps its time of day when this is set: for item delegates and
+    /// mappers.
+    Q_PROPERTY(QDate date READ date WRITE setDate NOTIFY dateValueChanged
+                   DESIGNABLE false STORED false USER true)
+    Q_PROPERTY(QString dateFormat READ dateFormat WRITE setDateFormat NOTIFY dateFormatChanged)
+    Q_PROPERTY(QDateTime dateValue READ dateValue WRITE setDateValue NOTIFY dateValueChanged)
+    Q_PROPERTY(DropDownAlignment dropDownAlignment READ dropDownAlignment WRITE setDropDownAlignment
+                   NOTIFY dropDownAlignmentChanged)
+    Q_PROPERTY(Appearance dropDownAppearance READ dropDownAppearance WRITE setDropDownAppearance
+                   NOTIFY dropDownAppearanceChanged)
     Q_PROPERTY(
-        QDateTime dateValue READ dateValue WRITE setDateValue NOTIFY dateValueChanged USER true)
+        int dropDownHeight READ dropDownHeight WRITE setDropDownHeight NOTIFY dropDownHeightChanged)
+    Q_PROPERTY(bool dropDownState READ dropDownState WRITE setDropDownState NOTIFY
+                   dropDownStateChanged DESIGNABLE false STORED false)
     Q_PROPERTY(
-        DropDownAlignment dropDownAlignment READ dropDownAlignment WRITE setDropDownAlignment)
-    Q_PROPERTY(Appearance dropDownAppearance READ dropDownAppearance WRITE setDropDownAppearance)
-    Q_PROPERTY(int dropDownHeight READ dropDownHeight WRITE setDropDownHeight)
-    Q_PROPERTY(
-        bool dropDownState READ dropDownState WRITE setDropDownState DESIGNABLE false STORED false)
-    Q_PROPERTY(int dropDownWidth READ dropDownWidth WRITE setDropDownWidth)
-    Q_PROPERTY(bool keepDropDownOnScreen READ keepDropDownOnScreen WRITE setKeepDropDownOnScreen)
-    Q_PROPERTY(
-        MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE setMonthYearSelStyle)
+        int dropDownWidth READ dropDownWidth WRITE setDropDownWidth NOTIFY dropDownWidthChanged)
+    Q_PROPERTY(bool keepDropDownOnScreen READ keepDropDownOnScreen WRITE setKeepDropDownOnScreen
+                   NOTIFY keepDropDownOnScreenChanged)
+    Q_PROPERTY(MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE setMonthYearSelStyle
+                   NOTIFY monthYearSelStyleChanged)
 
 public:
     enum DropDownAlignment : int { LeftJustified = 0, RightJustified = 1 };
@@ -45,6 +53,7 @@ public:
     QString text() const;
 
     QFont comboFont() const;
+    QDate date() const;
     QString dateFormat() const;
     QDateTime dateValue() const;
     DropDownAlignment dropDownAlignment() const;
@@ -62,6 +71,8 @@ public:
 
 public Q_SLOTS:
     void setComboFont(const QFont& value);
+    void resetComboFont();
+    void setDate(QDate value);
     void setDateFormat(const QString& value);
     void setDateValue(const QDateTime& value);
     void setDropDownAlignment(DropDownAlignment value);
@@ -75,13 +86,26 @@ public Q_SLOTS:
     void setNoLostFocus(bool value);
 
 Q_SIGNALS:
+    // The property has been set, or what it follows has changed: the font; the calendar opens or
+    // closes.
+    void comboFontChanged();
+    void dateFormatChanged();
+    void dropDownAlignmentChanged();
+    void dropDownAppearanceChanged();
+    void dropDownHeightChanged();
+    void dropDownStateChanged();
+    void dropDownWidthChanged();
+    void keepDropDownOnScreenChanged();
+    void monthYearSelStyleChanged();
+
     /// `dateValue` is another moment, whoever has changed it.
     void dateValueChanged(const QDateTime& newDate);
 
     // Events of the box, as those of the base class. A change of the window or the focus that
     // closes the calendar is complete before `monthChanged`, `yearChanged` and `closeUp`.
     void closeUp();
-    void dropDown(bool& cancel);
+    /// Before the calendar shows, which `cancel` keeps from it.
+    void dropDown(velmora::VmDropDownArguments* opening);
 
 protected:
     bool event(QEvent* event) override;

@@ -9,10 +9,10 @@ class VmCalendar;
 /// The month calendar as a Qt widget.
 class VELMORA_QT_API VmCalendarWidget : public VmDateWidget {
     Q_OBJECT
-    Q_PROPERTY(Appearance appearance READ appearance WRITE setAppearance)
+    Q_PROPERTY(Appearance appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
     Q_PROPERTY(QDate dateValue READ dateValue WRITE setDateValue NOTIFY dateValueChanged USER true)
-    Q_PROPERTY(
-        MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE setMonthYearSelStyle)
+    Q_PROPERTY(MonthYearSelStyle monthYearSelStyle READ monthYearSelStyle WRITE setMonthYearSelStyle
+                   NOTIFY monthYearSelStyleChanged)
 
 public:
     enum MonthYearSelStyle : int {
@@ -50,6 +50,10 @@ public Q_SLOTS:
     void setAlwaysDateChanged(bool value);
 
 Q_SIGNALS:
+    // The property has been set.
+    void appearanceChanged();
+    void monthYearSelStyleChanged();
+
     /// `dateValue` is another date, whoever has changed it.
     void dateValueChanged(QDate newDate);
 

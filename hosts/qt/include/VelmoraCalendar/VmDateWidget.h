@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VelmoraCalendar/QtExport.h"
+#include "VelmoraCalendar/VmEventArguments.h"
 
 #include <QColor>
 #include <QDate>
@@ -12,11 +13,8 @@
 
 namespace velmora {
 
-class DataObject;
 class StdPicture;
 class VmDay;
-/// What is dragged; its class is in platform/DataObject.h.
-using DataRef = std::shared_ptr<DataObject>;
 /// A day to be decorated; its class is in model/VmDay.h.
 using DayRef = std::shared_ptr<VmDay>;
 /// A picture of a day; its class is in platform/FontAndPicture.h.
@@ -27,44 +25,66 @@ using PictureRef = std::shared_ptr<StdPicture>;
 /// ranges, refusals and the moments at which events fire are described there. A refused value
 /// leaves the property as it was and is reported with qWarning.
 ///
-/// Colours that were never set follow the widget's palette; dates and names follow its locale.
+/// Colours and fonts that were never set, or have been reset, follow the widget's palette and font;
+/// dates and names follow its locale. Colours are opaque.
 /// Any slot may change any property or delete the widget.
 class VELMORA_QT_API VmDateWidget : public QWidget {
     Q_OBJECT
-    Q_PROPERTY(QDate dateMax READ dateMax WRITE setDateMax)
-    Q_PROPERTY(QDate dateMin READ dateMin WRITE setDateMin)
-    Q_PROPERTY(Appearance dayAppearance READ dayAppearance WRITE setDayAppearance)
+    Q_PROPERTY(QDate dateMax READ dateMax WRITE setDateMax NOTIFY dateMaxChanged)
+    Q_PROPERTY(QDate dateMin READ dateMin WRITE setDateMin NOTIFY dateMinChanged)
+    Q_PROPERTY(Appearance dayAppearance READ dayAppearance WRITE setDayAppearance NOTIFY
+                   dayAppearanceChanged)
+    Q_PROPERTY(TextAlignment dayCaptionAlignment READ dayCaptionAlignment WRITE
+                   setDayCaptionAlignment NOTIFY dayCaptionAlignmentChanged)
+    Q_PROPERTY(QColor dayDefaultBackColor READ dayDefaultBackColor WRITE setDayDefaultBackColor
+                   RESET resetDayDefaultBackColor NOTIFY dayDefaultBackColorChanged)
+    Q_PROPERTY(QColor dayDefaultForeColor READ dayDefaultForeColor WRITE setDayDefaultForeColor
+                   RESET resetDayDefaultForeColor NOTIFY dayDefaultForeColorChanged)
+    Q_PROPERTY(QFont dayFont READ dayFont WRITE setDayFont RESET resetDayFont NOTIFY dayFontChanged)
+    Q_PROPERTY(TextAlignment dayNumberAlignment READ dayNumberAlignment WRITE setDayNumberAlignment
+                   NOTIFY dayNumberAlignmentChanged)
     Q_PROPERTY(
-        TextAlignment dayCaptionAlignment READ dayCaptionAlignment WRITE setDayCaptionAlignment)
-    Q_PROPERTY(QColor dayDefaultBackColor READ dayDefaultBackColor WRITE setDayDefaultBackColor)
-    Q_PROPERTY(QColor dayDefaultForeColor READ dayDefaultForeColor WRITE setDayDefaultForeColor)
-    Q_PROPERTY(QFont dayFont READ dayFont WRITE setDayFont)
-    Q_PROPERTY(TextAlignment dayNumberAlignment READ dayNumberAlignment WRITE setDayNumberAlignment)
+        QColor dayOtherMonthForeColor READ dayOtherMonthForeColor WRITE setDayOtherMonthForeColor
+            RESET resetDayOtherMonthForeColor NOTIFY dayOtherMonthForeColorChanged)
+    Q_PROPERTY(PictureAlignment dayPictureAlignment READ dayPictureAlignment WRITE
+                   setDayPictureAlignment NOTIFY dayPictureAlignmentChanged)
+    Q_PROPERTY(WeekDay firstDayOfWeek READ firstDayOfWeek WRITE setFirstDayOfWeek NOTIFY
+                   firstDayOfWeekChanged)
+    Q_PROPERTY(Appearance monthAppearance READ monthAppearance WRITE setMonthAppearance NOTIFY
+                   monthAppearanceChanged)
+    Q_PROPERTY(QColor monthBackColor READ monthBackColor WRITE setMonthBackColor RESET
+                   resetMonthBackColor NOTIFY monthBackColorChanged)
+    Q_PROPERTY(MonthDisplay monthDisplay READ monthDisplay WRITE setMonthDisplay NOTIFY
+                   monthDisplayChanged)
+    Q_PROPERTY(QFont monthFont READ monthFont WRITE setMonthFont RESET resetMonthFont NOTIFY
+                   monthFontChanged)
+    Q_PROPERTY(QColor monthForeColor READ monthForeColor WRITE setMonthForeColor RESET
+                   resetMonthForeColor NOTIFY monthForeColorChanged)
+    Q_PROPERTY(QPixmap mouseIcon READ mouseIcon WRITE setMouseIcon NOTIFY mouseIconChanged)
+    Q_PROPERTY(int mousePointer READ mousePointer WRITE setMousePointer NOTIFY mousePointerChanged)
     Q_PROPERTY(
-        QColor dayOtherMonthForeColor READ dayOtherMonthForeColor WRITE setDayOtherMonthForeColor)
-    Q_PROPERTY(
-        PictureAlignment dayPictureAlignment READ dayPictureAlignment WRITE setDayPictureAlignment)
-    Q_PROPERTY(WeekDay firstDayOfWeek READ firstDayOfWeek WRITE setFirstDayOfWeek)
-    Q_PROPERTY(Appearance monthAppearance READ monthAppearance WRITE setMonthAppearance)
-    Q_PROPERTY(QColor monthBackColor READ monthBackColor WRITE setMonthBackColor)
-    Q_PROPERTY(MonthDisplay monthDisplay READ monthDisplay WRITE setMonthDisplay)
-    Q_PROPERTY(QFont monthFont READ monthFont WRITE setMonthFont)
-    Q_PROPERTY(QColor monthForeColor READ monthForeColor WRITE setMonthForeColor)
-    Q_PROPERTY(QPixmap mouseIcon READ mouseIcon WRITE setMouseIcon)
-    Q_PROPERTY(int mousePointer READ mousePointer WRITE setMousePointer)
-    Q_PROPERTY(OLEDropMode oleDropMode READ oleDropMode WRITE setOleDropMode)
-    Q_PROPERTY(QColor selectedDayBackColor READ selectedDayBackColor WRITE setSelectedDayBackColor)
-    Q_PROPERTY(QColor selectedDayForeColor READ selectedDayForeColor WRITE setSelectedDayForeColor)
-    Q_PROPERTY(bool showWeekend READ showWeekend WRITE setShowWeekend)
-    Q_PROPERTY(QColor todayBackColor READ todayBackColor WRITE setTodayBackColor)
-    Q_PROPERTY(QColor todayForeColor READ todayForeColor WRITE setTodayForeColor)
-    Q_PROPERTY(Appearance weekDayAppearance READ weekDayAppearance WRITE setWeekDayAppearance)
-    Q_PROPERTY(QColor weekDayBackColor READ weekDayBackColor WRITE setWeekDayBackColor)
+        OLEDropMode oleDropMode READ oleDropMode WRITE setOleDropMode NOTIFY oleDropModeChanged)
+    Q_PROPERTY(QColor selectedDayBackColor READ selectedDayBackColor WRITE setSelectedDayBackColor
+                   RESET resetSelectedDayBackColor NOTIFY selectedDayBackColorChanged)
+    Q_PROPERTY(QColor selectedDayForeColor READ selectedDayForeColor WRITE setSelectedDayForeColor
+                   RESET resetSelectedDayForeColor NOTIFY selectedDayForeColorChanged)
+    Q_PROPERTY(bool showWeekend READ showWeekend WRITE setShowWeekend NOTIFY showWeekendChanged)
+    Q_PROPERTY(QColor todayBackColor READ todayBackColor WRITE setTodayBackColor RESET
+                   resetTodayBackColor NOTIFY todayBackColorChanged)
+    Q_PROPERTY(QColor todayForeColor READ todayForeColor WRITE setTodayForeColor RESET
+                   resetTodayForeColor NOTIFY todayForeColorChanged)
+    Q_PROPERTY(Appearance weekDayAppearance READ weekDayAppearance WRITE setWeekDayAppearance NOTIFY
+                   weekDayAppearanceChanged)
+    Q_PROPERTY(QColor weekDayBackColor READ weekDayBackColor WRITE setWeekDayBackColor RESET
+                   resetWeekDayBackColor NOTIFY weekDayBackColorChanged)
     Q_PROPERTY(TextAlignment weekDayCaptionAlignment READ weekDayCaptionAlignment WRITE
-                   setWeekDayCaptionAlignment)
-    Q_PROPERTY(WeekDayDisplay weekDayDisplay READ weekDayDisplay WRITE setWeekDayDisplay)
-    Q_PROPERTY(QFont weekDayFont READ weekDayFont WRITE setWeekDayFont)
-    Q_PROPERTY(QColor weekDayForeColor READ weekDayForeColor WRITE setWeekDayForeColor)
+                   setWeekDayCaptionAlignment NOTIFY weekDayCaptionAlignmentChanged)
+    Q_PROPERTY(WeekDayDisplay weekDayDisplay READ weekDayDisplay WRITE setWeekDayDisplay NOTIFY
+                   weekDayDisplayChanged)
+    Q_PROPERTY(QFont weekDayFont READ weekDayFont WRITE setWeekDayFont RESET resetWeekDayFont NOTIFY
+                   weekDayFontChanged)
+    Q_PROPERTY(QColor weekDayForeColor READ weekDayForeColor WRITE setWeekDayForeColor RESET
+                   resetWeekDayForeColor NOTIFY weekDayForeColorChanged)
 
 public:
     enum Appearance : int { Flat = 0, ThreeD = 1 };
@@ -192,38 +212,85 @@ public Q_SLOTS:
     void setWeekDayFont(const QFont& value);
     void setWeekDayForeColor(const QColor& value);
 
+    // Back to what a new widget has: the palette's colours, the widget's font, and cyan behind
+    // today.
+    void resetDayDefaultBackColor();
+    void resetDayDefaultForeColor();
+    void resetDayFont();
+    void resetDayOtherMonthForeColor();
+    void resetMonthBackColor();
+    void resetMonthFont();
+    void resetMonthForeColor();
+    void resetSelectedDayBackColor();
+    void resetSelectedDayForeColor();
+    void resetTodayBackColor();
+    void resetTodayForeColor();
+    void resetWeekDayBackColor();
+    void resetWeekDayFont();
+    void resetWeekDayForeColor();
+
     void repaintControl();
     void oleDrag();
     void aboutBox();
 
 Q_SIGNALS:
-    /// Any property has a new value; the name under which it is saved.
+    /// Any property has been set; its name in Qt's spelling. Follows the property's own signal.
     void propertyChanged(const QString& name);
 
-    // The events, with the arguments of `CalendarEvents`. References can be written by slots that
-    // are connected directly. Coordinates are pixels, of an open calendar if the mouse is used
-    // there.
+    // The property has been set, or what it follows has changed: palette, font.
+    void dateMaxChanged();
+    void dateMinChanged();
+    void dayAppearanceChanged();
+    void dayCaptionAlignmentChanged();
+    void dayDefaultBackColorChanged();
+    void dayDefaultForeColorChanged();
+    void dayFontChanged();
+    void dayNumberAlignmentChanged();
+    void dayOtherMonthForeColorChanged();
+    void dayPictureAlignmentChanged();
+    void firstDayOfWeekChanged();
+    void monthAppearanceChanged();
+    void monthBackColorChanged();
+    void monthDisplayChanged();
+    void monthFontChanged();
+    void monthForeColorChanged();
+    void mouseIconChanged();
+    void mousePointerChanged();
+    void oleDropModeChanged();
+    void selectedDayBackColorChanged();
+    void selectedDayForeColorChanged();
+    void showWeekendChanged();
+    void todayBackColorChanged();
+    void todayForeColorChanged();
+    void weekDayAppearanceChanged();
+    void weekDayBackColorChanged();
+    void weekDayCaptionAlignmentChanged();
+    void weekDayDisplayChanged();
+    void weekDayFontChanged();
+    void weekDayForeColorChanged();
+
+    // The events, with the arguments of `CalendarEvents`. Coordinates are pixels, of an open
+    // calendar if the mouse is used there.
 
     /// Of the events of one step or choice. The month list tells the shown date with it, page keys
     /// and limits move the selected one without it. To follow the date connect to
     /// `dateValueChanged`, which tells every new value, whoever has set it, and nothing else.
     void dateChanged(QDate newDate);
     void dayChanged(int newDay);
-    void keyUp(qint16& keyCode, qint16& shift);
-    void keyPress(qint16& keyAscii);
-    void keyDown(qint16& keyCode, qint16& shift);
+    void keyUp(velmora::VmKeyArguments* key);
+    void keyPress(velmora::VmKeyPressArguments* key);
+    /// Before the control acts on the key, with what the slots leave of it.
+    void keyDown(velmora::VmKeyArguments* key);
     void monthChanged(int newMonth);
     void mouseDown(int button, int shift, float x, float y);
     void mouseMove(int button, int shift, float x, float y);
     void mouseUp(int button, int shift, float x, float y);
-    void oleCompleteDrag(qint32& effect);
-    void oleDragDrop(velmora::DataRef& data, qint32& effect, int button, int shift, float x,
-                     float y);
-    void oleDragOver(velmora::DataRef& data, qint32& effect, int button, int shift, float x,
-                     float y, int state);
-    void oleGiveFeedback(qint32& effect, bool& defaultCursors);
-    void oleSetData(velmora::DataRef& data, int dataFormat);
-    void oleStartDrag(velmora::DataRef& data, qint32& allowedEffects);
+    void oleCompleteDrag(velmora::VmDragArguments* drag);
+    void oleDragDrop(velmora::VmDragArguments* drag);
+    void oleDragOver(velmora::VmDragArguments* drag);
+    void oleGiveFeedback(velmora::VmDragArguments* drag);
+    void oleSetData(velmora::VmDragArguments* drag);
+    void oleStartDrag(velmora::VmDragArguments* drag);
     void yearChanged(int newYear);
 
 protected:

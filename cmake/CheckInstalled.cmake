@@ -37,7 +37,7 @@ get_filename_component(plugins ${plugin}/../.. ABSOLUTE)
 set(ENV{QT_PLUGIN_PATH} ${plugins})
 set(ENV{QT_QPA_PLATFORM} offscreen)
 
-set(outside ${CMAKE_CURRENT_LIST_DIR})
+set(outside ${SOURCE}/tests/installed)
 build_project(${FOLDER}/core ${outside} "-DPART=Core;-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON")
 run(${FOLDER}/core/outside)
 build_project(${FOLDER}/qt ${outside}
