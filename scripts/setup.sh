@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2034
 
 readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libqt6opengl6-dev
-    qt6-tools-dev libgl-dev fonts-dejavu-core)
+    qt6-tools-dev libgl-dev pkg-config python3 fonts-dejavu-core)
 readonly kLayoutPackages=(clang-format)
 readonly kSanitizePackages=(clang libclang-rt-dev)
 readonly kWindowPackages=(xvfb xdotool)

@@ -71,6 +71,8 @@ protected:
     virtual std::optional<std::string> Marked() { return std::nullopt; }
     virtual std::optional<std::string> Pushed() { return std::nullopt; }
 
+    /// One step without what is expected of it.
+    void Do(const std::string& act);
     /// A handler that notes an event with its arguments and answers it as the script wants.
     auto Noting(const std::string& event) {
         return [this, event](auto&&... arguments) {
@@ -119,7 +121,6 @@ private:
     void ExpectState(const std::string& events, const std::string& wanted);
     void ExpectToGoOn();
     bool PlayPart(const Steps& part, int eventOfMischief);
-    void Do(const std::string& act);
     void Begin(Kind kind);
     void LetText(const std::string& property, const std::string& value);
     void Type(const std::string& key, bool again);
