@@ -5,9 +5,15 @@
 namespace velmora {
 
 /// Calls `paint` with a surface of that size and copies what it has drawn to the window in one go,
-/// so that nothing flickers. Where there is no memory for that, it draws on the window itself.
+/// so that nothing flickers. Draws on the window itself where nothing would, or where there is no
+/// memory for that.
 template <class Paint>
 void Compose(Drawing& drawing, SurfaceHandle window, Size size, Paint paint) {
+    if (drawing.IsBuffered(window)) {
+        const Clip inside(drawing, window, {0, 0, size.width, size.height});
+        paint(window);
+        return;
+    }
     const OwnedSurface memory(drawing, drawing.CreateCompatibleDC(window));
     const OwnedObject bitmap(drawing,
                              drawing.CreateCompatibleBitmap(window, size.width, size.height));

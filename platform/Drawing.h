@@ -116,6 +116,9 @@ public:
     virtual ObjectHandle CreateCompatibleBitmap(SurfaceHandle like, int width, int height) = 0;
     virtual void BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, Point from,
                         RasterOp operation) = 0;
+    /// Whether what is drawn on the surface shows only when the paint is over, so that nothing of
+    /// it can flicker.
+    virtual bool IsBuffered(SurfaceHandle) { return false; }
     /// Scales `from` of the source to `area`.
     virtual void StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source,
                             const Rect& from, RasterOp operation) = 0;

@@ -65,8 +65,11 @@ struct Painted {
     std::vector<QRect> texts;
 };
 
+/// A painter with a clip of its own composes in memory; any other's image is drawn on itself.
+enum class Path { Direct, Composed };
+
 template <class Look>
-Painted PaintedWithQt(const Look& look, double ratio) {
+Painted PaintedWithQt(const Look& look, double ratio, Path path = Path::Direct) {
     QWidget widget;
     widget.setPalette(PaletteOfLooks());
     NotingDrawing drawing(&widget);
@@ -78,6 +81,7 @@ Painted PaintedWithQt(const Look& look, double ratio) {
         drawing.texts.clear();
         {
             QPainter painter(&image);
+            if (path == Path::Composed) painter.setClipRect(image.rect());
             const QtDrawing::Surface surface(drawing, painter);
             paint(surface.Handle());
         }
@@ -140,6 +144,7 @@ std::optional<QImage> DifferenceOf(const Painted& painted, const QImage& wanted)
 template <class Look>
 void ExpectReference(const Look& look, double ratio) {
     const Painted painted = PaintedWithQt(look, ratio);
+    EXPECT_EQ(painted.image, PaintedWithQt(look, ratio, Path::Composed).image) << look.name;
     const std::string name = look.name + (ratio == 1 ? "" : "_large");
     const Reference reference = ReferenceOf(name, "hosts", ".png");
     const auto file = [](const std::string& path) { return QString::fromStdString(path); };

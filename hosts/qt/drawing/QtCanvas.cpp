@@ -22,6 +22,10 @@ QRect ToQRect(const Rect& rect) noexcept {
     return {rect.left, rect.top, rect.Width(), rect.Height()};
 }
 
+Rect ToRect(const QRect& rect) noexcept {
+    return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
+}
+
 /// Text positions in logical pixels, from the flags.
 Point TextOrigin(const Rect& rect, Size text, std::uint32_t flags) noexcept {
     Point origin{rect.left, rect.top};
@@ -277,66 +281,147 @@ const GdiObject* MemoryCanvas::SelectBitmap(GdiObject& object) {
     return previous;
 }
 
-void MemoryCanvas::FillDevice(const Rect& box, std::uint32_t color) {
-    FillPixels(m_bitmap->Pixels(), box, color);
+void PixelCanvas::FillDevice(const Rect& box, std::uint32_t color) {
+    FillPixels(Pixels(), box, color);
 }
 
-void MemoryCanvas::InvertDevice(std::span<const Rect> boxes) {
-    for (const Rect& box : boxes) InvertPixels(m_bitmap->Pixels(), box);
+void PixelCanvas::InvertDevice(std::span<const Rect> boxes) {
+    for (const Rect& box : boxes) InvertPixels(Pixels(), box);
 }
 
-void MemoryCanvas::ImageDevice(const Rect& box, const QImage& image, Point from) {
+void PixelCanvas::ImageDevice(const Rect& box, const QImage& image, Point from) {
     if (image.format() == QImage::Format_RGB32) {
-        CopyPixels(m_bitmap->Pixels(), box, PixelsOf(image), from);
+        CopyPixels(Pixels(), box, PixelsOf(image), from);
     } else {
-        BlendPixels(m_bitmap->Pixels(), box, PixelsOf(image), from);
+        BlendPixels(Pixels(), box, PixelsOf(image), from);
     }
 }
 
-void MemoryCanvas::TextDevice(const TextLine& line, Point origin, const Rect& clip,
-                              std::uint32_t color) {
+void PixelCanvas::TextDevice(const TextLine& line, Point origin, const Rect& clip,
+                             std::uint32_t color) {
     if (!line.mask) {
         PaintLine(Painter(), line, origin, m_ratio, color, &clip);
         return;
     }
     const Rect box = Intersect(Moved(line.mask->box, origin.x, origin.y), clip);
-    if (!IsEmpty(box)) BlendMask(m_bitmap->Pixels(), box, *line.mask, origin, color);
+    if (!IsEmpty(box)) BlendMask(Pixels(), box, *line.mask, origin, color);
 }
 
-PainterCanvas::PainterCanvas(QPainter& painter)
-    : Canvas(painter.isActive() ? painter.device()->devicePixelRatio() : 1), m_painter(painter) {
+double ForeignPainter::RatioOf(const QPainter& painter) {
+    return painter.isActive() ? painter.device()->devicePixelRatio() : 1;
+}
+
+ForeignPainter::ForeignPainter(QPainter& painter) : m_painter(painter) {
     if (!painter.isActive()) return;
+    const double ratio = RatioOf(painter);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    if (m_ratio != 1) painter.scale(1 / m_ratio, 1 / m_ratio);
+    if (ratio != 1) painter.scale(1 / ratio, 1 / ratio);
 }
 
-PainterCanvas::~PainterCanvas() {
+ForeignPainter::~ForeignPainter() {
     if (m_painter.isActive()) m_painter.restore();
 }
 
+std::unique_ptr<DirectCanvas> DirectCanvas::On(QPainter& painter) {
+    if (!painter.isActive() || painter.hasClipping() || painter.opacity() != 1 ||
+        painter.compositionMode() != QPainter::CompositionMode_SourceOver) {
+        return nullptr;
+    }
+    QPaintEngine* const engine = painter.paintEngine();
+    QPaintDevice* const device = engine->paintDevice();
+    if (engine->type() != QPaintEngine::Raster || !device ||
+        device->devType() != QInternal::Image) {
+        return nullptr;
+    }
+    auto& image = static_cast<QImage&>(*device);
+    const bool isKnown = image.format() == QImage::Format_RGB32 ||
+                         image.format() == QImage::Format_ARGB32_Premultiplied;
+    const double ratio = ForeignPainter::RatioOf(painter);
+    const QTransform place =
+        QTransform::fromScale(1 / ratio, 1 / ratio) * painter.deviceTransform();
+    const QPoint origin(qRound(place.dx()), qRound(place.dy()));
+    if (!isKnown || place.type() > QTransform::TxTranslate || place.dx() != origin.x() ||
+        place.dy() != origin.y()) {
+        return nullptr;
+    }
+    const QRegion visible = engine->systemClip();
+    std::vector<Rect> parts;
+    for (const QRect& part : visible.isEmpty() ? QRegion(image.rect()) : visible& image.rect()) {
+        parts.push_back(Moved(ToRect(part), -origin.x(), -origin.y()));
+    }
+    const std::ptrdiff_t stride = image.bytesPerLine() / 4;
+    const PixelTarget all{reinterpret_cast<std::uint32_t*>(image.bits()), stride};
+    return std::make_unique<DirectCanvas>(
+        painter, PixelTarget{all.At(origin.x(), origin.y()), stride}, std::move(parts));
+}
+
+DirectCanvas::DirectCanvas(QPainter& painter, PixelTarget pixels, std::vector<Rect> parts)
+    : PixelCanvas(ForeignPainter::RatioOf(painter)),
+      m_painter(painter),
+      m_pixels(pixels),
+      m_parts(std::move(parts)) {
+    if (m_parts.empty()) return;
+    m_bounds = m_parts.front();
+    for (const Rect& part : m_parts) {
+        m_bounds = {std::min(m_bounds.left, part.left), std::min(m_bounds.top, part.top),
+                    std::max(m_bounds.right, part.right), std::max(m_bounds.bottom, part.bottom)};
+    }
+}
+
+template <class Draw>
+void DirectCanvas::InParts(const Rect& box, Draw draw) {
+    for (const Rect& part : m_parts) {
+        if (const Rect inside = Intersect(box, part); !IsEmpty(inside)) draw(inside);
+    }
+}
+
+void DirectCanvas::FillDevice(const Rect& box, std::uint32_t color) {
+    InParts(box, [&](const Rect& inside) { PixelCanvas::FillDevice(inside, color); });
+}
+
+void DirectCanvas::InvertDevice(std::span<const Rect> boxes) {
+    for (const Rect& box : boxes) {
+        InParts(box, [&](const Rect& inside) { PixelCanvas::InvertDevice({&inside, 1}); });
+    }
+}
+
+void DirectCanvas::ImageDevice(const Rect& box, const QImage& image, Point from) {
+    InParts(box, [&](const Rect& inside) {
+        PixelCanvas::ImageDevice(inside, image,
+                                 {from.x + inside.left - box.left, from.y + inside.top - box.top});
+    });
+}
+
+void DirectCanvas::TextDevice(const TextLine& line, Point origin, const Rect& clip,
+                              std::uint32_t color) {
+    InParts(clip,
+            [&](const Rect& inside) { PixelCanvas::TextDevice(line, origin, inside, color); });
+}
+
 void PainterCanvas::FillDevice(const Rect& box, std::uint32_t color) {
-    m_painter.fillRect(ToQRect(box), QColor::fromRgb(color));
+    m_painter->fillRect(ToQRect(box), QColor::fromRgb(color));
 }
 
 void PainterCanvas::InvertDevice(std::span<const Rect> boxes) {
-    const bool inverts = m_painter.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
-    const QPainter::CompositionMode before = m_painter.compositionMode();
-    if (inverts) m_painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
-    for (const Rect& box : boxes) m_painter.fillRect(ToQRect(box), inverts ? Qt::white : Qt::black);
-    m_painter.setCompositionMode(before);
+    const bool inverts = m_painter->paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
+    const QPainter::CompositionMode before = m_painter->compositionMode();
+    if (inverts) m_painter->setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+    for (const Rect& box : boxes)
+        m_painter->fillRect(ToQRect(box), inverts ? Qt::white : Qt::black);
+    m_painter->setCompositionMode(before);
 }
 
 void PainterCanvas::ImageDevice(const Rect& box, const QImage& image, Point from) {
     const QRect target = ToQRect(box);
-    m_painter.drawImage(target, image, QRect(QPoint(from.x, from.y), target.size()));
+    m_painter->drawImage(target, image, QRect(QPoint(from.x, from.y), target.size()));
 }
 
 void PainterCanvas::TextDevice(const TextLine& line, Point origin, const Rect& clip,
                                std::uint32_t color) {
     const bool fits = line.mask && Contains(clip, Moved(line.mask->box, origin.x, origin.y));
-    PaintLine(m_painter, line, origin, m_ratio, color, fits ? nullptr : &clip);
+    PaintLine(*m_painter, line, origin, m_ratio, color, fits ? nullptr : &clip);
 }
 
 }  // namespace velmora::gdi

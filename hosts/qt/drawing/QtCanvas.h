@@ -3,6 +3,9 @@
 #include "hosts/qt/drawing/QtGdiObjects.h"
 #include "hosts/qt/drawing/QtPixels.h"
 
+#include <QPainter>
+
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -20,6 +23,8 @@ public:
     virtual ~Canvas() = default;
 
     double Ratio() const noexcept { return m_ratio; }
+    /// Whether it draws on the pixels of somebody else's image.
+    virtual bool IsDirect() const noexcept { return false; }
     /// Returns what was selected before; null if the object cannot be selected here.
     const GdiObject* Select(GdiObject& object);
     void Save() { m_saved.push_back(m_state); }
@@ -83,19 +88,30 @@ private:
     FontFaceRef m_standardFace;
 };
 
-/// A surface in memory. Has no pixels until a bitmap is selected.
-class MemoryCanvas final : public Canvas {
+/// Writes its pixels itself, as far as possible.
+class PixelCanvas : public Canvas {
 public:
-    explicit MemoryCanvas(double ratio) : Canvas(ratio), m_emptyRatio(ratio) {}
-    ~MemoryCanvas() override;
+    using Canvas::Canvas;
 
 protected:
-    bool CanDraw() const noexcept override { return m_bitmap != nullptr; }
+    /// Those of the surface; the origin is its upper left corner.
+    virtual PixelTarget Pixels() const = 0;
     void FillDevice(const Rect& box, std::uint32_t color) override;
     void InvertDevice(std::span<const Rect> boxes) override;
     void ImageDevice(const Rect& box, const QImage& image, Point from) override;
     void TextDevice(const TextLine& line, Point origin, const Rect& clip,
                     std::uint32_t color) override;
+};
+
+/// A surface in memory. Has no pixels until a bitmap is selected.
+class MemoryCanvas final : public PixelCanvas {
+public:
+    explicit MemoryCanvas(double ratio) : PixelCanvas(ratio), m_emptyRatio(ratio) {}
+    ~MemoryCanvas() override;
+
+protected:
+    bool CanDraw() const noexcept override { return m_bitmap != nullptr; }
+    PixelTarget Pixels() const override { return m_bitmap->Pixels(); }
     QPainter& Painter() override { return m_bitmap->Painter(); }
     Rect Bounds() const noexcept override;
     const GdiObject* SelectBitmap(GdiObject& object) override;
@@ -107,11 +123,34 @@ private:
     double m_emptyRatio;
 };
 
-/// A surface on a painter of somebody else, whose state is restored at the end.
-class PainterCanvas final : public Canvas {
+/// A painter of somebody else, made to work in device pixels; its state is restored at the end.
+class ForeignPainter {
 public:
-    explicit PainterCanvas(QPainter& painter);
-    ~PainterCanvas() override;
+    explicit ForeignPainter(QPainter& painter);
+    ForeignPainter(const ForeignPainter&) = delete;
+    ForeignPainter& operator=(const ForeignPainter&) = delete;
+    ~ForeignPainter();
+
+    QPainter& operator*() const noexcept { return m_painter; }
+    QPainter* operator->() const noexcept { return &m_painter; }
+    /// Device pixels in a logical pixel.
+    static double RatioOf(const QPainter& painter);
+
+private:
+    QPainter& m_painter;
+};
+
+/// A surface on a painter of somebody else that ends in an image: what is drawn goes straight to
+/// that image's pixels, where the painter would have put it.
+class DirectCanvas final : public PixelCanvas {
+public:
+    /// Null where only the painter itself can draw: it ends elsewhere, is turned, scaled or moved
+    /// by parts of a pixel, blends, or has a clip of its own.
+    static std::unique_ptr<DirectCanvas> On(QPainter& painter);
+    /// `parts` are the pixels that may be written, of which no two overlap.
+    DirectCanvas(QPainter& painter, PixelTarget pixels, std::vector<Rect> parts);
+
+    bool IsDirect() const noexcept override { return true; }
 
 protected:
     void FillDevice(const Rect& box, std::uint32_t color) override;
@@ -119,12 +158,39 @@ protected:
     void ImageDevice(const Rect& box, const QImage& image, Point from) override;
     void TextDevice(const TextLine& line, Point origin, const Rect& clip,
                     std::uint32_t color) override;
-    bool CanDraw() const noexcept override { return m_painter.isActive(); }
-    QPainter& Painter() override { return m_painter; }
+    PixelTarget Pixels() const override { return m_pixels; }
+    QPainter& Painter() override { return *m_painter; }
+    Rect Bounds() const noexcept override { return m_bounds; }
+
+private:
+    /// Calls `draw` with what of the box lies in each of the parts.
+    template <class Draw>
+    void InParts(const Rect& box, Draw draw);
+
+    ForeignPainter m_painter;
+    PixelTarget m_pixels;
+    std::vector<Rect> m_parts;
+    Rect m_bounds;  // around them
+};
+
+/// A surface on a painter of somebody else.
+class PainterCanvas final : public Canvas {
+public:
+    explicit PainterCanvas(QPainter& painter)
+        : Canvas(ForeignPainter::RatioOf(painter)), m_painter(painter) {}
+
+protected:
+    void FillDevice(const Rect& box, std::uint32_t color) override;
+    void InvertDevice(std::span<const Rect> boxes) override;
+    void ImageDevice(const Rect& box, const QImage& image, Point from) override;
+    void TextDevice(const TextLine& line, Point origin, const Rect& clip,
+                    std::uint32_t color) override;
+    bool CanDraw() const noexcept override { return m_painter->isActive(); }
+    QPainter& Painter() override { return *m_painter; }
     Rect Bounds() const noexcept override { return {-kFarthest, -kFarthest, kFarthest, kFarthest}; }
 
 private:
-    QPainter& m_painter;
+    ForeignPainter m_painter;
 };
 
 inline SurfaceHandle HandleOf(const Canvas* canvas) noexcept {

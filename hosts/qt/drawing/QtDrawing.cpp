@@ -101,7 +101,9 @@ std::vector<Rect> RectsOf(const QRegion& region) {
 }
 
 QtDrawing::Surface::Surface(QtDrawing&, QPainter& painter)
-    : m_canvas(std::make_unique<gdi::PainterCanvas>(painter)) {}
+    : m_canvas(gdi::DirectCanvas::On(painter)) {
+    if (!m_canvas) m_canvas = std::make_unique<gdi::PainterCanvas>(painter);
+}
 
 QtDrawing::Surface::~Surface() = default;
 
@@ -223,6 +225,10 @@ void QtDrawing::BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle sou
                        RasterOp) {
     if (target == SurfaceHandle::None || source == SurfaceHandle::None) return;
     CanvasOf(target)->Copy(area, *CanvasOf(source), from);
+}
+
+bool QtDrawing::IsBuffered(SurfaceHandle surface) {
+    return surface != SurfaceHandle::None && CanvasOf(surface)->IsDirect();
 }
 
 void QtDrawing::StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source,

@@ -14,7 +14,7 @@ class QWidget;
 namespace velmora {
 
 namespace gdi {
-class PainterCanvas;
+class Canvas;
 }
 
 /// The parts of a region, as a paint is told them.
@@ -49,7 +49,7 @@ public:
         SurfaceHandle Handle() const noexcept;
 
     private:
-        std::unique_ptr<gdi::PainterCanvas> m_canvas;
+        std::unique_ptr<gdi::Canvas> m_canvas;
     };
 
     /// The handle under which `InvalidateRect` knows a widget.
@@ -84,6 +84,7 @@ public:
     ObjectHandle CreateCompatibleBitmap(SurfaceHandle like, int width, int height) override;
     void BitBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, Point from,
                 RasterOp operation) override;
+    bool IsBuffered(SurfaceHandle surface) override;
     void StretchBlt(SurfaceHandle target, const Rect& area, SurfaceHandle source, const Rect& from,
                     RasterOp operation) override;
 
