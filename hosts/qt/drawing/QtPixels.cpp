@@ -44,10 +44,15 @@ __m128i InkedWide(__m128i pixels, __m128i alpha, __m128i ink) noexcept {
     return _mm_add_epi16(ScaledWide(ink, alpha), ScaledWide(pixels, rest));
 }
 
-void BlendBlock(std::uint32_t* pixels, const std::uint32_t* covered, std::uint32_t color) noexcept {
+void BlendBlock(std::uint32_t* pixels, const std::uint8_t* covered, std::uint32_t color) noexcept {
+    std::int32_t four = 0;
+    std::memcpy(&four, covered, sizeof four);
+    if (four == 0) return;
     const __m128i zero = _mm_setzero_si128();
     const __m128i ink = _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(color)), zero);
-    const __m128i alpha = _mm_loadu_si128(reinterpret_cast<const __m128i*>(covered));
+    __m128i alpha = _mm_cvtsi32_si128(four);  // every byte four times, as the pixels have it
+    alpha = _mm_unpacklo_epi8(alpha, alpha);
+    alpha = _mm_unpacklo_epi16(alpha, alpha);
     const __m128i below = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixels));
     const __m128i low =
         InkedWide(_mm_unpacklo_epi8(below, zero), _mm_unpacklo_epi8(alpha, zero), ink);
@@ -55,11 +60,40 @@ void BlendBlock(std::uint32_t* pixels, const std::uint32_t* covered, std::uint32
         InkedWide(_mm_unpackhi_epi8(below, zero), _mm_unpackhi_epi8(alpha, zero), ink);
     _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), _mm_packus_epi16(low, high));
 }
+
+/// Past the caches, which a large area would only empty of what is drawn over it: whole lines of
+/// them, as a part of one costs more than it saves.
+void StreamRow(std::uint32_t* pixel, std::int32_t width, std::uint32_t color) noexcept {
+    constexpr std::uintptr_t kLine = 64;  // bytes
+    constexpr std::ptrdiff_t kLinePixels = kLine / sizeof(std::uint32_t);
+    const __m128i four = _mm_set1_epi32(static_cast<int>(color));
+    std::uint32_t* const end = pixel + width;
+    while (pixel < end && reinterpret_cast<std::uintptr_t>(pixel) % kLine != 0) *pixel++ = color;
+    while (end - pixel >= kLinePixels) {
+        for (const std::uint32_t* const next = pixel + kLinePixels; pixel < next; pixel += kBlock) {
+            _mm_stream_si128(reinterpret_cast<__m128i*>(pixel), four);
+        }
+    }
+    std::fill(pixel, end, color);
+}
+
+bool FillLarge(PixelTarget target, const Rect& box, std::uint32_t color) noexcept {
+    constexpr std::int64_t kLarge = 1 << 14;  // pixels
+    const std::int32_t width = box.right - box.left;
+    if (std::int64_t{width} * (box.bottom - box.top) < kLarge) return false;
+    for (std::int32_t y = box.top; y < box.bottom; ++y) {
+        StreamRow(target.At(box.left, y), width, color);
+    }
+    _mm_sfence();
+    return true;
+}
 #else
 constexpr std::int32_t kBlock = 1;
 
-void BlendBlock(std::uint32_t* pixels, const std::uint32_t* covered, std::uint32_t color) noexcept {
-    *pixels = Inked(*pixels, *covered & 0xFF, color);
+bool FillLarge(PixelTarget, const Rect&, std::uint32_t) noexcept { return false; }
+
+void BlendBlock(std::uint32_t* pixels, const std::uint8_t* covered, std::uint32_t color) noexcept {
+    *pixels = Inked(*pixels, *covered, color);
 }
 #endif
 
@@ -77,6 +111,7 @@ void FillPixels(PixelTarget target, const Rect& box, std::uint32_t color) noexce
         for (std::int32_t y = box.top; y < box.bottom; ++y, pixel += target.stride) *pixel = color;
         return;
     }
+    if (FillLarge(target, box, color)) return;
     std::fill_n(first, width, color);
     std::uint32_t* row = first;
     for (std::int32_t y = box.top + 1; y < box.bottom; ++y) {
@@ -121,15 +156,15 @@ void BlendMask(PixelTarget target, const Rect& box, const CoverageMask& mask, Po
     const std::int32_t blocksEnd = box.left + box.Width() / kBlock * kBlock;
     for (std::int32_t y = box.top; y < box.bottom; ++y) {
         std::uint32_t* pixel = target.At(box.left, y);
-        const std::uint32_t* covered = mask.coverage.data() +
-                                       (y - origin.y - mask.box.top) * stride +
-                                       (box.left - origin.x - mask.box.left);
+        const std::uint8_t* covered = mask.coverage.data() +
+                                      (y - origin.y - mask.box.top) * stride +
+                                      (box.left - origin.x - mask.box.left);
         std::int32_t x = box.left;
         for (; x < blocksEnd; x += kBlock, pixel += kBlock, covered += kBlock) {
             BlendBlock(pixel, covered, color);
         }
         for (; x < box.right; ++x, ++pixel, ++covered) {
-            if (*covered != 0) *pixel = Inked(*pixel, *covered & 0xFF, color);
+            if (*covered != 0) *pixel = Inked(*pixel, *covered, color);
         }
     }
 }

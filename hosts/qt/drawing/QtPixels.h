@@ -57,11 +57,11 @@ struct PixelSource {
     }
 };
 
-/// How much of each pixel a text covers, row by row: 0..255, the same in all four bytes. `box` is
-/// relative to the left end of the text's base line.
+/// How much of each pixel a text covers, row by row: 0..255. `box` is relative to the left end of
+/// the text's base line.
 struct CoverageMask {
     Rect box;
-    std::vector<std::uint32_t> coverage;
+    std::vector<std::uint8_t> coverage;
 };
 
 void FillPixels(PixelTarget target, const Rect& box, std::uint32_t color) noexcept;

@@ -27,13 +27,13 @@ QString OneLine(std::string_view text) {
     return line;
 }
 
-/// Decorations are drawn here: those of glyph runs land away from the base line.
-QList<QRectF> Bars(const QFont& font, double width) {
-    const QFontMetricsF metrics(font);
+QList<QRectF> Bars(const FontFace& face, double width) {
+    if (!face.underline && !face.strikeOut) return {};
+    const QFontMetricsF metrics(face.font);
     const double thickness = std::max(metrics.lineWidth(), 1.0);
     QList<QRectF> bars;
-    if (font.underline()) bars.append({0, metrics.underlinePos(), width, thickness});
-    if (font.strikeOut()) bars.append({0, -metrics.strikeOutPos(), width, thickness});
+    if (face.underline) bars.append({0, metrics.underlinePos(), width, thickness});
+    if (face.strikeOut) bars.append({0, -metrics.strikeOutPos(), width, thickness});
     return bars;
 }
 
@@ -42,11 +42,8 @@ QRect DeviceBar(const QRectF& bar, double ratio) {
             std::max(qRound(bar.height() * ratio), 1)};
 }
 
-TextLine LayOut(const QFont& font, std::string_view text) {
-    QFont bare = font;
-    bare.setUnderline(false);
-    bare.setStrikeOut(false);
-    QTextLayout layout(OneLine(text), bare);
+TextLine LayOut(const FontFace& face, std::string_view text) {
+    QTextLayout layout(OneLine(text), face.font);
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::NoWrap);
     layout.setTextOption(option);
@@ -58,7 +55,7 @@ TextLine LayOut(const QFont& font, std::string_view text) {
     result.runs = layout.glyphRuns();
     result.ascent = line.ascent();
     result.width = static_cast<int>(std::ceil(std::min(line.naturalTextWidth(), qreal{kFarthest})));
-    result.bars = Bars(font, result.width);
+    result.bars = Bars(face, result.width);
     return result;
 }
 
@@ -68,56 +65,68 @@ const QRgb* Row(const QImage& image, int y) {
 
 /// The smallest box around all pixels that are not transparent; empty if there is none.
 Rect InkBox(const QImage& image) {
-    Rect ink{image.width(), image.height(), 0, 0};
-    for (int y = 0; y < image.height(); ++y) {
+    const int width = image.width();
+    const int height = image.height();
+    Rect ink{width, height, 0, 0};
+    for (int y = 0; y < height; ++y) {
         const QRgb* const row = Row(image, y);
-        for (int x = 0; x < image.width(); ++x) {
-            if (row[x] == 0) continue;
-            ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x + 1), y + 1};
-        }
+        const QRgb* const first = std::find_if(row, row + width, [](QRgb pixel) { return pixel; });
+        if (first == row + width) continue;
+        const QRgb* last = row + width - 1;
+        while (*last == 0) --last;
+        ink = {std::min(ink.left, static_cast<int>(first - row)), std::min(ink.top, y),
+               std::max(ink.right, static_cast<int>(last - row) + 1), y + 1};
     }
     return IsEmpty(ink) ? Rect{} : ink;
 }
 
 /// The coverage of an image that was drawn in black on nothing; none if another colour is in it.
-std::optional<CoverageMask> Coverage(const QImage& image, Point baseLine) {
-    const Rect ink = InkBox(image);
+std::optional<CoverageMask> Coverage(const QImage& image, const Rect& ink, Point baseLine) {
+    const int width = ink.Width();
     CoverageMask mask{Moved(ink, -baseLine.x, -baseLine.y), {}};
-    mask.coverage.reserve(static_cast<std::size_t>(ink.Width()) *
-                          static_cast<std::size_t>(ink.Height()));
+    mask.coverage.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(ink.Height()));
+    std::uint8_t* covered = mask.coverage.data();
+    QRgb colors = 0;
     for (int y = ink.top; y < ink.bottom; ++y) {
-        const QRgb* const row = Row(image, y);
-        for (int x = ink.left; x < ink.right; ++x) {
-            if ((row[x] & 0xFFFFFF) != 0) return std::nullopt;
-            mask.coverage.push_back((row[x] >> 24) * 0x01010101u);
+        const QRgb* const row = Row(image, y) + ink.left;
+        for (int x = 0; x < width; ++x) {
+            colors |= row[x];
+            *covered++ = static_cast<std::uint8_t>(qAlpha(row[x]));
         }
     }
+    if ((colors & 0xFFFFFF) != 0) return std::nullopt;
     return mask;
 }
 
 std::optional<CoverageMask> Render(const TextLine& line, int height, double ratio) {
-    // Slanted, swashed and stacked glyphs leave the text's box; a line height on every side holds
-    // them all.
-    const double margin = std::ceil(height * ratio) + 1;
-    const double width = std::ceil(line.width * ratio) + 2 * margin;
-    const double rows = 3 * margin;
-    if (width * rows > kMostMaskPixels) return std::nullopt;
-    QImage image(static_cast<int>(width), static_cast<int>(rows),
-                 QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull()) return std::nullopt;
-    image.fill(0);
-    const Point baseLine{static_cast<int>(margin), static_cast<int>(2 * margin)};
-    QPainter painter(&image);
-    PaintLine(painter, line, baseLine, ratio, 0xFF000000, nullptr);
-    painter.end();
-    return Coverage(image, baseLine);
+    const double lineHeight = std::ceil(height * ratio) + 1;
+    // Most texts stay next to their box; slanted, swashed and stacked glyphs leave it, and a line
+    // height on every side holds them all.
+    for (const double margin : {std::ceil(lineHeight / 6), lineHeight}) {
+        const double width = std::ceil(line.width * ratio) + 2 * margin;
+        const double rows = lineHeight + 2 * margin;
+        if (width * rows > kMostMaskPixels) return std::nullopt;
+        QImage image(static_cast<int>(width), static_cast<int>(rows),
+                     QImage::Format_ARGB32_Premultiplied);
+        if (image.isNull()) return std::nullopt;
+        image.fill(0);
+        const Point baseLine{static_cast<int>(margin), static_cast<int>(margin + lineHeight)};
+        QPainter painter(&image);
+        PaintLine(painter, line, baseLine, ratio, 0xFF000000, nullptr);
+        painter.end();
+        const Rect ink = InkBox(image);
+        const bool isWhole =
+            IsEmpty(ink) || (ink.left > 0 && ink.top > 0 && ink.right < image.width() &&
+                             ink.bottom < image.height());
+        if (isWhole || margin == lineHeight) return Coverage(image, ink, baseLine);
+    }
+    return std::nullopt;
 }
 
 std::size_t Bytes(const TextLine& line, std::size_t textLength) {
-    constexpr std::size_t kFixed = 400;  // the entry with its list and its glyph run
+    constexpr std::size_t kFixed = 500;  // the entry with its list, its index and its glyph run
     constexpr std::size_t kPerCharacter = 24;
-    const std::size_t pixels = line.mask ? line.mask->coverage.size() : 0;
-    return kFixed + kPerCharacter * textLength + pixels * sizeof(std::uint32_t);
+    return kFixed + kPerCharacter * textLength + (line.mask ? line.mask->coverage.size() : 0);
 }
 
 }  // namespace
@@ -128,7 +137,7 @@ std::size_t TextCache::FontHash::operator()(const LogFont& font) const noexcept 
     return std::hash<std::string>()(font.faceName) ^ std::hash<double>()(font.points) ^ style;
 }
 
-std::size_t TextCache::KeyHash::operator()(const KeyView& key) const noexcept {
+std::size_t TextCache::KeyHash::operator()(const Key& key) const noexcept {
     return std::hash<std::string_view>()(key.text) ^ (key.face * 0x9E3779B97F4A7C15u);
 }
 
@@ -155,8 +164,8 @@ FontFaceRef TextCache::Resolve(const LogFont& description) {
     face->font.setPointSizeF(std::clamp(description.points, 1.0, kLargestPoints));
     face->font.setBold(description.bold);
     face->font.setItalic(description.italic);
-    face->font.setUnderline(description.underline);
-    face->font.setStrikeOut(description.strikeOut);
+    face->underline = description.underline;
+    face->strikeOut = description.strikeOut;
     // One coverage a pixel: text must look the same off screen and drawn directly.
     face->font.setStyleStrategy(QFont::NoSubpixelAntialias);
     const QFontMetricsF metrics(face->font);
@@ -166,29 +175,38 @@ FontFaceRef TextCache::Resolve(const LogFont& description) {
 }
 
 const TextLine& TextCache::Line(const FontFace& face, std::string_view text, double ratio) {
-    auto found = m_lines.find(KeyView{face.id, text});
-    if (found == m_lines.end()) {
-        TextLine line = LayOut(face.font, text);
-        const std::size_t bytes = Bytes(line, text.size());
-        if (m_bytes + bytes > kMostTextBytes) {
-            m_lines.clear();
-            m_bytes = 0;
-        }
-        m_bytes += bytes;
-        found = m_lines.emplace(Key{face.id, std::string(text)}, std::move(line)).first;
+    const auto found = m_index.find({face.id, text});
+    if (found != m_index.end()) {
+        m_entries.splice(m_entries.begin(), m_entries, found->second);
+    } else {
+        m_entries.push_front({face.id, std::string(text), LayOut(face, text), 0});
+        m_index.emplace(Key{face.id, m_entries.front().text}, m_entries.begin());
     }
-    TextLine& line = found->second;
-    if (line.ratio != ratio) {
-        m_bytes -= Bytes(line, text.size());
-        line.mask = Render(line, face.height, ratio);
-        line.ratio = ratio;
-        m_bytes += Bytes(line, text.size());
+    Entry& entry = m_entries.front();
+    if (entry.line.ratio != ratio) {
+        entry.line.mask = Render(entry.line, face.height, ratio);
+        entry.line.ratio = ratio;
+        Count(entry);
     }
-    return line;
+    return entry.line;
+}
+
+/// Makes room for an entry that has become another size.
+void TextCache::Count(Entry& entry) {
+    m_bytes -= entry.bytes;
+    entry.bytes = Bytes(entry.line, entry.text.size());
+    m_bytes += entry.bytes;
+    while (m_bytes > kMostTextBytes && m_entries.size() > 1) {
+        const Entry& oldest = m_entries.back();
+        m_bytes -= oldest.bytes;
+        m_index.erase({oldest.face, oldest.text});
+        m_entries.pop_back();
+    }
 }
 
 void TextCache::Clear() {
-    m_lines.clear();
+    m_index.clear();
+    m_entries.clear();
     m_faces.clear();
     m_bytes = 0;
 }

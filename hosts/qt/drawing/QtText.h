@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,7 +24,9 @@ namespace velmora::gdi {
 /// A font description resolved to a font of this system. Measures are logical pixels.
 struct FontFace {
     std::uint64_t id = 0;  // never given twice, so that texts of a dropped font are not mistaken
-    QFont font;
+    QFont font;  // without the next two, which glyph runs would draw away from the base line
+    bool underline = false;
+    bool strikeOut = false;
     int ascent = 0;
     int height = 0;
 };
@@ -42,8 +45,8 @@ struct TextLine {
     std::optional<CoverageMask> mask;
 };
 
-/// Fonts and laid out texts, shared by all surfaces. Bounded: what is over the limit is forgotten
-/// and made again when it is asked for.
+/// Fonts and laid out texts, shared by all surfaces. Bounded: beyond the limit the text that was
+/// not drawn for longest is forgotten, and made again when it is asked for.
 class TextCache {
 public:
     /// Empty name: the application's font. Size 0 or less: the application font's size.
@@ -56,31 +59,28 @@ private:
     struct FontHash {
         std::size_t operator()(const LogFont& font) const noexcept;
     };
-    struct KeyView {
-        std::uint64_t face;
-        std::string_view text;
-    };
     struct Key {
         std::uint64_t face;
-        std::string text;
-        operator KeyView() const noexcept { return {face, text}; }
+        std::string_view text;  // of the entry
+        bool operator==(const Key&) const = default;
     };
     struct KeyHash {
-        using is_transparent = void;
-        std::size_t operator()(const KeyView& key) const noexcept;
+        std::size_t operator()(const Key& key) const noexcept;
     };
-    struct KeyEqual {
-        using is_transparent = void;
-        bool operator()(const KeyView& a, const KeyView& b) const noexcept {
-            return a.face == b.face && a.text == b.text;
-        }
+    struct Entry {
+        std::uint64_t face;
+        std::string text;
+        TextLine line;
+        std::size_t bytes;  // estimate
     };
 
     FontFaceRef Resolve(const LogFont& description);
+    void Count(Entry& entry);
 
     std::unordered_map<LogFont, FontFaceRef, FontHash> m_faces;
-    std::unordered_map<Key, TextLine, KeyHash, KeyEqual> m_lines;
-    std::size_t m_bytes = 0;  // estimate for m_lines
+    std::list<Entry> m_entries;  // the one used last first
+    std::unordered_map<Key, std::list<Entry>::iterator, KeyHash> m_index;
+    std::size_t m_bytes = 0;  // of all entries
     std::uint64_t m_lastId = 0;
 };
 
