@@ -19,6 +19,11 @@ constexpr int WeekOffset(std::int64_t weekDay, std::int64_t firstDay) noexcept {
     return static_cast<int>(((weekDay - firstDay) % 7 + 7) % 7);
 }
 
+constexpr int WeekRows(DayNumber first, DayNumber last, std::int32_t firstDayOfWeek) noexcept {
+    const auto week = [&](DayNumber d) { return (std::int64_t{d} - firstDayOfWeek) / 7; };
+    return static_cast<int>(week(last) - week(first)) + 1;
+}
+
 }  // namespace
 
 std::uint8_t DaysInMonth(std::int16_t month, std::int16_t year) {
@@ -35,8 +40,7 @@ std::uint8_t DaysInMonth(std::int16_t month, std::int16_t year) {
 }
 
 int WeekRowsOfMonth(DayNumber day, std::int32_t firstDayOfWeek) noexcept {
-    const auto week = [&](DayNumber d) { return (std::int64_t{d} - firstDayOfWeek) / 7; };
-    return static_cast<int>(week(LastOfMonth(day)) - week(FirstOfMonth(day))) + 1;
+    return WeekRows(FirstOfMonth(day), LastOfMonth(day), firstDayOfWeek);
 }
 
 bool PtInCellRect(const Rect& cell, float x, float y) noexcept {
@@ -50,7 +54,7 @@ MonthGrid::MonthGrid(const GridShape& shape) noexcept
       m_first(FirstOfMonth(shape.shownDate)),
       m_last(LastOfMonth(shape.shownDate)),
       m_firstColumn(ColumnOf(m_first)),
-      m_firstRowOffset((kGridRows - WeekRowsOfMonth(shape.shownDate, shape.firstDayOfWeek)) / 2) {
+      m_firstRowOffset((kGridRows - WeekRows(m_first, m_last, shape.firstDayOfWeek)) / 2) {
     // A month that begins early in the week leaves a full week of the month before above it.
     const int secondColumn = (m_firstColumn + 1) % 7;
     if (m_firstRowOffset == 0 && secondColumn != 0 && secondColumn < (ColumnCount() + 1) / 2) {
@@ -74,18 +78,33 @@ std::optional<Rect> MonthGrid::DayCellRect(DayNumber day) const noexcept {
     const std::int64_t row =
         FloorDiv(std::int64_t{day} - m_first + m_firstColumn, 7) + m_firstRowOffset;
     if (row < 0 || row >= kGridRows) return std::nullopt;
-    Rect cell = ColumnRect(ColumnOf(day));
-    cell.top = Saturated(m_shape.rowHeight * row + m_shape.gridTop + 1);
-    cell.bottom = Saturated(m_shape.rowHeight * (row + 1) + m_shape.gridTop);
-    return cell;
+    const Rect columns = ColumnRect(ColumnOf(day));
+    const Rect rows = RowRect(static_cast<int>(row));
+    return Rect{columns.left, rows.top, columns.right, rows.bottom};
 }
 
+Rect MonthGrid::RowRect(int row) const noexcept {
+    const std::int64_t height = m_shape.rowHeight;
+    return {0, Saturated(height * row + m_shape.gridTop + 1), 0,
+            Saturated(height * (row + 1) + m_shape.gridTop)};
+}
+
+/// The first columns may be wider by a pixel: the estimate is never too low.
 std::optional<DayNumber> MonthGrid::DateFromPoint(float x, float y) const noexcept {
-    for (DayNumber day = FirstVisible(); day <= LastVisible(); ++day) {
-        const auto cell = DayCellRect(day);
-        if (cell && PtInCellRect(*cell, x, y)) return day;
-    }
-    return std::nullopt;
+    const double height = m_shape.rowHeight;
+    const double width = std::max(m_shape.cellWidth, 1);
+    const double rowAt = (double{y} - m_shape.gridTop - 1) / height;
+    const double columnAt = (double{x} - 1) / width;
+    if (!(height > 0 && 0 <= rowAt && rowAt < kGridRows && 0 <= columnAt)) return std::nullopt;
+    const int row = static_cast<int>(rowAt);
+    int column = static_cast<int>(std::min<double>(columnAt, ColumnCount()));
+    Rect cell = ColumnRect(column);
+    while (column > 0 && static_cast<double>(x) < cell.left) cell = ColumnRect(--column);
+    const Rect rows = RowRect(row);
+    cell.top = rows.top;
+    cell.bottom = rows.bottom;
+    if (column >= ColumnCount() || !PtInCellRect(cell, x, y)) return std::nullopt;
+    return m_first - m_firstColumn + 7 * (row - m_firstRowOffset) + column;
 }
 
 }  // namespace velmora

@@ -49,6 +49,8 @@ public:
     std::optional<Rect> DayCellRect(DayNumber day) const noexcept;
     /// Left and right of a column's cells; top and bottom are 0.
     Rect ColumnRect(int column) const noexcept;
+    /// Top and bottom of a row's cells; left and right are 0.
+    Rect RowRect(int row) const noexcept;
     /// The date whose cell holds the point, or nothing.
     std::optional<DayNumber> DateFromPoint(float x, float y) const noexcept;
 

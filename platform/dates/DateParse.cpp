@@ -76,6 +76,7 @@ public:
 private:
     enum class TimeSeparators { Colon, ColonAndLocale };
 
+    std::optional<DayNumber> IsoDay(std::string_view text) const;
     std::optional<Written> ByPattern(TextCursor cursor, std::string_view pattern) const;
     std::optional<Written> WithTime(DayNumber day, TextCursor cursor) const;
     bool ReadName(TextCursor& cursor, const PatternPiece& piece, CivilDate& date) const;
@@ -112,10 +113,32 @@ std::optional<Written> Parser::Parse(std::string_view text) const {
     text = TrimmedSpaces(text);
     if (text.empty() || text.size() > kLongestText) return std::nullopt;
     const TextCursor cursor(text);
+    if (const auto day = IsoDay(text)) return Written{day};
     if (const auto date = ByPattern(cursor, m_locale.shortDatePattern)) return date;
     if (const auto date = ByPattern(cursor, m_locale.longDatePattern)) return date;
     if (const auto date = BySense(cursor)) return date;
     return OnlyTime(cursor);
+}
+
+/// "2023-03-15": that in every locale but those that write the day before the month behind a year.
+/// It could be found below too, after most other ways have been tried.
+std::optional<DayNumber> Parser::IsoDay(std::string_view text) const {
+    constexpr std::size_t kLength = 10;
+    if (text.size() != kLength || text[4] != '-' || text[7] != '-') return std::nullopt;
+    TextCursor cursor(text);
+    const auto year = cursor.ReadNumber(4);
+    cursor.Skip(1);
+    const auto month = cursor.ReadNumber(2);
+    cursor.Skip(1);
+    const auto day = cursor.ReadNumber(2);
+    if (!year || !month || !day || !cursor.AtEnd()) return std::nullopt;
+    const std::string& pattern = m_locale.shortDatePattern;
+    const std::size_t field = pattern.find_first_of("dMy");
+    if (field != std::string::npos && pattern[field] == 'y') {
+        const FieldOrder order = OrderOf(pattern);
+        if (order.day < order.month) return std::nullopt;
+    }
+    return DayIfReal(year->value, month->value, day->value);
 }
 
 // By a pattern: every field in its place. Separators may be other ones, spaces more or fewer.
