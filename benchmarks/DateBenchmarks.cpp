@@ -1,9 +1,14 @@
 #include "VelmoraCalendar/VmCalendarWidget.h"
 #include "benchmarks/Suites.h"
 #include "calendar/VmCalendar.h"
+#include "model/MonthGrid.h"
 #include "platform/dates/Dates.h"
 
+#include <QCalendarWidget>
 #include <QLocale>
+#include <QTableView>
+
+#include <chrono>
 
 namespace velmora {
 namespace {
@@ -63,31 +68,83 @@ void FormatQt(benchmark::State& state) {
     }
 }
 
+/// The peer's part of it: which cell of Qt's own calendar a point is in.
+void HitTestQt(benchmark::State& state) {
+    QCalendarWidget calendar;
+    calendar.resize(250, 200);
+    calendar.show();
+    const auto& cells = *calendar.findChild<QTableView*>();
+    int x = 0;
+    for (auto step : state) {
+        x = (x + 7) % 250;
+        benchmark::DoNotOptimize(cells.indexAt({x, x / 2 + 30}));
+    }
+}
+
+void GridVelmora(benchmark::State& state) {
+    DayNumber day = 45000;
+    for (auto step : state) {
+        const MonthGrid grid({.shownDate = day += 31, .cellWidth = 29, .rowHeight = 20});
+        for (DayNumber cell = day - 21; cell < day + 21; ++cell) {
+            benchmark::DoNotOptimize(CivilOf(cell));
+            benchmark::DoNotOptimize(grid.IsShownMonth(cell));
+        }
+    }
+}
+
+/// The standard library's calendar types.
+void GridStandard(benchmark::State& state) {
+    using namespace std::chrono;
+    sys_days day{days(19432)};
+    for (auto step : state) {
+        day += days(31);
+        const year_month_day shown(day);
+        for (sys_days cell = day - days(21); cell < day + days(21); cell += days(1)) {
+            const year_month_day date(cell);
+            benchmark::DoNotOptimize(date);
+            benchmark::DoNotOptimize(date.month() == shown.month());
+        }
+    }
+}
+
+void ParseIsoVelmora(benchmark::State& state) {
+    const Dates dates(std::make_shared<const DateLocale>(), [] { return Date(45000); });
+    for (auto step : state) benchmark::DoNotOptimize(dates.TryParse("2023-03-15"));
+}
+
+void ParseIsoQt(benchmark::State& state) {
+    const QString text = QStringLiteral("2023-03-15");
+    for (auto step : state) benchmark::DoNotOptimize(QDate::fromString(text, Qt::ISODate));
+}
+
 struct Entry {
     const char* work;
+    double mostOfPeer;  // 0: nothing is wanted
     void (*velmora)(benchmark::State&);
-    void (*qt)(benchmark::State&);  // null: nothing to compare with
+    void (*peer)(benchmark::State&);
 };
 
 constexpr Entry kEntries[] = {
-    {"hit test", HitTest, nullptr},
-    {"add 13 months", AddMonthsVelmora, AddMonthsQt},
-    {"year, month and day of the next day", CivilVelmora, CivilQt},
-    {"long date as text", FormatVelmora, FormatQt},
+    {"hit test", 1.5, HitTest, HitTestQt},
+    {"42 dates of a grid", 1.5, GridVelmora, GridStandard},
+    {"ISO date read", 1.5, ParseIsoVelmora, ParseIsoQt},
+    {"add 13 months", 0, AddMonthsVelmora, AddMonthsQt},
+    {"year, month and day of the next day", 0, CivilVelmora, CivilQt},
+    {"long date as text", 0, FormatVelmora, FormatQt},
 };
 
 }  // namespace
 
 void RegisterDateBenchmarks(ResultTable& table) {
     for (const Entry& entry : kEntries) {
-        table.AddRow(entry.work);
+        table.AddRow(entry.work,
+                     entry.mostOfPeer > 0 ? Targets{{Side::Qt, entry.mostOfPeer}} : Targets{});
         const auto add = [&](Side side, void (*function)(benchmark::State&)) {
-            if (!function) return;
             benchmark::RegisterBenchmark(ResultTable::BenchmarkName(entry.work, side).c_str(),
                                          function);
         };
         add(Side::Velmora, entry.velmora);
-        add(Side::Qt, entry.qt);
+        add(Side::Qt, entry.peer);
     }
 }
 

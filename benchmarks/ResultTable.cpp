@@ -9,6 +9,7 @@ namespace velmora {
 namespace {
 
 constexpr std::array<std::string_view, kSideCount> kSideNames{"velmora", "f1", "f2", "qt"};
+constexpr std::array<std::string_view, kSideCount> kSideTitles{"Velmora", "F1", "F2", "Qt"};
 
 std::string Formatted(const char* format, double value) {
     std::array<char, 32> text{};
@@ -27,22 +28,29 @@ std::string RatioText(double dividend, double divisor) {
     return dividend == 0 || divisor == 0 ? "-" : Formatted("%.2f", dividend / divisor);
 }
 
-std::string TargetText(const Target& target) {
-    std::string text;
-    if (target.mostOfCells > 0) text = "F2 x <= " + Formatted("%.0f", target.mostOfCells);
-    if (target.leastTimesOfQt > 0) {
-        if (!text.empty()) text += ", ";
-        text += "Qt / >= " + Formatted("%.0f", target.leastTimesOfQt);
-    }
-    return text;
+std::string Padded(const std::string& text, int width) {
+    std::array<char, 160> padded{};
+    std::snprintf(padded.data(), padded.size(), "| %*s ", width, text.c_str());
+    return padded.data();
 }
 
-constexpr const char* kColumns = "%-42s %11s %10s %10s %11s %7s %8s  %-24s %s\n";
+constexpr int kWorkWidth = -40;
+constexpr int kValueWidth = 10;
+constexpr int kRatioWidth = 6;
+constexpr int kTargetWidth = -24;
 
 }  // namespace
 
-void ResultTable::AddRow(const std::string& work, Target target, Unit unit) {
-    if (!Find(work)) m_rows.push_back({work, target, unit});
+bool ResultTable::Row::Meets(const Target& target) const {
+    return Value(target.of) > 0 && Value(Side::Velmora) <= target.most * Value(target.of);
+}
+
+bool ResultTable::Row::MeetsAll() const {
+    return std::all_of(targets.begin(), targets.end(), [this](Target t) { return Meets(t); });
+}
+
+void ResultTable::AddRow(const std::string& work, const Targets& targets, Unit unit) {
+    if (!Find(work)) m_rows.push_back({work, targets, unit});
 }
 
 void ResultTable::Set(const std::string& work, Side side, double value) {
@@ -53,23 +61,46 @@ std::string ResultTable::BenchmarkName(const std::string& work, Side side) {
     return work + '/' + std::string(kSideNames[static_cast<std::size_t>(side)]);
 }
 
-void ResultTable::TakeMedians(const std::vector<benchmark::BenchmarkReporter::Run>& runs) {
+void ResultTable::TakeMinima(const std::vector<benchmark::BenchmarkReporter::Run>& runs) {
     for (const auto& run : runs) {
-        if (run.error_occurred || run.aggregate_name != "median") continue;
-        for (std::size_t side = 0; side < kSideNames.size(); ++side) {
-            const std::string& name = run.run_name.function_name;
-            const std::size_t slash = name.rfind('/');
-            if (slash == std::string::npos || name.substr(slash + 1) != kSideNames[side]) continue;
-            Set(name.substr(0, slash), static_cast<Side>(side), run.GetAdjustedCPUTime());
+        if (run.error_occurred || run.run_type != benchmark::BenchmarkReporter::Run::RT_Iteration) {
+            continue;
         }
+        const std::string& name = run.run_name.function_name;
+        const std::size_t slash = name.rfind('/');
+        if (slash == std::string::npos) continue;
+        const auto side = std::find(kSideNames.begin(), kSideNames.end(),
+                                    std::string_view(name).substr(slash + 1));
+        Row* const row = Find(name.substr(0, slash));
+        if (side == kSideNames.end() || !row) continue;
+        double& value = row->values[side - kSideNames.begin()];
+        const double time = run.GetAdjustedCPUTime();
+        value = value == 0 ? time : std::min(value, time);
     }
 }
 
-void ResultTable::Print() const {
-    std::printf(kColumns, "work", "Velmora", "F1", "F2", "Qt", "F2 x", "Qt /", "target", "met");
-    for (const Row& row : m_rows) {
-        if (*std::max_element(std::begin(row.values), std::end(row.values)) > 0) PrintRow(row);
+std::string ResultTable::Text() const {
+    std::string text = Padded("work", kWorkWidth);
+    for (const std::string_view title : kSideTitles)
+        text += Padded(std::string(title), kValueWidth);
+    for (std::size_t side = 1; side < kSideTitles.size(); ++side) {
+        text += Padded("/ " + std::string(kSideTitles[side]), kRatioWidth);
     }
+    text += Padded("wanted", kTargetWidth) + "| met |\n|---";
+    for (int column = 0; column < 2 * kSideCount - 1; ++column) text += "|--:";
+    text += "|---|---|\n";
+    for (const Row& row : m_rows) {
+        if (row.Value(Side::Velmora) > 0) text += Line(row);
+    }
+    return text;
+}
+
+std::vector<std::string> ResultTable::Missed() const {
+    std::vector<std::string> missed;
+    for (const Row& row : m_rows) {
+        if (row.Value(Side::Velmora) > 0 && !row.MeetsAll()) missed.push_back(row.work);
+    }
+    return missed;
 }
 
 ResultTable::Row* ResultTable::Find(const std::string& work) {
@@ -78,23 +109,20 @@ ResultTable::Row* ResultTable::Find(const std::string& work) {
     return row == m_rows.end() ? nullptr : &*row;
 }
 
-void ResultTable::PrintRow(const Row& row) {
-    const auto value = [&](Side side) { return row.values[static_cast<int>(side)]; };
-    const auto text = [&](Side side) { return AmountText(value(side), row.unit); };
-    const double ours = value(Side::Velmora);
-    const double cells = value(Side::Cells);
-    const double qt = value(Side::Qt);
-    const Target& target = row.target;
-    const bool wanted = target.mostOfCells > 0 || target.leastTimesOfQt > 0;
-    const bool met =
-        (target.mostOfCells == 0 || (cells > 0 && ours <= target.mostOfCells * cells)) &&
-        (target.leastTimesOfQt == 0 || qt >= target.leastTimesOfQt * ours);
-    std::printf(kColumns, row.work.c_str(), text(Side::Velmora).c_str(), text(Side::Fill).c_str(),
-                text(Side::Cells).c_str(), text(Side::Qt).c_str(), RatioText(ours, cells).c_str(),
-                RatioText(qt, ours).c_str(), TargetText(target).c_str(),
-                !wanted ? ""
-                : met   ? "yes"
-                        : "NO");
+std::string ResultTable::Line(const Row& row) {
+    std::string line = Padded(row.work, kWorkWidth);
+    for (const double value : row.values) line += Padded(AmountText(value, row.unit), kValueWidth);
+    for (const Side side : {Side::Fill, Side::Cells, Side::Qt}) {
+        line += Padded(RatioText(row.Value(Side::Velmora), row.Value(side)), kRatioWidth);
+    }
+    std::string wanted;
+    for (const Target& target : row.targets) {
+        if (!wanted.empty()) wanted += ", ";
+        wanted += "/ " + std::string(kSideTitles[static_cast<std::size_t>(target.of)]) +
+                  Formatted(" <= %.2f", target.most);
+    }
+    const char* const met = row.targets.empty() ? "" : row.MeetsAll() ? "yes" : "NO";
+    return line + Padded(wanted, kTargetWidth) + "| " + met + " |\n";
 }
 
 }  // namespace velmora

@@ -2,7 +2,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -12,11 +11,12 @@ namespace velmora {
 enum class Side { Velmora, Fill, Cells, Qt };
 inline constexpr int kSideCount = 4;
 
-/// What is wanted of a row, as ratios within one run. 0 wants nothing.
+/// What is wanted of a row: ours is at most that multiple of another side's of the same run.
 struct Target {
-    double mostOfCells = 0;  // our time as a multiple of the floor of 42 filled and labelled cells
-    double leastTimesOfQt = 0;  // how many times ours goes into Qt's
+    Side of;
+    double most;
 };
+using Targets = std::vector<Target>;
 
 /// The measurements of one run as one table, a row for each piece of work with all sides.
 class ResultTable {
@@ -24,26 +24,33 @@ public:
     enum class Unit { Nanoseconds, Bytes };
 
     /// Rows appear in the order in which they are added.
-    void AddRow(const std::string& work, Target target = {}, Unit unit = Unit::Nanoseconds);
+    void AddRow(const std::string& work, const Targets& targets = {},
+                Unit unit = Unit::Nanoseconds);
     void Set(const std::string& work, Side side, double value);
 
-    /// How a benchmark is named for `ReadMedians` to find its row.
+    /// How a benchmark is named for `TakeMinima` to find its row.
     static std::string BenchmarkName(const std::string& work, Side side);
-    /// Takes the median of a finished benchmark, whatever else it has reported.
-    void TakeMedians(const std::vector<benchmark::BenchmarkReporter::Run>& runs);
+    /// Takes the shortest repetition: whatever else the computer does only makes a run longer.
+    void TakeMinima(const std::vector<benchmark::BenchmarkReporter::Run>& runs);
 
-    /// On standard output. Rows without a measurement of ours are left out.
-    void Print() const;
+    /// As Markdown. Rows without a measurement of ours are left out.
+    std::string Text() const;
+    /// The work of the rows that miss a target.
+    std::vector<std::string> Missed() const;
 
 private:
     struct Row {
         std::string work;
-        Target target;
+        Targets targets;
         Unit unit;
         double values[kSideCount] = {};  // 0 is not measured
+
+        double Value(Side side) const { return values[static_cast<int>(side)]; }
+        bool Meets(const Target& target) const;
+        bool MeetsAll() const;
     };
     Row* Find(const std::string& work);
-    static void PrintRow(const Row& row);
+    static std::string Line(const Row& row);
 
     std::vector<Row> m_rows;
 };

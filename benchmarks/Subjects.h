@@ -8,11 +8,29 @@
 #include <QDate>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QHash>
+#include <QImage>
+#include <QPainter>
 #include <QTextCharFormat>
 
 namespace velmora {
 
 inline const QDate kShownDate(2024, 5, 15);
+
+/// What the days of a month have: a colour and a caption, and a picture too.
+enum class Decor { None, Captions, Pictures };
+
+inline QColor DayColor(int day) { return {255, 224, 160 + day}; }
+
+inline const QImage& DayImage() {
+    static const QImage image = [] {
+        QImage made(12, 12, QImage::Format_ARGB32_Premultiplied);
+        made.fill(Qt::transparent);
+        QPainter(&made).fillRect(2, 2, 8, 8, QColor(32, 96, 192, 160));
+        return made;
+    }();
+    return image;
+}
 
 /// The same work on either calendar.
 struct VelmoraSubject {
@@ -26,15 +44,37 @@ struct VelmoraSubject {
             ->BackColor(
                 static_cast<OLE_COLOR>(color.red() | color.green() << 8 | color.blue() << 16));
     }
-    static void Decorate(Widget& calendar, QDate date) {
-        Color(calendar, date, QColor(255, 224, 160 + date.day()));
-        calendar.day(date.day())->Caption("Meeting");
+    static void Caption(Widget& calendar, QDate date, const QString& text) {
+        calendar.day(date.day())->Caption(text.toStdString());
+    }
+    static void Decorate(Widget& calendar, QDate date, Decor decor, const QString& caption) {
+        static const PictureRef picture = bitmapPicture(DayImage());
+        Color(calendar, date, DayColor(date.day()));
+        Caption(calendar, date, caption);
+        if (decor == Decor::Pictures) calendar.day(date.day())->Picture(picture);
     }
 };
 
-/// Without captions: it has none.
+/// Qt's own, whose captions and pictures are painted by hand.
+class CaptionedCalendar final : public QCalendarWidget {
+public:
+    using QCalendarWidget::QCalendarWidget;
+
+    QHash<QDate, QString> captions;
+    bool hasPictures = false;
+
+protected:
+    void paintCell(QPainter* painter, const QRect& rect, QDate date) const override {
+        QCalendarWidget::paintCell(painter, rect, date);
+        const auto caption = captions.constFind(date);
+        if (caption == captions.cend()) return;
+        painter->drawText(rect, Qt::AlignHCenter | Qt::AlignBottom, *caption);
+        if (hasPictures) painter->drawImage(rect.topLeft(), DayImage());
+    }
+};
+
 struct QtSubject {
-    using Widget = QCalendarWidget;
+    using Widget = CaptionedCalendar;
     static constexpr Side kSide = Side::Qt;
 
     static void Select(Widget& calendar, QDate date) { calendar.setSelectedDate(date); }
@@ -46,16 +86,24 @@ struct QtSubject {
         format.setBackground(color);
         calendar.setDateTextFormat(date, format);
     }
-    static void Decorate(Widget& calendar, QDate date) {
-        Color(calendar, date, QColor(255, 224, 160 + date.day()));
+    static void Caption(Widget& calendar, QDate date, const QString& text) {
+        calendar.captions[date] = text;
+    }
+    static void Decorate(Widget& calendar, QDate date, Decor decor, const QString& caption) {
+        Color(calendar, date, DayColor(date.day()));
+        Caption(calendar, date, caption);
+        calendar.hasPictures = decor == Decor::Pictures;
     }
 };
 
+/// Every day of the month of that date; `#` in the caption is the day.
 template <class Subject>
-void Prepare(typename Subject::Widget& calendar, int decoratedDays) {
-    Subject::Select(calendar, kShownDate);
-    for (int day = 1; day <= decoratedDays; ++day) {
-        Subject::Decorate(calendar, QDate(kShownDate.year(), kShownDate.month(), day));
+void DecorateMonth(typename Subject::Widget& calendar, QDate month, Decor decor,
+                   const QString& caption) {
+    if (decor == Decor::None) return;
+    for (int day = 1; day <= month.daysInMonth(); ++day) {
+        Subject::Decorate(calendar, QDate(month.year(), month.month(), day), decor,
+                          QString(caption).replace(QLatin1Char('#'), QString::number(day)));
     }
 }
 
