@@ -44,9 +44,9 @@ build_project(${FOLDER}/qt ${outside}
     "-DPART=Qt;-DFORM=${examples}/qt_installed/appointment.ui")
 run(${FOLDER}/qt/outside)
 
-file(GLOB_RECURSE packages ${prefix}/*.pc)
-get_filename_component(packages ${packages} DIRECTORY)
-list(GET packages 0 ENV{PKG_CONFIG_PATH})
+file(GLOB_RECURSE package ${prefix}/*/velmora-calendar.pc)
+get_filename_component(packages ${package} DIRECTORY)
+set(ENV{PKG_CONFIG_PATH} ${packages})
 foreach(pair ${outside}/core.cpp=velmora-calendar
         ${examples}/qt_minimal/main.cpp=velmora-calendar-qt6)
     string(REPLACE = ";" pair ${pair})
