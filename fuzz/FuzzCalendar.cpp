@@ -63,9 +63,8 @@ void DoDeed(TestCalendar& test, ByteReader& deeds) {
         case 3: UseSelectors(test, deeds); break;
         case 4: test.now = Date(deeds.Take<double>()); break;
         case 5:
-            test.client = {deeds.Take<std::int16_t>() % 600, deeds.Take<std::int16_t>() % 600};
-            if (test.client.width < 0) test.client.width = 0;
-            if (test.client.height < 0) test.client.height = 0;
+            test.screen.right = std::max(deeds.Take<std::int16_t>() % 600, 0);
+            test.screen.bottom = std::max(deeds.Take<std::int16_t>() % 600, 0);
             test.calendar->OnWindowChanged();
             break;
         case 6:
@@ -88,8 +87,8 @@ void Paint(TestCalendar& test) {
     if (const auto& faults = test.Paint(); !faults.empty()) Fail(faults.front());
     for (const auto& copy : test.drawing.Of("copy")) {
         const Rect& blit = copy.rect;
-        if (blit.left < 0 || blit.top < 0 || blit.right > test.client.width ||
-            blit.bottom > test.client.height) {
+        if (blit.left < 0 || blit.top < 0 || blit.right > test.screen.right ||
+            blit.bottom > test.screen.bottom) {
             Fail("a paint left the control");
         }
     }

@@ -5,10 +5,6 @@
 #include "tests/support/TestBoxes.h"
 #include "tests/support/TestCalendar.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
 namespace velmora::test {
 namespace {
 
@@ -39,24 +35,8 @@ class CorePlayer : public InputPlayer {
 
     template <class Events>
     void Connect(Events& events) {
-        const auto note = [this](auto& event, const char* name) { event.Connect(Noting(name)); };
-        note(events.DateChanged, "DateChanged");
-        note(events.DayChanged, "DayChanged");
-        note(events.MonthChanged, "MonthChanged");
-        note(events.YearChanged, "YearChanged");
-        note(events.KeyDown, "KeyDown");
-        note(events.KeyPress, "KeyPress");
-        note(events.KeyUp, "KeyUp");
-        note(events.MouseDown, "MouseDown");
-        note(events.MouseUp, "MouseUp");
-        events.MouseMove.Connect(NotingMove());
-        if constexpr (requires { events.Click; }) {
-            note(events.Click, "Click");
-            note(events.DblClick, "DblClick");
-        } else {
-            note(events.CloseUp, "CloseUp");
-            note(events.DropDown, "DropDown");
-        }
+        ForEachEvent(events,
+                     [this](auto& event, const char* name) { event.Connect(Noting(name)); });
     }
 
     void Let(const std::string& property, int value, bool isDate) override {

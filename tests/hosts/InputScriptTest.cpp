@@ -5,19 +5,14 @@
 #include "tests/hosts/WidgetSupport.h"
 #include "tests/support/InputPlayer.h"
 #include "tests/support/InputScript.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/PropertyTable.h"
+#include "tests/support/TestCalendar.h"
 
 #include <QAbstractItemView>
-#include <QComboBox>
 #include <QFile>
-#include <QLineEdit>
 #include <QMetaMethod>
-#include <QScrollBar>
-#include <QWheelEvent>
 
-#include <map>
-#include <memory>
+#include <malloc.h>
 #include <sstream>
 
 namespace velmora {
@@ -75,7 +70,7 @@ protected:
         note(widget, &Any::yearChanged, "YearChanged");
         note(widget, &Any::mouseDown, "MouseDown");
         note(widget, &Any::mouseUp, "MouseUp");
-        QObject::connect(widget, &Any::mouseMove, NotingMove());
+        note(widget, &Any::mouseMove, "MouseMove");
         if (m_calendar) {
             note(m_calendar, &VmCalendarWidget::click, "Click");
             note(m_calendar, &VmCalendarWidget::dblClick, "DblClick");
@@ -163,14 +158,16 @@ protected:
     }
 
     void Select(const std::string& verb, const std::string& what) override {
+        auto* const list = m_widget->findChild<QComboBox*>();
+        const QPointer<QLineEdit> year = m_widget->findChild<QLineEdit*>();
         if (verb == "focus") return (what == "grid" ? m_widget.data() : m_window.get())->setFocus();
-        if (verb == "list") return UseList(*m_widget->findChild<QComboBox*>(), what);
         if (verb == "spin" || verb == "scroll") {
             return Click(what == "Up" || what == "back" ? QStyle::SC_ScrollBarSubLine
                                                         : QStyle::SC_ScrollBarAddLine,
                          what);
         }
-        const QPointer<QLineEdit> year = m_widget->findChild<QLineEdit*>();
+        if (!list || !year) return;
+        if (verb == "list") return UseList(*list, what);
         year->setFocus();
         if (verb == "year") return Strike(year.data(), what);
         year->selectAll();
@@ -257,6 +254,7 @@ protected:
     void Destroy() override { delete m_widget; }
     bool IsDestroyed() override { return !m_widget; }
     std::string BrokenInvariant() override {
+        if (m_widget && m_calendar) return test::BrokenInvariantOf(m_calendar->calendar());
         if (!m_widget || QtDropDownForm::Shared()->Form().GetOwner()) return {};
         const bool runs = QWidget::mouseGrabber() || QtDropDownForm::Shared()->isVisible();
         return runs ? "something still runs" : "";
@@ -391,6 +389,19 @@ TEST(InputScript, TheWidgetsSurviveTheirSlots) {
         QtPlayer().PlayWith(test::kInputScript, mischief);
     }
     qInstallMessageHandler(noisy);
+}
+
+/// For `./test --soak`. A cache of texts takes 3 million steps to be full and emptied.
+TEST(InputScript, DISABLED_MillionsOfItsStepsKeepTheInvariantsAndTheMemory) {
+    qInstallMessageHandler([](auto...) {});
+    std::string script(test::kInputScript);
+    for (const test::PropertyRow& row : test::kBoxRows) {
+        if (row.kind != test::Kind::Choice && row.kind != test::Kind::Extent) continue;
+        for (const double value : {row.low, row.high}) {
+            script += "let " + std::string(row.name) + ' ' + std::to_string(value) + '\n';
+        }
+    }
+    QtPlayer().Wander(script, 8'000'000, [] { return mallinfo2().uordblks; });
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include "VelmoraCalendar/VmCalendarWidget.h"
 #include "calendar/VmCalendar.h"
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>

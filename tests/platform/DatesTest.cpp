@@ -1,14 +1,8 @@
 #include "platform/dates/Dates.h"
 #include "tests/support/Refusals.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 namespace velmora {
 namespace {

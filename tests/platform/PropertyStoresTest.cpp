@@ -129,31 +129,27 @@ TEST(PropertiesText, EveryValueComesBackUnderEveryNameAndEveryCutIsNoticed) {
     }
 }
 
+/// Both ways: what is written is compared with what values of every type come back as.
 TEST(PropertiesText, LooksAsDocumented) {
-    MemoryBag bag;
-    bag.WriteProperty("Small", std::int16_t{-3}, Variant());
-    bag.WriteProperty("Color", std::uint32_t{0x80000005}, Variant());
-    bag.WriteProperty("Day", Date(43905.25), Variant());
-    bag.WriteProperty("Sum", 0.1 + 0.2, Variant());
-    bag.WriteProperty("Huge", 1e15, Variant());
-    bag.WriteProperty("Caption", "Tom's \"day\"\n", Variant());
-    auto font = std::make_shared<StdFont>();
-    font->bold = font->underline = true;
-    bag.WriteProperty("Font", ObjectRef(font), Variant());
-    const auto image = std::make_shared<PixelImage>(PixelImage{2, 1, {0xFF112233, 0x80000000}});
-    bag.WriteProperty(
-        "Icon", ObjectRef(std::make_shared<StdPicture>(PictureType::Icon, Size{53, 26}, image)),
-        Variant());
-    EXPECT_EQ(FormatProperties(bag), kHead +
-                                         "Small = int16 -3\n"
-                                         "Color = int32 -2147483643\n"
-                                         "Day = date 43905.25\n"
-                                         "Sum = double 0.30000000000000004\n"
-                                         "Huge = double 1e+15\n"
-                                         "Caption = text \"Tom's \\\"day\\\"\\n\"\n"
-                                         "Font = font \"Sans Serif\" 9 bold underline\n"
-                                         "Icon = picture icon 53 26 pixels 2 1 ESIz/wAAAIA=\n"
-                                         "end\n");
+    const std::string documented = kHead + R"(Small = int16 -3
+Color = int32 -2147483643
+Day = date 43905.25
+Sum = double 0.30000000000000004
+Huge = double 1e+15
+Caption = text "Tom's \"day\"\n"
+Font = font "Sans Serif" 9 bold underline
+Icon = picture icon 53 26 pixels 2 1 ESIz/wAAAIA=
+end
+)";
+    MemoryBag bag = ParseProperties(documented);
+    EXPECT_EQ(FormatProperties(bag), documented);
+    EXPECT_EQ(bag.ReadProperty("Color", Variant()), Variant(std::uint32_t{0x80000005}));
+    EXPECT_EQ(bag.ReadProperty("Sum", Variant()), Variant(0.1 + 0.2));
+    EXPECT_EQ(bag.ReadProperty("Caption", Variant()), Variant("Tom's \"day\"\n"));
+    const auto font = ToObject<StdFont>(bag.ReadProperty("Font", Variant()));
+    EXPECT_TRUE(font->bold && font->underline && !font->italic && !font->strikethrough);
+    const auto icon = ToObject<StdPicture>(bag.ReadProperty("Icon", Variant()));
+    EXPECT_EQ(icon->Image()->pixels, (std::vector<std::uint32_t>{0xFF112233, 0x80000000}));
 }
 
 TEST(PropertiesText, ReadsWhatEditorsMakeOfIt) {

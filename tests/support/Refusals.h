@@ -2,6 +2,8 @@
 
 #include "platform/AutomationError.h"
 
+#include <gtest/gtest.h>
+
 #include <functional>
 
 namespace velmora::test {

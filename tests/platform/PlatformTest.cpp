@@ -1,8 +1,11 @@
+#include "platform/ScaleMode.h"
+#include "platform/TextCut.h"
+#include "proppages/PropertyPage.h"
 #include "tests/support/TestCalendar.h"
 
-#include "platform/TextCut.h"
-
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace velmora::test {
 namespace {
@@ -11,6 +14,27 @@ std::string Repeated(std::string_view part, std::size_t bytes) {
     std::string text;
     while (text.size() < bytes) text += part;
     return text;
+}
+
+// The pages' script is played by the hosts, on real controls.
+
+TEST(IsNumber, KeepsItsOddCases) {
+    for (const char* text : {"0", "120", "-5", "1.5", "-", ".", "-.", "5."}) {
+        EXPECT_TRUE(IsNumber(text)) << text;
+    }
+    for (const char* text : {"", "1.2.3", "5-", "--5", "+5", " 5", "5 ", "12a", "1e3", "1,0"}) {
+        EXPECT_FALSE(IsNumber(text)) << text;
+    }
+}
+
+TEST(ScaleMode, AnInchHasItsUnits) {
+    const std::tuple<std::int16_t, double, double> kUnits[] = {
+        {kScaleTwips, 1440, 1440}, {2, 72, 72},     {kScalePixels, 96, 96}, {4, 12, 6}, {5, 1, 1},
+        {6, 25.4, 25.4},           {7, 2.54, 2.54}, {8, 2540, 2540},        {0, 96, 96}};
+    for (const auto& [mode, across, down] : kUnits) {
+        EXPECT_DOUBLE_EQ(FromPixels(96, mode, 96, Axis::Horizontal), across) << mode;
+        EXPECT_DOUBLE_EQ(ToPixels(down, mode, 96, Axis::Vertical), 96) << mode;
+    }
 }
 
 TEST(TextCut, AHugeCaptionIsKeptWholeAndDrawnCut) {

@@ -1,0 +1,241 @@
+#include "tests/support/Looks.h"
+#include "tests/support/RepaintWalk.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <fstream>
+
+namespace velmora::test {
+namespace {
+
+std::vector<std::string> LinesOf(const std::string& path) {
+    std::ifstream file(path);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);) lines.push_back(line);
+    return lines;
+}
+
+void Write(const std::string& path, const std::vector<std::string>& lines) {
+    std::ofstream file(path);
+    for (const std::string& line : lines) file << line << '\n';
+    ASSERT_TRUE(file.good()) << path;
+}
+
+/// What is drawn, call by call, is what it was.
+template <class Look>
+void ExpectReference(const Look& look) {
+    StrictDrawing drawing;
+    const auto children = Paint(look, drawing, [](const Rect&, const auto& paint) {
+        paint(StrictDrawing::kWindowSurface);
+    });
+    EXPECT_EQ(drawing.FaultsAfterPaint(), std::vector<std::string>{}) << look.name;
+    std::vector<std::string> lines = drawing.Described();
+    lines.insert(lines.end(), children.begin(), children.end());
+    const Reference reference = ReferenceOf(look.name, "calendar", ".txt");
+    if (RenewsLooks()) return Write(reference.kept, lines);
+    const std::vector<std::string> wanted = LinesOf(reference.kept);
+    ASSERT_FALSE(wanted.empty()) << reference.kept << " is missing";
+    if (lines == wanted) return;
+    Write(reference.actual, lines);
+    const auto [is, was] = std::mismatch(lines.begin(), lines.end(), wanted.begin(), wanted.end());
+    ADD_FAILURE() << reference.actual << ':' << is - lines.begin() + 1 << "\n  is  "
+                  << (is == lines.end() ? "the end" : *is) << "\n  was "
+                  << (was == wanted.end() ? "the end" : *was);
+}
+
+TEST(Looks, AreDrawnAsTheirReferencesSay) {
+    for (const Look& look : Looks()) ExpectReference(look);
+    for (const BoxLook& look : BoxLooks()) ExpectReference(look);
+}
+
+/// A calendar whose window keeps what was painted and confines a paint to what is asked for.
+class Window {
+public:
+    TestCalendar test;
+
+    Window() { test.drawing.notesCalls = false; }
+
+    void Resize(Size size) {
+        test.screen = {0, 0, size.width, size.height};
+        m_screen = std::make_shared<Pixels>(size);
+        m_fresh = std::make_shared<Pixels>(size);
+        test.calendar->OnWindowChanged();
+    }
+
+    void PaintWhatIsAskedFor() {
+        for (int round = 0; !test.drawing.damage.empty(); ++round) {
+            ASSERT_LT(round, 3) << "every paint asks for another";
+            Paint(m_screen, std::exchange(test.drawing.damage, {}));
+        }
+        test.drawing.Forget();
+        test.log.clear();
+    }
+
+    /// The first pixel that a paint of the whole shows otherwise; empty if there is none.
+    std::string Difference() {
+        Paint(m_fresh, {std::nullopt});
+        const auto& [is, was] =
+            std::mismatch(m_screen->data.begin(), m_screen->data.end(), m_fresh->data.begin());
+        if (is == m_screen->data.end()) return {};
+        const auto at = static_cast<int>(is - m_screen->data.begin());
+        return std::to_string(at % test.screen.right) + ',' +
+               std::to_string(at / test.screen.right);
+    }
+
+private:
+    void Paint(const std::shared_ptr<Pixels>& pixels,
+               const std::vector<std::optional<Rect>>& asked) {
+        std::vector<Rect> exposed;
+        for (const auto& rect : asked) {
+            exposed.push_back(rect.value_or(test.screen));
+        }
+        test.drawing.DrawWindowOn(pixels, exposed);
+        test.calendar->OnPaint(StrictDrawing::kWindowSurface, exposed);
+    }
+
+    std::shared_ptr<Pixels> m_screen, m_fresh;
+};
+
+TEST(Repaint, OfAPartShowsWhatARepaintOfAllShows) {
+    Window window;
+    TestCalendar& test = window.test;
+    RepaintWalk walk(*test.calendar);
+    struct Thrown {};
+    bool throws = false;
+    const auto handler = [&](auto&) {
+        if (throws && walk.Random(0, 1) == 0) throw Thrown();
+    };
+    test.calendar->Events().DateChanged.Connect(handler);
+    test.calendar->Events().MonthChanged.Connect(handler);
+    test.calendar->Events().YearChanged.Connect(handler);
+    for (int i = 0; i < 20'000; ++i) {
+        std::string done = "resize";
+        throws = i % 10 == 1;
+        if (i % 100 == 0) {
+            window.Resize({walk.Random(1, 130), walk.Random(1, 130)});
+        } else if (i % 10 == 2) {
+            done = "hidden for " + walk.Step() + ", " + walk.Step();
+            test.drawing.damage = {std::nullopt};
+        } else if (i % 10 == 3) {  // what comes next shows it too
+            test.calendar->NoRepaintControl(true);
+            done = "suspended for " + walk.Step() + ", " + walk.Step();
+            if (i % 20 == 3) window.PaintWhatIsAskedFor();
+            test.calendar->NoRepaintControl(false);
+            done += ", then " + walk.Date(1);
+        } else if (i % 10 == 4) {
+            test.now.value += 0.5;
+            test.calendar->DateMax(
+                DateOf(DayOf(test.calendar->SelectedDate()) - walk.Random(0, 40)));
+            test.calendar->DateMax(kDefaultDateMax);
+            done = "midnight and a limit, then " + walk.Date(1);
+        } else if (i % 10 == 0) {
+            done = "uncover";  // what lay over a part of it has gone
+            const int x = walk.Random(0, test.screen.right - 1);
+            const int y = walk.Random(0, test.screen.bottom - 1);
+            test.drawing.damage.push_back(
+                Rect{x, y, x + walk.Random(1, 40), y + walk.Random(1, 40)});
+        } else {
+            try {
+                done = walk.Step();
+            } catch (const Thrown&) {
+                done = "a handler throws";
+            }
+        }
+        window.PaintWhatIsAskedFor();
+        ASSERT_EQ(window.Difference(), "") << "step " << i << ": " << done << " in "
+                                           << test.screen.right << "x" << test.screen.bottom;
+    }
+    EXPECT_EQ(test.drawing.FaultsAfterPaint(), std::vector<std::string>{});
+}
+
+const std::vector<std::string> kNoFaults;
+
+TEST(CalendarPainter, AChangedDayRedrawsItsCellAlone) {
+    TestCalendar test;
+    test.Paint();
+    test.TakeLog();
+    test.drawing.Forget();
+    test.calendar->Days()->Item(5)->BackColor(std::int32_t{255});
+    ASSERT_EQ(test.drawing.invalidated.size(), 1u);
+    const Rect cell = *test.drawing.invalidated[0];
+    EXPECT_EQ(test.TakeLog(), std::vector<std::string>{"repaint cell 2020-03-05"});
+    EXPECT_EQ(test.Paint(cell), kNoFaults);
+    ASSERT_EQ(test.drawing.Of("text").size(), 1u);
+    EXPECT_EQ(test.drawing.Of("text")[0].text, "5");
+    EXPECT_EQ(test.drawing.Of("fill")[0].color, 255u);
+
+    test.calendar->NoRepaintControl(true);
+    test.TakeLog();
+    test.calendar->Days()->Item(6)->Caption("quiet");
+    EXPECT_TRUE(test.TakeLog().empty());
+}
+
+TEST(CalendarPainter, LeavesNothingBehindWhicheverCreationFails) {
+    TestCalendar test;
+    VmCalendar& calendar = *test.calendar;
+    calendar.MonthYearSelStyle(VmMonthSelArrows);
+    for (std::int16_t i = 1; i <= 31; ++i) {
+        const auto type = i % 2 == 0 ? PictureType::Icon : PictureType::Bitmap;
+        calendar.Days()->Item(i)->Picture(PatternPicture(type, {8, 8}));
+    }
+    test.Paint();
+    const int creations = test.drawing.creations;
+    ASSERT_GT(creations, 25);
+    for (const auto alignment : {VmPictTopLeft, VmPictTile, VmPictBelowText}) {
+        calendar.DayPictureAlignment(alignment);
+        for (int n = 1; n <= creations; ++n) {
+            test.drawing.Forget();
+            test.drawing.failAt = n;
+            EXPECT_EQ(test.Paint(), kNoFaults) << n;
+        }
+    }
+}
+
+TEST(CalendarPainter, SurvivesPicturesThatCannotBeDrawn) {
+    TestCalendar test;
+    const auto himetric = Size{500, 500};
+    const auto pixels = PatternPicture(PictureType::Bitmap, {1, 1})->Image();
+    struct Case {
+        PictureType type;
+        Size size;
+        std::shared_ptr<const PixelImage> image;
+        VmPictureAlignmentConstants alignment = VmPictTopLeft;
+    };
+    for (const Case& c : {Case{PictureType::None, {}, nullptr},
+                          {PictureType::Bitmap, himetric, nullptr},
+                          {PictureType::Bitmap, himetric, std::make_shared<PixelImage>()},
+                          {PictureType::Metafile, himetric, nullptr},
+                          {PictureType::Bitmap, {-5, 0}, pixels},
+                          {PictureType::Bitmap, {0, 900}, pixels, VmPictTile}}) {
+        test.calendar->DayPictureAlignment(c.alignment);
+        test.calendar->Days()->Item(9)->Picture(
+            std::make_shared<StdPicture>(c.type, c.size, c.image));
+        test.drawing.Forget();
+        EXPECT_EQ(test.Paint(), kNoFaults);
+        EXPECT_TRUE(test.drawing.Of("picture").empty());
+    }
+    // A tile of one pixel advances nevertheless.
+    test.calendar->Days()->Item(9)->Picture(PatternPicture(PictureType::Bitmap, {1, 1}));
+    test.Paint();
+    EXPECT_GT(test.drawing.Of("picture").size(), 500u);
+}
+
+TEST(CalendarPainter, PaintsAtAnySize) {
+    for (const Size size : {Size{0, 0}, Size{1, 1}, Size{9, 9}, Size{3, 2000}, Size{-1, -1},
+                            Size{INT_MAX, INT_MAX}, Size{INT_MIN, 7}}) {
+        TestCalendar test(size);
+        test.calendar->Days()->Item(3)->Picture(PatternPicture(PictureType::Icon, {2, 2}));
+        EXPECT_EQ(test.Paint(), kNoFaults);
+        test.Clicks(Day(2020, 3, 5));
+        EXPECT_GE(test.calendar->Layout().client.width, 0);
+        EXPECT_LE(test.calendar->Layout().cellWidth, 32767);
+        for (const auto& fill : test.drawing.Of("fill")) {
+            EXPECT_LE(fill.rect.right, std::max({size.width, fill.rect.left, 0}));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace velmora::test
