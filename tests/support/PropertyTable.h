@@ -70,7 +70,11 @@ inline std::vector<double> RefusedNumbers(const PropertyRow& row) {
     switch (row.kind) {
         case Kind::Choice: return {row.low - 1, row.high + 1, -2147483648.0, 2147483647};
         case Kind::Color: return {0x01000000, 0x7F000000, 0xFF000000, 0x40ABCDEF};
-        case Kind::Limit:
+        case Kind::Limit: {  // also beyond the other limit as a calendar and a box have it at first
+            const bool box = row.form == Form::Integer, isMax = row.name == "DateMax";
+            const double beyond = box ? (isMax ? -292193 : 292561) : isMax ? -328717 : 401769;
+            return {-620911, 986522, beyond};
+        }
         case Kind::Day: return {-620911, 986522};  // 31 December 199, 1 January 4601
         case Kind::Pointer: return {-1, 16, 98, 100};
         case Kind::Extent: return {-15};
