@@ -129,7 +129,9 @@ TEST_F(Drags, GoFromOneCalendarToAnother) {
         hand.join();
         ServeWaiting(form.Get());
         EXPECT_EQ(order, drag.order);
-        EXPECT_EQ(DateOf(from), "2024-03-05") << "the press became a drag";
+        EXPECT_EQ(Got(GetProperty(from.Control(), "SelectedDay").result.Object(), "DayDate"),
+                  "2024-03-05")
+            << "the press became a drag";
         EXPECT_EQ(GetCapture(), nullptr);
     }
 }

@@ -1,4 +1,3 @@
-#include "tests/activex/support/Census.h"
 #include "tests/activex/support/ClientTest.h"
 #include "tests/activex/support/Input.h"
 

@@ -20,7 +20,7 @@ TEST_F(Hosts, AForeignOneHasABox) {
                       121, 21, form->Window(), nullptr, nullptr, nullptr);
     ComPtr<IUnknown> control;
     ASSERT_EQ(getControl(host, control.GetAddressOf()), S_OK);
-    PutProperty(control.Get(), "DateValue", Value::Date(DayNumber(2024, 3, 5)));
+    PutProperty(control.Get(), "DateValue", Value::Date(DayFromCivil(2024, 3, 5)));
     SetForegroundWindow(form->Window());
     UpdateWindow(form->Window());
     ServeWaiting(form.Get());

@@ -1,4 +1,3 @@
-#include "tests/activex/support/Census.h"
 #include "tests/activex/support/ClientTest.h"
 #include "tests/activex/support/Input.h"
 #include "tests/support/InputPlayer.h"
@@ -13,7 +12,6 @@ class ComponentPlayer : public test::InputPlayer, public ClientTest {
 protected:
     ComponentPlayer() {
         onEvent = [this](Event& event) {
-            if (event.Name() == "MouseMove" && !IsBeforeMischief()) return;
             Note(event.Text());
             if (Answer(event.Name())) event.Change(0, Value(*Answer(event.Name())));
         };
@@ -56,7 +54,7 @@ private:
     void Key(const Stroke& stroke) override {
         if (GetFocus() != Window()) SetFocus(Window());
         Serve([&] { return GetFocus() == Window(); }, 100);
-        (stroke.down ? PressKey : ReleaseKey)(static_cast<WORD>(stroke.code));
+        TurnKey(static_cast<WORD>(stroke.code), stroke.down);
     }
     void Mouse(Act act, const Hand& hand) override {
         const bool isAim = act == Act::Press || (act == Act::Move && hand.button == 0);

@@ -1,4 +1,3 @@
-#include "tests/activex/support/Census.h"
 #include "tests/activex/support/ClientTest.h"
 
 #include <thread>
@@ -26,6 +25,13 @@ protected:
         return Census::Take();
     }
 
+    static void ExpectSame(const Census& before, const Census& after) {
+        EXPECT_EQ(after.drawingObjects, before.drawingObjects) << after.Text();
+        EXPECT_EQ(after.windows, before.windows) << after.Text();
+        EXPECT_LT(after.heapBlocks, before.heapBlocks + 40)
+            << before.Text() << "; " << after.Text();
+    }
+
 private:
     static void Paint(ControlSite& site, int i) {
         PutProperty(site.Control(), "DayAppearance", Value(i % 2));
@@ -42,14 +48,46 @@ private:
 
 TEST_F(Lifetime, ControlsAndPaintsLeaveNothing) {
     CensusAfter(1);  // what is made once and kept
-    const Census before = CensusAfter(1);
-    const Census after = CensusAfter(2);
-    EXPECT_EQ(after.drawingObjects, before.drawingObjects) << after.Text();
-    EXPECT_EQ(after.windows, before.windows) << after.Text();
-    EXPECT_LT(after.heapBlocks, before.heapBlocks + 40) << before.Text() << "; " << after.Text();
+    const Census before = CensusAfter(1), after = CensusAfter(2);
+    ExpectSame(before, after);
     const HGDIOBJ brush = CreateSolidBrush(0x123456);
     EXPECT_EQ(Census::Take().drawingObjects, after.drawingObjects + 1) << "the count counts";
     DeleteObject(brush);
+}
+
+/// For `./test --soak`: at the end as after a tenth of the way.
+TEST_F(Lifetime, DISABLED_TenThousandCreationsAndOpeningsLeaveNothing) {
+    ControlSite* box = nullptr;
+    const auto create = [&](int time) {
+        ControlSite& site = time % 2 ? AddBox() : AddCalendar();
+        SetDate(site, 2024, 3, 2);
+        UpdateWindow(site.ControlWindow());
+        site.Activate(OLEIVERB_UIACTIVATE);
+        form->RemoveAll();
+    };
+    const auto open = [&](int) {
+        PutProperty(box->Control(), "DropDownState", Value(true));
+        ServeWaiting(form.Get());
+        EXPECT_EQ(VisibleWindows(), 2) << "the form and the calendar";
+        PutProperty(box->Control(), "DropDownState", Value(false));
+    };
+    for (const std::function<void(int)>& step : {std::function<void(int)>(create), {open}}) {
+        const auto run = [&](int times) {
+            for (int i = 0; i < times; ++i) {
+                step(i);
+                ServeWaiting(form.Get());
+                events = {};
+            }
+            DWORD handles = 0;
+            GetProcessHandleCount(GetCurrentProcess(), &handles);
+            return std::pair(handles, Census::Take());
+        };
+        const auto [handlesBefore, before] = run(1000);
+        const auto [handles, after] = run(9000);
+        EXPECT_EQ(handles, handlesBefore);
+        ExpectSame(before, after);
+        FocusOn(*(box = &AddBox()));
+    }
 }
 
 /// Also what was thrown in it, in a thread that has ended, too.

@@ -71,12 +71,6 @@ void ExpectAvailable() {
     EXPECT_EQ(LoadRegTypeLib(kLibrary, 1, 0, LOCALE_NEUTRAL, &library), S_OK);
 }
 
-bool IsAvailable() {
-    ComPtr<IUnknown> made;
-    return SUCCEEDED(
-        CoCreateInstance(kCalendarClass.clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made)));
-}
-
 /// The classes of the machine or of the user, as the system exports them, in small letters. In a
 /// new Wine the user has none yet, unlike in any Windows.
 std::wstring Classes(const std::wstring& root) {
@@ -101,22 +95,17 @@ std::wstring Classes(const std::wstring& root) {
 class Registration : public testing::Test {
 protected:
     ~Registration() override {
-        Call("DllUnregisterServer");
-        Install(FALSE, L"user");
+        Call<>("DllUnregisterServer");
+        Call<BOOL, LPCWSTR>("DllInstall", FALSE, L"user");
         FreeLibrary(m_module);
     }
-    HRESULT Call(const char* name) {
-        return reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(Export(name))();
-    }
-    HRESULT Install(BOOL install, const wchar_t* scope) {
-        return reinterpret_cast<HRESULT(STDAPICALLTYPE*)(BOOL, LPCWSTR)>(Export("DllInstall"))(
-            install, scope);
+    template <class... Arguments>
+    HRESULT Call(const char* name, Arguments... arguments) {
+        const auto entry = reinterpret_cast<void*>(GetProcAddress(m_module, name));
+        return reinterpret_cast<HRESULT(STDAPICALLTYPE*)(Arguments...)>(entry)(arguments...);
     }
 
 private:
-    void* Export(const char* name) {
-        return reinterpret_cast<void*>(GetProcAddress(m_module, name));
-    }
     HMODULE m_module = LoadLibraryW((Folder() + L"VelmoraCalendar.ocx").c_str());
 };
 
@@ -132,11 +121,11 @@ std::size_t More(const std::wstring& after, const std::wstring& before, const wc
 
 TEST_F(Registration, LeavesNothingAndTouchesNothingElse) {
     const std::wstring machine = L"HKLM", user = L"HKCU";
-    EXPECT_EQ(Install(TRUE, L"elsewhere"), E_INVALIDARG);
+    EXPECT_EQ((Call<BOOL, LPCWSTR>("DllInstall", TRUE, L"elsewhere")), E_INVALIDARG);
     for (const auto& [root, other] : {std::pair(machine, user), std::pair(user, machine)}) {
         const auto run = [&, isUser = root == user](bool install) {
-            if (isUser) return Install(install, L"user");
-            return Call(install ? "DllRegisterServer" : "DllUnregisterServer");
+            if (isUser) return Call<BOOL, LPCWSTR>("DllInstall", install, L"user");
+            return Call<>(install ? "DllRegisterServer" : "DllUnregisterServer");
         };
         const std::wstring before = Classes(root), others = Classes(other);
         for (int round = 0; round < 2; ++round) ASSERT_EQ(run(true), S_OK);
@@ -147,7 +136,10 @@ TEST_F(Registration, LeavesNothingAndTouchesNothingElse) {
         EXPECT_EQ(More(now, before, L"{00020420-0000-0000-c000-000000000046}\""), 3u);  // events
         if (root == machine) ExpectAvailable();
         for (int round = 0; round < 2; ++round) EXPECT_EQ(run(false), S_OK);
-        EXPECT_FALSE(IsAvailable());
+        ComPtr<IUnknown> made;
+        EXPECT_EQ(CoCreateInstance(kCalendarClass.clsid, nullptr, CLSCTX_INPROC_SERVER,
+                                   IID_PPV_ARGS(&made)),
+                  REGDB_E_CLASSNOTREG);
         EXPECT_TRUE(Classes(root) == before) << "something is left, or gone";
         EXPECT_TRUE(Classes(other) == others);
     }

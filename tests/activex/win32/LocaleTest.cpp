@@ -3,9 +3,8 @@
 #include "hosts/activex/win32/WinText.h"
 #include "tests/support/LocaleCases.h"
 
-#include <gtest/gtest.h>
-
 #include <regex>
+#include <tuple>
 
 namespace velmora {
 namespace {
@@ -35,21 +34,15 @@ public:
 
 private:
     std::string Written(CivilDate date, const wchar_t* pattern) const {
-        const SYSTEMTIME time{static_cast<WORD>(date.year),
-                              static_cast<WORD>(date.month),
-                              0,
-                              static_cast<WORD>(date.day),
-                              0,
-                              0,
-                              0,
-                              0};
+        SYSTEMTIME time{};
+        std::tie(time.wYear, time.wMonth, time.wDay) = std::tie(date.year, date.month, date.day);
         wchar_t text[100]{};
         GetDateFormatW(m_locale, 0, &time, pattern, text, 100);
         return ToUtf8(text);
     }
     std::string Written(int hour, int minute, DWORD flags, const wchar_t* pattern) const {
-        const SYSTEMTIME time{2024, 3, 0, 15, static_cast<WORD>(hour), static_cast<WORD>(minute),
-                              0,    0};
+        SYSTEMTIME time{};
+        std::tie(time.wHour, time.wMinute) = std::tie(hour, minute);
         wchar_t text[100]{};
         GetTimeFormatW(m_locale, flags, &time, pattern, text, 100);
         return ToUtf8(text);

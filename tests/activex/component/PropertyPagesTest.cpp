@@ -2,7 +2,7 @@
 
 #include "hosts/activex/control/ControlClass.h"
 #include "hosts/activex/win32/WinText.h"
-#include "tests/activex/objects/ObjectsTest.h"
+#include "tests/activex/component/ComponentTest.h"
 #include "tests/support/PageScript.h"
 
 #include <algorithm>
@@ -25,15 +25,6 @@ void CALLBACK CloseMessage(HWND, UINT, UINT_PTR, DWORD) {
     GetWindowTextW(FindWindowExW(box, icon, L"Static", nullptr), text, 200);
     g_messages += (g_messages.empty() ? "" : "|") + ToUtf8(text);
     SendMessageW(box, WM_COMMAND, IDOK, 0);
-}
-
-std::string ErrorText() {
-    ComPtr<IErrorInfo> info;
-    BSTR text = nullptr;
-    if (GetErrorInfo(0, &info) == S_OK) info->GetDescription(&text);
-    const std::string plain = FromBstr(text);
-    SysFreeString(text);
-    return plain;
 }
 
 /// The foreign object as a client has it: members by name, without type information.
@@ -166,7 +157,12 @@ public:
         for (const auto& page : pages) {
             const HRESULT result = page->IsPageDirty() == S_OK ? page->Apply() : S_OK;
             if (FAILED(result) && result != E_ABORT) {
-                g_messages += (g_messages.empty() ? "" : "|") + ErrorText();
+                ComPtr<IErrorInfo> info;
+                GetErrorInfo(0, &info);
+                BSTR text = nullptr;
+                if (info) info->GetDescription(&text);
+                g_messages += (g_messages.empty() ? "" : "|") + FromBstr(text);
+                SysFreeString(text);
             }
         }
         KillTimer(nullptr, timer);

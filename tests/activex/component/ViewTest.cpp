@@ -1,6 +1,5 @@
-#include "apps/vmhost/Automation.h"
 #include "apps/vmhost/Snapshot.h"
-#include "tests/activex/shell/ShellFixture.h"
+#include "tests/activex/component/ComponentTest.h"
 
 namespace velmora {
 namespace {
@@ -19,7 +18,7 @@ double Share(const vmhost::Picture& picture, const RECT& rect, std::uint32_t col
     return static_cast<double>(count) / ((rect.right - rect.left) * (rect.bottom - rect.top));
 }
 
-class View : public ShellFixture {
+class View : public ComponentTest {
 protected:
     View() : calendar(As<::_VmCalendar>()) {
         calendar->put_MonthBackColor(kBandColor);
@@ -121,13 +120,13 @@ TEST_F(View, TellsEveryChangeWhileItHasNoWindow) {
     EXPECT_EQ(container->TakeLog(), "OnViewChange");
     calendar->put_MonthBackColor(0);
     EXPECT_NE(container->TakeLog(), "");
-    const auto day = vmhost::GetProperty(object.Get(), "SelectedDay").result;
-    vmhost::PutProperty(day.Object(), "BackColor", 255);
+    const auto day = GetProperty(object.Get(), "SelectedDay").result;
+    PutProperty(day.Object(), "BackColor", 255);
     EXPECT_EQ(container->TakeLog(), "OnViewChange");
     FORMATETC format{CF_BITMAP, nullptr, DVASPECT_CONTENT, -1, TYMED_GDI};
     DWORD connection = 0;
     EXPECT_EQ(As<IDataObject>()->DAdvise(&format, ADVF_NODATA, container.Get(), &connection), S_OK);
-    vmhost::PutProperty(day.Object(), "BackColor", 0);
+    PutProperty(day.Object(), "BackColor", 0);
     EXPECT_EQ(container->TakeLog(), "OnViewChange OnDataChange");
 }
 

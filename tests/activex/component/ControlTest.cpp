@@ -1,8 +1,7 @@
 #include "apps/vmhost/Ambients.h"
-#include "apps/vmhost/Automation.h"
 #include "hosts/activex/control/DropDownControl.h"
 #include "hosts/activex/win32/WinText.h"
-#include "tests/activex/shell/ShellFixture.h"
+#include "tests/activex/component/ComponentTest.h"
 
 namespace velmora {
 namespace {
@@ -13,7 +12,7 @@ const std::string kShown =
 const std::string kActive = "OnUIActivate OnFocus(1) SetActiveObject SetActiveObject";
 const std::string kInactive = "SetActiveObject(0) SetActiveObject(0) OnUIDeactivate";
 
-class Control : public ShellFixture {
+class Control : public ComponentTest {
 protected:
     HRESULT Site(ScriptedContainer* site) { return object->SetClientSite(site); }
     HRESULT Extent(LONG width, LONG height) {
@@ -191,25 +190,19 @@ TEST_F(Control, TakesItsOwnKeysBeforeTheContainer) {
     As<::_VmCalendar>()->put_MonthYearSelStyle(::VmMonthSelCombo);
     Do(OLEIVERB_UIACTIVATE);
     const HWND control = Window(), list = MonthList();
-    const struct {
-        HWND focus;
-        UINT message;
-        WORD key;
-        const char* calls;
-        HRESULT result = S_OK;
-    } cases[] = {{control, WM_KEYDOWN, VK_RIGHT, ""},
-                 {control, WM_SYSKEYDOWN, VK_UP, ""},
-                 {control, WM_KEYDOWN, VK_TAB, "TranslateAccelerator(0)"},
-                 {control, WM_KEYDOWN, VK_RETURN, "TranslateAccelerator(0)"},
-                 {list, WM_KEYDOWN, VK_RETURN, ""},
-                 {list, WM_KEYDOWN, VK_TAB, "TranslateAccelerator(0)"},
-                 {container->window, WM_KEYDOWN, VK_RIGHT, "", S_FALSE}};
-    for (const auto& c : cases) {
-        SetFocus(c.focus);
+    const std::string kOffered = "TranslateAccelerator(0)";
+    for (const auto& [focus, key, calls, result] :
+         {std::tuple(control, VK_RIGHT, std::string(), S_OK),
+          {control, VK_TAB, kOffered, S_OK},
+          {control, VK_RETURN, kOffered, S_OK},
+          {list, VK_RETURN, "", S_OK},
+          {list, VK_TAB, kOffered, S_OK},
+          {container->window, VK_RIGHT, "", S_FALSE}}) {
+        SetFocus(focus);
         container->TakeLog();
-        MSG message{c.focus, c.message, c.key, 1, 0, {}};
-        EXPECT_EQ(As<IOleInPlaceActiveObject>()->TranslateAccelerator(&message), c.result) << c.key;
-        EXPECT_EQ(container->TakeLog(), c.calls) << c.key;
+        MSG message{focus, WM_KEYDOWN, static_cast<WPARAM>(key), 1, 0, {}};
+        EXPECT_EQ(As<IOleInPlaceActiveObject>()->TranslateAccelerator(&message), result) << key;
+        EXPECT_EQ(container->TakeLog(), calls) << key;
     }
 }
 
@@ -225,9 +218,9 @@ TEST_F(Control, FollowsTheContainersLanguageAndFont) {
     for (const auto& [locale, fifth, may] :
          {std::tuple(0x0407, 45416.0, L"Mai"), {0x0409, 45387.0, L"May"}}) {
         EXPECT_EQ(tell(locale), S_OK);
-        vmhost::PutProperty(object.Get(), "DateValue", "4/5/2024");
-        const auto day = vmhost::GetProperty(object.Get(), "SelectedDay").result;
-        EXPECT_EQ(vmhost::GetProperty(day.Object(), "DayDate").result.Real(), fifth);
+        PutProperty(object.Get(), "DateValue", "4/5/2024");
+        const auto day = GetProperty(object.Get(), "SelectedDay").result;
+        EXPECT_EQ(GetProperty(day.Object(), "DayDate").result.Real(), fifth);
         wchar_t name[32]{};
         SendMessageW(MonthList(), CB_GETLBTEXT, 4, reinterpret_cast<LPARAM>(name));
         EXPECT_STREQ(name, may);
@@ -243,9 +236,9 @@ TEST_F(Control, FollowsTheContainersLanguageAndFont) {
     V_DISPATCH(&ambient) = vmhost::MakeFont("Tahoma", 14).Detach();
     Renew();
     Place();
-    const auto own = vmhost::GetProperty(object.Get(), "DayFont").result;
-    EXPECT_EQ(vmhost::GetProperty(own.Object(), "Name").result.Text(), "Tahoma");
-    EXPECT_NEAR(vmhost::GetProperty(own.Object(), "Size").result.Real(), 14, 0.5);
+    const auto own = GetProperty(object.Get(), "DayFont").result;
+    EXPECT_EQ(GetProperty(own.Object(), "Name").result.Text(), "Tahoma");
+    EXPECT_NEAR(GetProperty(own.Object(), "Size").result.Real(), 14, 0.5);
     EXPECT_NE(own.Object(), V_DISPATCH(&ambient)) << "a change of one does not change the other";
 }
 

@@ -1,4 +1,4 @@
-#include "tests/activex/shell/ShellFixture.h"
+#include "tests/activex/component/ComponentTest.h"
 
 #include <objsafe.h>
 
@@ -10,7 +10,7 @@ std::vector<IID> IdsOf() {
     return {__uuidof(Interface)...};
 }
 
-class Interfaces : public ShellFixture {};
+class Interfaces : public ComponentTest {};
 
 /// From every interface every other one, and always the same object.
 TEST_F(Interfaces, LeadToEachOther) {
@@ -53,7 +53,7 @@ TEST_F(Interfaces, PromiseHarmlessDataAndHaveTwoVerbs) {
     for (ULONG i = 0; i < fetched; ++i) CoTaskMemFree(items[i].lpszVerbName);
 }
 
-class Persistence : public ShellFixture {
+class Persistence : public ComponentTest {
 protected:
     static ComPtr<IStream> MakeStream() {
         ComPtr<IStream> stream;

@@ -1,12 +1,20 @@
-#include "ObjectsTest.h"
 #include "hosts/activex/com/ComDataObject.h"
 #include "hosts/activex/control/ControlClass.h"
+#include "tests/activex/component/ComponentTest.h"
+#include "tests/support/Refusals.h"
+
+#include <gtest/gtest.h>
+#include <bit>
+#include <fstream>
+#include <limits>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
 
 namespace velmora {
 namespace {
-
-using vmhost::GetProperty;
-using vmhost::PutProperty;
 
 TEST(Controls, NameTheirPages) {
     IUnknown* const controls[] = {NewCalendar().Detach(), NewBox().Detach()};
@@ -97,6 +105,89 @@ TEST(Data, ComeBackFromAnotherProgramAsTheyWere) {
     FORMATETC all[8];
     formats->Next(8, all, &count);
     EXPECT_EQ(count, 4u) << "text stands there twice";
+}
+
+TEST(ComVariant, EveryTypeOfAClientBecomesOneOfTheCoreOrIsRefused) {
+    static LONG referred = -7;
+    const auto objects = std::make_shared<ControlObjects>();
+    const auto bits = [](auto value) { return std::bit_cast<LONGLONG>(value); };
+    const struct {
+        VARTYPE type;
+        LONGLONG value;  // the bits
+        Variant expected;
+        int refused = 0;
+    } cases[] = {
+        {VT_EMPTY, 0, Variant()},
+        {VT_NULL, 0, Null()},
+        {VT_I1, -3, std::int16_t{-3}},
+        {VT_UI1, 200, std::int16_t{200}},
+        {VT_I2, -3, std::int16_t{-3}},
+        {VT_UI2, 65535, 65535},
+        {VT_I4, -5, -5},
+        {VT_INT, -5, -5},
+        {VT_UI4, 0x8000000F, std::int32_t(-2147483633)},  // a colour
+        {VT_I8, 2147483647, 2147483647},
+        {VT_I8, 2147483648, Variant(), 6},
+        {VT_I8, std::numeric_limits<LONGLONG>::min(), Variant(), 6},
+        {VT_UI8, 2147483647, 2147483647},
+        {VT_UI8, -1, Variant(), 6},
+        {VT_R4, 0x3FC00000, 1.5},
+        {VT_CY, 25000, 2.5},
+        {VT_DATE, bits(43905.5), Date(43905.5)},
+        {VT_BSTR, 0, ""},
+        {VT_BOOL, VARIANT_TRUE, true},
+        {VT_DISPATCH, 0, ObjectRef()},
+        {VT_BYREF | VT_I4, bits(&referred), -7},
+        {VT_ERROR, DISP_E_PARAMNOTFOUND, Variant()},  // a missing argument
+        {VT_ERROR, E_FAIL, Variant(), 13},
+        {VT_ARRAY | VT_I4, 0, Variant(), 13},
+    };
+    for (const auto& sample : cases) {
+        VARIANT value{};
+        V_VT(&value) = sample.type;
+        V_I8(&value) = sample.value;
+        Variant core;
+        const auto take = [&] { core = FromComVariant(value, *objects); };
+        EXPECT_EQ(static_cast<int>(test::NumberOf(take)), sample.refused) << sample.type;
+        EXPECT_EQ(core, sample.expected) << sample.type;
+    }
+}
+
+constexpr char kReleased[] = "../../hosts/activex/server/Identifiers.txt";
+
+std::string ContentOf(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+/// Names with their values.
+std::set<std::string> ConstantsIn(const std::string& text) {
+    const std::regex constant(R"(Vm\w+ = \d+)");
+    return {std::sregex_token_iterator(text.begin(), text.end(), constant), {}};
+}
+
+/// One statement a line, without comments and help texts.
+std::string Statements(std::string definition) {
+    for (const auto& [pattern, text] :
+         {std::pair(R"(//[^\n]*|#[^\n]*|,?\s*helpstring\(\s*"[^"]*"\))", ""),
+          {R"(\s+)", " "},
+          {R"( ?([;{}]) ?)", "$1\n"}}) {
+        definition = std::regex_replace(definition, std::regex(pattern), text);
+    }
+    return definition;
+}
+
+TEST(TypeLibrary, NothingThatHasBeenReleasedMoves) {
+    EXPECT_EQ(Statements(ContentOf(VELMORA_DEFINITION)), Statements(ContentOf(kReleased)))
+        << "released, but changed; or new: append it to the record";
+}
+
+TEST(TypeLibrary, PublishesTheEnumerationsOfTheModel) {
+    EXPECT_EQ(ConstantsIn(ContentOf(kReleased)),
+              ConstantsIn(ContentOf("../../model/Enumerations.h")));
 }
 
 }  // namespace
