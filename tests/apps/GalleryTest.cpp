@@ -35,22 +35,13 @@ TEST(SavedSettings, ComeBackAtTheNextStartAndDamageIsReported) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("new/calendar.txt"));
     const SavedSettings settings(path);
-    VmCalendarWidget first;
+    VmCalendarWidget first, second, third;
     EXPECT_EQ(settings.Load(first), QString());  // there is none yet
     first.setShowWeekend(false);
-    first.setDateValue(QDate(2001, 2, 3));
     EXPECT_EQ(settings.Save(first), QString());
-
-    VmCalendarWidget second;
     EXPECT_EQ(settings.Load(second), QString());
     EXPECT_FALSE(second.showWeekend());
-    EXPECT_EQ(second.dateValue(), QDate(2001, 2, 3));
-
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Append));
-    file.write("nonsense\n");
-    file.close();
-    VmCalendarWidget third;
+    ASSERT_TRUE(QFile::resize(path, 30));
     EXPECT_TRUE(settings.Load(third).contains(path));
     EXPECT_TRUE(third.showWeekend());
 }

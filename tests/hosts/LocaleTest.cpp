@@ -2,8 +2,6 @@
 #include "hosts/qt/values/QtLocale.h"
 #include "tests/support/LocaleCases.h"
 
-#include <gtest/gtest.h>
-
 #include <QLocale>
 #include <QRegularExpression>
 

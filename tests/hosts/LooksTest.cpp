@@ -4,8 +4,6 @@
 #include "tests/hosts/WidgetSupport.h"
 #include "tests/support/RepaintWalk.h"
 
-#include <gtest/gtest.h>
-
 #include <QImage>
 #include <QPainter>
 #include <QScreen>
@@ -13,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <optional>
 
 namespace velmora::test {
 namespace {

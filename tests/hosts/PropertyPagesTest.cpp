@@ -4,12 +4,8 @@
 #include "tests/hosts/PageInput.h"
 #include "tests/support/PageScript.h"
 
-#include <gtest/gtest.h>
-
 #include <QPointer>
 #include <QTabWidget>
-
-#include <memory>
 
 namespace velmora {
 namespace {

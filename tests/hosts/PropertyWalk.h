@@ -20,14 +20,7 @@
 namespace velmora {
 
 /// What the controls have reported with qWarning.
-inline std::vector<std::string>& Warnings() {
-    static std::vector<std::string> texts;
-    return texts;
-}
-
-inline void TakeWarning(QtMsgType, const QMessageLogContext&, const QString& text) {
-    if (text.startsWith("VmCal")) Warnings().push_back(text.toStdString());
-}
+inline std::vector<std::string> g_warnings;
 
 /// As a property of Qt's.
 inline QByteArray NameOf(const test::PropertyRow& row) {
@@ -112,8 +105,11 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
         if (!system && row.initial != test::kToday && row.kind != test::Kind::Font) {
             EXPECT_EQ(Read(property, widget), comparable(row.initial));
         }
-        Warnings().clear();
-        const QtMessageHandler before = qInstallMessageHandler(TakeWarning);
+        g_warnings.clear();
+        const QtMessageHandler before =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+                if (text.startsWith("VmCal")) g_warnings.push_back(text.toStdString());
+            });
         const double high = row.kind == test::Kind::Color ? 0xFFFFFF : row.high;
         for (const double number : {row.low, high}) {
             property.write(&widget, ValueOf(row, number));
@@ -123,7 +119,7 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
             EXPECT_EQ(std::exchange(changes, {}), expected);
         }
         EXPECT_EQ(notified.size(), name == "enabled" ? 0 : 2);  // Qt has none for that
-        EXPECT_EQ(Warnings(), std::vector<std::string>());
+        EXPECT_EQ(g_warnings, std::vector<std::string>());
         const auto refused = RefusedValues(row, ValueOf(row, high));
         for (const QVariant& value : refused) {
             property.write(&widget, value);
@@ -147,8 +143,8 @@ void ExpectFollowsTheTable(std::span<const test::PropertyRow> rows, std::set<std
             EXPECT_EQ(Read(property, widget) != Read(property, Widget()), notified.size() > 0);
         }
         const std::size_t silent = row.kind == test::Kind::Pointer ? refused.size() : 0;
-        EXPECT_EQ(Warnings().size(), refused.size() - silent);
-        for (const std::string& text : Warnings()) {
+        EXPECT_EQ(g_warnings.size(), refused.size() - silent);
+        for (const std::string& text : g_warnings) {
             EXPECT_EQ(text.find(className + ": " + name + ": "), 0u) << text;
         }
     }

@@ -1,8 +1,6 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "tests/hosts/WidgetSupport.h"
 
-#include <gtest/gtest.h>
-
 #include <QDragEnterEvent>
 #include <QImage>
 #include <QMimeData>

@@ -1,8 +1,6 @@
 #include "tests/hosts/PageInput.h"
 #include "tests/hosts/PropertyWalk.h"
 
-#include <gtest/gtest.h>
-
 #include <QBuffer>
 #include <QUiLoader>
 #include <QUndoStack>
@@ -15,8 +13,6 @@
 #include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerTaskMenuExtension>
 #include <QtDesigner/QExtensionManager>
-
-#include <memory>
 
 /// The plug-in as Designer and the loaders of forms see it. This program links no widgets, so
 /// its objects are known by names only.
