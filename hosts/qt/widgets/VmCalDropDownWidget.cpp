@@ -2,8 +2,11 @@
 
 #include "hosts/qt/widgets/VmCalDropDownHost.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace velmora {
 
@@ -95,16 +98,27 @@ QSize VmCalDropDownWidget::sizeHint() const { return {120, fontMetrics().height(
 
 QSize VmCalDropDownWidget::minimumSizeHint() const { return {40, fontMetrics().height() + 10}; }
 
-/// Keys that close the calendar are no shortcuts of the form while it is open.
+/// Keys that close the calendar are no shortcuts of the form while it is open, and that which
+/// copies never is.
 bool VmCalDropDownWidget::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride && m_host && dropDownState()) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter) {
+    if (event->type() == QEvent::ShortcutOverride && m_host) {
+        const auto& key = static_cast<QKeyEvent&>(*event);
+        const bool closes = key.key() == Qt::Key_Escape || key.key() == Qt::Key_Return ||
+                            key.key() == Qt::Key_Enter;
+        if ((closes && dropDownState()) || key.matches(QKeySequence::Copy)) {
             event->accept();
             return true;
         }
     }
     return QWidget::event(event);
+}
+
+void VmCalDropDownWidget::keyPressEvent(QKeyEvent* event) {
+    const QPointer<VmCalDropDownWidget> alive(this);
+    VmDateWidget::keyPressEvent(event);
+    if (!alive || event->isAccepted() || !event->matches(QKeySequence::Copy)) return;
+    QGuiApplication::clipboard()->setText(text());
+    event->accept();
 }
 
 /// Of the widgets around this one, while the calendar is open.
@@ -125,6 +139,7 @@ bool VmCalDropDownWidget::eventFilter(QObject* watched, QEvent* event) {
 void VmCalDropDownWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     Own().Paint(painter);
+    DrawBorder(painter);
 }
 
 void VmCalDropDownWidget::hideEvent(QHideEvent* event) {

@@ -5,6 +5,11 @@
 #include "hosts/qt/widgets/DateWidgetHost.h"
 #include "hosts/qt/windows/QtClock.h"
 
+#include <QDate>
+#include <QHash>
+#include <QString>
+
+class QHelpEvent;
 class QPainter;
 class QRegion;
 
@@ -17,6 +22,8 @@ public:
 
     /// False when nothing was drawn. Emits nothing before it returns.
     bool Paint(QPainter& painter, const QRegion& exposed);
+    /// False when the day under the mouse has none.
+    bool ShowToolTip(const QHelpEvent& event);
     void LoseMouse() override { calendar.OnCaptureLost(); }
     bool TakeSelectorInput() override { return m_input.Deliver(calendar); }
 
@@ -29,6 +36,7 @@ private:
     QtWindowing m_windowing;
 
 public:
+    QHash<QDate, QString> toolTips;
     VmCalendar calendar;  // ends before what it stands on
 
 private:

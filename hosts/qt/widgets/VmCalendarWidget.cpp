@@ -2,6 +2,7 @@
 
 #include "hosts/qt/widgets/VmCalendarHost.h"
 
+#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -25,6 +26,15 @@ VmCalendar& VmCalendarWidget::calendar() noexcept { return Own().calendar; }
 const VmCalendar& VmCalendarWidget::calendar() const noexcept { return Own().calendar; }
 
 QDate VmCalendarWidget::shownDate() const { return ToQDate(DayOf(calendar().ShownDate())); }
+
+QString VmCalendarWidget::dayToolTip(QDate day) const { return Own().toolTips.value(day); }
+void VmCalendarWidget::setDayToolTip(QDate day, const QString& text) {
+    if (text.isEmpty()) {
+        Own().toolTips.remove(day);
+    } else {
+        Own().toolTips[day] = text;
+    }
+}
 
 VmCalendarWidget::Appearance VmCalendarWidget::appearance() const {
     return m_host->Get<Appearance>(kAppearance);
@@ -56,6 +66,7 @@ void VmCalendarWidget::paintEvent(QPaintEvent* event) {
     } else if (!m_painted) {
         painter.fillRect(rect(), palette().button());
     }
+    DrawBorder(painter);
 }
 
 void VmCalendarWidget::showEvent(QShowEvent* event) {
@@ -92,6 +103,9 @@ bool VmCalendarWidget::event(QEvent* event) {
             if (m_host) m_host->LoseMouse();
             break;
         case QEvent::ChildPolished: ChainChildren(); break;
+        case QEvent::ToolTip:
+            if (Own().ShowToolTip(static_cast<QHelpEvent&>(*event))) return true;
+            break;
         default: break;
     }
     return QWidget::event(event);

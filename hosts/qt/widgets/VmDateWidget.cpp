@@ -6,7 +6,10 @@
 #include <QApplication>
 #include <QDragMoveEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 namespace velmora {
 
@@ -25,6 +28,15 @@ void VmDateWidget::EndHost() {
     const bool isDragTarget = m_host->Drops().IsEntered();
     m_host.reset();
     if (isDragTarget) LeaveDrag(*this);
+}
+
+void VmDateWidget::DrawBorder(QPainter& painter) const {
+    if (!testAttribute(Qt::WA_StyleSheet)) return;
+    QStyleOptionFrame option;
+    option.initFrom(this);
+    const QRect contents = style()->subElementRect(QStyle::SE_FrameContents, &option, this);
+    painter.setClipRegion(QRegion(rect()) - contents);
+    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
 }
 
 DayRef VmDateWidget::day(int dayOfMonth) const {

@@ -109,6 +109,8 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    /// Ctrl+C copies the text, unless a slot has stopped the key.
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void hideEvent(QHideEvent* event) override;

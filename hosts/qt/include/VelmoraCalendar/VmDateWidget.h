@@ -26,8 +26,9 @@ using PictureRef = std::shared_ptr<StdPicture>;
 /// leaves the property as it was and is reported with qWarning.
 ///
 /// Colours and fonts that were never set, or have been reset, follow the widget's palette and font;
-/// dates and names follow its locale. Colours are opaque.
-/// Any slot may change any property or delete the widget.
+/// dates and names follow its locale. Colours are opaque. A style sheet's `background-color`,
+/// `color`, `selection-background-color`, `selection-color` and `font` take the palette's place;
+/// its `border` covers the outermost pixels. Any slot may change any property or delete the widget.
 class VELMORA_QT_API VmDateWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QDate dateMax READ dateMax WRITE setDateMax NOTIFY dateMaxChanged)
@@ -299,6 +300,8 @@ protected:
     explicit VmDateWidget(QWidget* parent);
     /// To be called by the destructor of the derived class: events on the way find the host gone.
     void EndHost();
+    /// A style sheet's border, over the control's own frame.
+    void DrawBorder(QPainter& painter) const;
 
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
