@@ -4,6 +4,7 @@
 #include "platform/ScaleMode.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace velmora {
 namespace {
@@ -25,6 +26,12 @@ Rect PlaceByText(VmPictureAlignmentConstants alignment, Size size, const Rect& c
     if (alignment == VmPictBelowText) top = text.bottom + kTextGap;
     return RectAt(Inside(left, size.width, cell.left, cell.right),
                   Inside(top, size.height, cell.top, cell.bottom), size);
+}
+
+/// False for an area without pixels: stretched into a cell without room it would be mirrored.
+constexpr bool IsInside(const Rect& area, const Rect& cell) noexcept {
+    return cell.left <= area.left && area.left < area.right && area.right <= cell.right &&
+           cell.top <= area.top && area.top < area.bottom && area.bottom <= cell.bottom;
 }
 
 /// Copies the whole bitmap that is selected into `source` to `area`.
@@ -92,9 +99,12 @@ void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& p
     const ObjectHandle handle = drawing.PictureHandle(picture);
     if (handle == ObjectHandle::None) return;
 
-    const Rect area = PlaceDayPicture(alignment, size, cell, text);
-    const Clip clip(drawing, surface, cell);
-    if (picture.Type() == PictureType::Icon) {
+    const bool isIcon = picture.Type() == PictureType::Icon;  // never stretched or tiled
+    Rect area = PlaceDayPicture(alignment, size, cell, text);
+    if (isIcon) area = RectAt(area.left, area.top, kIconSize);
+    std::optional<Clip> clip;  // it takes as long as the picture
+    if (alignment == VmPictTile || !IsInside(area, cell)) clip.emplace(drawing, surface, cell);
+    if (isIcon) {
         drawing.DrawIconEx(surface, area.left, area.top, handle, kIconSize.width, kIconSize.height,
                            kDrawIconNormal);
     } else {

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kMostColors = 64;
 constexpr std::size_t kMostFonts = 16;
-constexpr int kLargestKept = 1 << 20;  // pixels
+constexpr int kLargestKept = 1 << 22;  // pixels
 
 HGDIOBJ MakeFont(const LogFont& font, int dpi) {
     LOGFONTW description{};
@@ -43,6 +43,7 @@ GdiCache::~GdiCache() {
     DeleteAll(m_brushes);
     DeleteAll(m_pens);
     DeleteAll(m_fonts);
+    if (m_source) DeleteDC(m_source);
     if (m_composition.context) DeleteDC(m_composition.context);
     if (m_composition.object) ::DeleteObject(m_composition.object);
     for (const PixelsEntry& entry : m_pixels) DeletePixels(entry.handle, entry.asIcon);
@@ -127,8 +128,17 @@ HDC GdiCache::Context(HDC screen) {
     return m_composition.context;
 }
 
+HDC GdiCache::SourceContext(HDC like) {
+    if (m_sourceUsed) return CreateCompatibleDC(like);
+    if (!m_source) m_source = CreateCompatibleDC(nullptr);
+    m_sourceUsed = m_source != nullptr;
+    return m_source;
+}
+
 void GdiCache::Release(HDC context) {
-    if (context == m_composition.context) {
+    if (context == m_source) {
+        m_sourceUsed = false;
+    } else if (context == m_composition.context) {
         m_composition.contextUsed = false;
     } else {
         DeleteDC(context);

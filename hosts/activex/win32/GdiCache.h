@@ -29,6 +29,8 @@ public:
     HGDIOBJ Bitmap(HDC screen, int width, int height);
     /// What such a bitmap is selected into; null when it cannot be made.
     HDC Context(HDC screen);
+    /// What a picture is selected into; null when it cannot be made.
+    HDC SourceContext(HDC like);
     void Release(HDC context);
     /// Ends a use; an object of another origin is deleted.
     void Release(HGDIOBJ object);
@@ -85,6 +87,8 @@ private:
     std::vector<Entry<FontKey>> m_fonts;
     std::vector<PixelsEntry> m_pixels;
     Composition m_composition;
+    HDC m_source = nullptr;
+    bool m_sourceUsed = false;
 };
 
 }  // namespace velmora

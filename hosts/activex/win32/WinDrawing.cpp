@@ -133,7 +133,7 @@ SurfaceHandle WinDrawing::CreateCompatibleDC(SurfaceHandle like) {
     HDC context = ContextOf(like);
     if (context && GetDeviceCaps(context, TECHNOLOGY) != DT_RASDISPLAY) context = nullptr;
     const bool isScreen = context && GetObjectType(context) == OBJ_DC;
-    return SurfaceOf(isScreen ? m_cache->Context(context) : ::CreateCompatibleDC(context));
+    return SurfaceOf(isScreen ? m_cache->Context(context) : m_cache->SourceContext(context));
 }
 
 void WinDrawing::DeleteDC(SurfaceHandle surface) {
