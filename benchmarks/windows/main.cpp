@@ -18,7 +18,23 @@
 namespace velmora {
 namespace {
 
-constexpr SIZE kSize{400, 300};
+/// What is painted: a month of that size, whose days have nothing, or a caption and a picture.
+struct Scene {
+    SIZE size;
+    bool isDecorated;
+};
+
+constexpr Scene kUsual{{400, 300}, false};
+constexpr const char* kCaption = "Meeting";
+
+/// One of its own for each: a bitmap can be in one context at a time.
+PictureRef NewPicture() {
+    auto image = std::make_shared<PixelImage>();
+    image->width = image->height = 12;
+    image->pixels.assign(12 * 12, 0xFF2060C0);
+    constexpr Size kHimetric{318, 318};  // 12 pixels
+    return std::make_shared<StdPicture>(PictureType::Bitmap, kHimetric, image);
+}
 
 /// One that the system has, so that both sides draw the same glyphs.
 FontRef TheFont() {
@@ -43,16 +59,16 @@ private:
     FontRef m_font = TheFont();
 };
 
-/// A window that paints a month of 400 x 300 pixels.
+/// A window that paints a month.
 class MonthWindow {
 public:
-    MonthWindow() {
+    explicit MonthWindow(const Scene& scene) : m_scene(scene) {
         WNDCLASSW description{};
         description.lpfnWndProc = &Procedure;
         description.lpszClassName = L"VelmoraBench";
         RegisterClassW(&description);
-        m_window = CreateWindowW(description.lpszClassName, L"", WS_POPUP, 0, 0, kSize.cx, kSize.cy,
-                                 nullptr, nullptr, nullptr, nullptr);
+        m_window = CreateWindowW(description.lpszClassName, L"", WS_POPUP, 0, 0, scene.size.cx,
+                                 scene.size.cy, nullptr, nullptr, nullptr, nullptr);
         SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     }
     MonthWindow(const MonthWindow&) = delete;
@@ -65,6 +81,7 @@ public:
     HWND Window() const { return m_window; }
 
 protected:
+    const Scene& Shown() const { return m_scene; }
     virtual void Paint(HDC target, std::span<const Rect> exposed) = 0;
     virtual bool Input(UINT, WPARAM, LPARAM) { return false; }
 
@@ -77,22 +94,25 @@ private:
             return 0;
         }
         if (self && message == WM_PRINTCLIENT) {
-            constexpr Rect kAll{0, 0, kSize.cx, kSize.cy};
-            self->Paint(reinterpret_cast<HDC>(w), {&kAll, 1});
+            const Rect all{0, 0, self->m_scene.size.cx, self->m_scene.size.cy};
+            self->Paint(reinterpret_cast<HDC>(w), {&all, 1});
             return 0;
         }
         if (self && self->Input(message, w, l)) return 0;
         return DefWindowProcW(window, message, w, l);
     }
 
+    const Scene m_scene;
     HWND m_window = nullptr;
 };
 
 class CalendarWindow final : public MonthWindow {
 public:
-    CalendarWindow() : m_dates(SharedDateLocale(), LocalNow) {
+    explicit CalendarWindow(const Scene& scene)
+        : MonthWindow(scene), m_dates(SharedDateLocale(), LocalNow) {
         m_windowing.Attach(Window());
         m_calendar.InitProperties();
+        if (scene.isDecorated) Decorate();
         ShowWindow(Window(), SW_SHOWNOACTIVATE);
         m_calendar.OnWindowChanged();
         UpdateWindow(Window());
@@ -108,6 +128,14 @@ protected:
     }
 
 private:
+    void Decorate() {
+        const PictureRef picture = NewPicture();
+        for (std::int16_t day = 1; day <= m_calendar.Days()->Count(); ++day) {
+            m_calendar.Days()->Item(day)->Caption(kCaption);
+            m_calendar.Days()->Item(day)->Picture(picture);
+        }
+    }
+
     WinDrawing m_drawing;
     WinWindowing m_windowing;
     BenchHosting m_hosting;
@@ -115,14 +143,20 @@ private:
     VmCalendar m_calendar{Platform{m_drawing, m_windowing, m_dates, m_hosting}};
 };
 
-/// The least that a month of 42 cells takes: fill, number and two edges of each, and one copy of
-/// all to the window; what that needs is made before.
+/// The least that a month of 42 cells takes: fill, number and two edges of each, caption and
+/// picture of the decorated ones, and one copy of all to the window; what that needs is made
+/// before.
 class FloorWindow final : public MonthWindow {
 public:
-    FloorWindow() : m_font(m_drawing.CreateFontIndirectA(FontToLogFont(*TheFont()))) {
+    explicit FloorWindow(const Scene& scene)
+        : MonthWindow(scene),
+          m_picture(NewPicture()),
+          m_font(m_drawing.CreateFontIndirectA(FontToLogFont(*TheFont()))) {
         const HDC target = GetDC(Window());
         m_memory = CreateCompatibleDC(target);
-        m_bitmap = CreateCompatibleBitmap(target, kSize.cx, kSize.cy);
+        m_bitmap = CreateCompatibleBitmap(target, scene.size.cx, scene.size.cy);
+        m_source = CreateCompatibleDC(target);
+        SelectObject(m_source, reinterpret_cast<HGDIOBJ>(m_drawing.PictureHandle(*m_picture)));
         ReleaseDC(Window(), target);
         SelectObject(m_memory, m_bitmap);
         SelectObject(m_memory, reinterpret_cast<HGDIOBJ>(m_font));
@@ -131,33 +165,46 @@ public:
     }
     ~FloorWindow() override {
         DeleteDC(m_memory);
+        DeleteDC(m_source);
         DeleteObject(m_bitmap);
         m_drawing.DeleteObject(m_font);
     }
 
 protected:
     void Paint(HDC target, std::span<const Rect>) override {
-        for (int i = 0; i < 42; ++i) PaintCell(m_memory, i);
-        BitBlt(target, 0, 0, kSize.cx, kSize.cy, m_memory, 0, 0, SRCCOPY);
+        for (int i = 0; i < 42; ++i) PaintCell(i);
+        BitBlt(target, 0, 0, Shown().size.cx, Shown().size.cy, m_memory, 0, 0, SRCCOPY);
     }
 
 private:
-    static void PaintCell(HDC memory, int i) {
-        const int left = i % 7 * 57;
-        const int top = i / 7 * 50;
-        RECT cell{left, top, left + 57, top + 50};
-        FillRect(memory, &cell, GetSysColorBrush(COLOR_WINDOW));
-        const std::wstring number = std::to_wstring(i % 31 + 1);
-        DrawTextW(memory, number.c_str(), static_cast<int>(number.size()), &cell,
-                  DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
-        MoveToEx(memory, left, top + 49, nullptr);
-        LineTo(memory, left, top);
-        LineTo(memory, left + 56, top);
+    void PaintCell(int i) {
+        const int width = Shown().size.cx / 7;
+        const int height = Shown().size.cy / 6;
+        const int left = i % 7 * width;
+        const int top = i / 7 * height;
+        RECT cell{left, top, left + width, top + height};
+        FillRect(m_memory, &cell, GetSysColorBrush(COLOR_WINDOW));
+        if (Shown().isDecorated && i < 31) {
+            Write(kCaption, cell, DT_BOTTOM);
+            BitBlt(m_memory, left, top, 12, 12, m_source, 0, 0, SRCCOPY);
+        }
+        Write(std::to_string(i % 31 + 1), cell, DT_VCENTER);
+        MoveToEx(m_memory, left, top + height - 1, nullptr);
+        LineTo(m_memory, left, top);
+        LineTo(m_memory, left + width - 1, top);
+    }
+
+    void Write(std::string_view text, RECT& cell, UINT place) {
+        const std::wstring wide(text.begin(), text.end());
+        DrawTextW(m_memory, wide.c_str(), static_cast<int>(wide.size()), &cell,
+                  DT_SINGLELINE | DT_CENTER | place | DT_NOPREFIX);
     }
 
     WinDrawing m_drawing;
+    PictureRef m_picture;
     ObjectHandle m_font;
     HDC m_memory = nullptr;
+    HDC m_source = nullptr;
     HBITMAP m_bitmap = nullptr;
 };
 
@@ -218,33 +265,52 @@ void MoveDates(HWND month) {
     GdiFlush();
 }
 
-void Print(const char* name, double ours, double other, double least, double most) {
-    const double ratio = other / ours;
-    std::printf("%-52s %8.1f %8.1f %7.2fx  %s\n", name, ours, other, ratio,
-                ratio >= least && ratio <= most ? "met" : "MISSED");
+/// `most`: what is wanted of our time, as a multiple of the other.
+void Print(const std::string& name, double ours, double other, double most) {
+    std::printf("%-52s %8.1f %8.1f %7.2f  <= %.2f  %s\n", name.c_str(), ours, other, ours / other,
+                most, ours <= most * other ? "met" : "MISSED");
+}
+
+/// What is wanted of a full repaint, as a multiple of its plain calls.
+struct Bound {
+    Scene scene;
+    double most;
+};
+
+constexpr Bound kBounds[] = {{{{250, 200}, false}, 1.25},
+                             {kUsual, 1.25},
+                             {{{400, 300}, true}, 1.35},
+                             {{{1600, 1200}, false}, 1.0}};
+
+void RunRepaint(const Bound& bound) {
+    const CalendarWindow calendar(bound.scene);
+    const FloorWindow floor(bound.scene);
+    const auto times =
+        LowestTenths({[&] { Repaint(calendar.Window()); }, [&] { Repaint(floor.Window()); }});
+    Print("full repaint " + std::to_string(bound.scene.size.cx) + " x " +
+              std::to_string(bound.scene.size.cy) +
+              (bound.scene.isDecorated ? ", 31 pictures" : "") + " / its plain GDI calls",
+          times[0], times[1], bound.most);
 }
 
 int Run() {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_DATE_CLASSES};
     InitCommonControlsEx(&classes);
-    const CalendarWindow calendar;
-    const FloorWindow floor;
+    const CalendarWindow calendar(kUsual);
     const HWND month = CreateWindowW(MONTHCAL_CLASSW, L"", WS_POPUP | WS_VISIBLE, 0, 0, 250, 200,
                                      nullptr, nullptr, nullptr, nullptr);
-    if (!IsWindow(calendar.Window()) || !IsWindow(floor.Window()) || !IsWindow(month)) {
+    if (!IsWindow(calendar.Window()) || !IsWindow(month)) {
         std::fprintf(stderr, "There are no windows to paint: no display?\n");
         return 1;
     }
     const auto times =
-        LowestTenths({[&] { Repaint(calendar.Window()); }, [&] { Repaint(floor.Window()); },
-                      [&] { Repaint(month); }, [&] { PressKeys(calendar.Window()); },
-                      [&] { MoveDates(month); }});
+        LowestTenths({[&] { Repaint(calendar.Window()); }, [&] { Repaint(month); },
+                      [&] { PressKeys(calendar.Window()); }, [&] { MoveDates(month); }});
     DestroyWindow(month);
-    constexpr double kAny = 1e9;
-    std::printf("%-52s %8s %8s %8s\n", "microseconds", "ours", "other", "ratio");
-    Print("full repaint 400 x 300 / its plain GDI calls", times[0], times[1], 1 / 1.5, kAny);
-    Print("full repaint / the system's month calendar", times[0], times[2], 6, kAny);
-    Print("two keys to painted / two dates in that calendar", times[3], times[4], 5, kAny);
+    std::printf("%-52s %8s %8s %7s\n", "microseconds", "ours", "other", "ratio");
+    for (const Bound& bound : kBounds) RunRepaint(bound);
+    Print("full repaint / the system's month calendar", times[0], times[1], 1 / 6.0);
+    Print("two keys to painted / two dates in that calendar", times[2], times[3], 1 / 5.0);
     return 0;
 }
 
