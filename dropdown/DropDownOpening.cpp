@@ -1,6 +1,9 @@
 #include "dropdown/VmCalDropDown.h"
 
+#include "platform/ScaleMode.h"
+
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 namespace velmora {
@@ -121,8 +124,13 @@ void VmCalDropDown::Abandon() {
 Rect VmCalDropDown::DropDownPlace() const {
     const Size box = m_platform.windowing.ClientSize();
     const Size desktop = m_form.DesktopSize();
-    const int width = std::max(std::min(m_box.widthPixels, desktop.width), 1);
-    const int height = std::max(std::min(m_box.heightPixels, desktop.height), 1);
+    const double scale = std::max(m_platform.windowing.PixelsPerInch() / kUsualPixelsPerInch, 1.0);
+    const auto scaled = [scale](std::int32_t size, std::int32_t most) {
+        return static_cast<std::int32_t>(
+            std::lround(std::clamp(size * scale, 1.0, static_cast<double>(most))));
+    };
+    const int width = scaled(m_box.widthPixels, std::max(desktop.width, 1));
+    const int height = scaled(m_box.heightPixels, std::max(desktop.height, 1));
     const int left = m_box.alignment == VmRightJustified ? box.width - 1 - width : 0;
     Point corner = m_platform.windowing.ClientToScreen({left, box.height});
     if (m_keepOnScreen) {

@@ -16,7 +16,7 @@ struct BoxState {
     FontRef comboFont;  // null: the container's
     std::string dateFormat = "Short Date";
     VmDropDownAlignmentConstants alignment = VmLeftJustified;
-    std::int32_t heightPixels = 200;
+    std::int32_t heightPixels = 200;  // at the usual number an inch
     std::int32_t widthPixels = 250;
 };
 

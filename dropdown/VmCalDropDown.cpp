@@ -79,8 +79,8 @@ void VmCalDropDown::UpdateDateText(Date date) {
 }
 
 void VmCalDropDown::Let(const SizeProperty& property, std::int32_t value) {
-    const double wanted = ToPixels(value, ContainerScaleMode(m_platform.hosting),
-                                   m_platform.windowing.PixelsPerInch(), property.axis);
+    const double wanted =
+        ToPixels(value, ContainerScaleMode(m_platform.hosting), kUsualPixelsPerInch, property.axis);
     const double rounded = std::nearbyint(wanted);
     constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
     if (rounded < 0) Refuse();
@@ -90,7 +90,7 @@ void VmCalDropDown::Let(const SizeProperty& property, std::int32_t value) {
 
 std::int32_t VmCalDropDown::Get(const SizeProperty& property) const {
     const double size = FromPixels(m_box.*property.field, ContainerScaleMode(m_platform.hosting),
-                                   m_platform.windowing.PixelsPerInch(), property.axis);
+                                   kUsualPixelsPerInch, property.axis);
     constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
     return size < kMost ? static_cast<std::int32_t>(std::lround(size)) : kMost;
 }

@@ -95,7 +95,8 @@ public:
     /// 0 or 1, else error 380.
     VmDropDownAlignmentConstants DropDownAlignment() const { return m_box.alignment; }
     void DropDownAlignment(VmDropDownAlignmentConstants value) { Let(kDropDownAlignment, value); }
-    /// Size of the drop-down in the units of the container. Error 380: below 0 pixels.
+    /// Size of the drop-down in the units of the container, pixels being those of a screen with 96
+    /// an inch: with more it is larger, as its texts are. Error 380: below 0 pixels.
     std::int32_t DropDownHeight() const { return Get(kDropDownHeight); }
     void DropDownHeight(std::int32_t value) { Let(kDropDownHeight, value); }
     std::int32_t DropDownWidth() const { return Get(kDropDownWidth); }

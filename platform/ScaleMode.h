@@ -10,6 +10,8 @@ inline constexpr std::int16_t kScaleTwips = 1;
 inline constexpr std::int16_t kScalePixels = 3;
 
 inline constexpr int kHimetricPerInch = 2540;  // hundredths of a millimetre
+/// The resolution that sizes are saved for; where there are more pixels an inch, all is larger.
+inline constexpr double kUsualPixelsPerInch = 96;
 
 enum class Axis { Horizontal, Vertical };
 

@@ -3,6 +3,7 @@
 #include "apps/vmhost/ExtendedControl.h"
 #include "apps/vmhost/Form.h"
 #include "apps/vmhost/HostError.h"
+#include "hosts/activex/win32/ScreenDpi.h"
 #include "hosts/activex/win32/WinText.h"
 #include "platform/ScaleMode.h"
 
@@ -10,13 +11,6 @@ namespace velmora::vmhost {
 namespace {
 
 constexpr float kTwipsPerHimetric = 1440.0F / kHimetricPerInch;
-
-long ScreenDpi() {
-    const HDC screen = GetDC(nullptr);
-    const long dpi = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    return dpi;
-}
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include "apps/vmhost/HostError.h"
 #include "apps/vmhost/PageFrame.h"
 #include "apps/vmhost/Snapshot.h"
+#include "hosts/activex/win32/ScreenDpi.h"
 #include "hosts/activex/win32/WinText.h"
 
 #include <commctrl.h>
@@ -19,6 +20,7 @@ namespace {
 constexpr wchar_t kWindowClass[] = L"VmHostWindow";
 constexpr int kMostLines = 500;
 constexpr UINT kRefresh = WM_APP + 1;
+// At 96 pixels an inch.
 constexpr RECT kFormPlace{8, 40, 488, 368};
 constexpr RECT kEventsPlace{8, 376, 488, 560};
 constexpr RECT kPropertiesPlace{496, 8, 856, 560};
@@ -26,6 +28,12 @@ constexpr RECT kCalendarPlace{16, 16, 266, 216};  // 250 x 200
 constexpr RECT kBoxPlace{290, 16, 411, 37};       // 121 x 21
 
 enum Command { kPages = 100, kDesign, kSave, kLoad, kAbout };
+
+LONG Scaled(LONG pixels) { return MulDiv(pixels, ScreenDpi(), 96); }
+
+RECT Scaled(const RECT& place) {
+    return {Scaled(place.left), Scaled(place.top), Scaled(place.right), Scaled(place.bottom)};
+}
 
 POINT PointerOf(DWORD position) {
     return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
@@ -55,7 +63,7 @@ MainWindow::MainWindow() {
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
     windowClass.lpszClassName = kWindowClass;
     RegisterClassW(&windowClass);
-    RECT frame{0, 0, kPropertiesPlace.right + 8, kEventsPlace.bottom + 8};
+    RECT frame = Scaled(RECT{0, 0, kPropertiesPlace.right + 8, kEventsPlace.bottom + 8});
     constexpr DWORD style =
         (WS_OVERLAPPEDWINDOW & ~(WS_THICKFRAME | WS_MAXIMIZEBOX)) | WS_CLIPCHILDREN;
     AdjustWindowRectEx(&frame, style, FALSE, WS_EX_CONTROLPARENT);
@@ -65,16 +73,16 @@ MainWindow::MainWindow() {
                                GetModuleHandleW(nullptr), this);
     if (!m_window) throw HostError("opening the window", HRESULT_FROM_WIN32(GetLastError()));
     BuildButtons();
-    m_form = Form::Open(m_window, kFormPlace, "");
+    m_form = Form::Open(m_window, Scaled(kFormPlace), "");
     m_form->onSelected = [this] { ShowSite(m_form->Selected()); };
     m_form->onTabOut = [this](bool forward) {
         SetFocus(GetNextDlgTabItem(m_window, m_form->Window(), !forward));
         return true;
     };
-    m_events =
-        MakeChild(m_window, L"LISTBOX", L"",
-                  WS_BORDER | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL, kEventsPlace, 0);
-    m_properties = std::make_unique<PropertyPanel>(m_window, kPropertiesPlace);
+    m_events = MakeChild(m_window, L"LISTBOX", L"",
+                         WS_BORDER | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL,
+                         Scaled(kEventsPlace), 0);
+    m_properties = std::make_unique<PropertyPanel>(m_window, Scaled(kPropertiesPlace));
     ShowWindow(m_window, SW_SHOW);
 }
 
@@ -87,7 +95,8 @@ void MainWindow::BuildButtons() {
     LONG left = kFormPlace.left;
     const auto add = [&](const wchar_t* text, int id, DWORD style) {
         constexpr LONG width = 90;
-        MakeChild(m_window, L"BUTTON", text, WS_TABSTOP | style, {left, 8, left + width, 32}, id);
+        MakeChild(m_window, L"BUTTON", text, WS_TABSTOP | style,
+                  Scaled(RECT{left, 8, left + width, 32}), id);
         left += width + 6;
     };
     add(L"&Properties...", kPages, 0);
@@ -99,8 +108,8 @@ void MainWindow::BuildButtons() {
 
 bool MainWindow::AddControls() {
     const bool added = Guarded([this] {
-        m_form->Add("VelmoraCalendar.VmCalendar", "VmCalendar1", kCalendarPlace);
-        m_form->Add("VelmoraCalendar.VmCalDropDown", "VmCalDropDown1", kBoxPlace);
+        m_form->Add("VelmoraCalendar.VmCalendar", "VmCalendar1", Scaled(kCalendarPlace));
+        m_form->Add("VelmoraCalendar.VmCalDropDown", "VmCalDropDown1", Scaled(kBoxPlace));
     });
     FollowAll();
     return added;

@@ -15,7 +15,6 @@ namespace {
 constexpr int kListId = 200;
 constexpr int kEditId = 201;
 constexpr int kSetId = 202;
-constexpr int kNameWidth = 160;
 constexpr int kLine = 24;
 constexpr int kButtonWidth = 50;
 
@@ -87,10 +86,11 @@ PropertyPanel::PropertyPanel(HWND parent, const RECT& place)
     ListView_SetExtendedListViewStyle(m_list, LVS_EX_FULLROWSELECT);
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_WIDTH;
-    column.cx = kNameWidth;
+    const int width = place.right - place.left, nameWidth = width * 4 / 9;
+    column.cx = nameWidth;
     column.pszText = const_cast<wchar_t*>(L"Property");
     SendMessageW(m_list, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
-    column.cx = place.right - place.left - kNameWidth - GetSystemMetrics(SM_CXVSCROLL) - 4;
+    column.cx = width - nameWidth - GetSystemMetrics(SM_CXVSCROLL) - 4;
     column.pszText = const_cast<wchar_t*>(L"Value");
     SendMessageW(m_list, LVM_INSERTCOLUMNW, 1, reinterpret_cast<LPARAM>(&column));
 }

@@ -151,7 +151,10 @@ TEST_F(DropDown, OpensWhereItsHandlerWantsIt) {
         int width, height;
         bool keepOnScreen;
         const char* shown;
+        double pixelsPerInch = 96;
     } cases[] = {{test.a.window->screen, VmLeftJustified, 250, 180, false, "100,72 250x180"},
+                 {test.a.window->screen, VmLeftJustified, 251, 180, false, "100,72 377x270", 144},
+                 {test.a.window->screen, VmRightJustified, 250, 180, true, "0,72 500x360", 192},
                  {test.a.window->screen, VmRightJustified, 250, 180, false, "-1,72 250x180"},
                  {test.a.window->screen, VmRightJustified, 100, 180, true, "149,72 100x180"},
                  {test.a.window->screen, VmRightJustified, 250, 180, true, "0,72 250x180"},
@@ -168,6 +171,7 @@ TEST_F(DropDown, OpensWhereItsHandlerWantsIt) {
     for (const auto& each : cases) {
         now = &each;
         test.a.window->screen = each.box;
+        test.a.window->pixelsPerInch = each.pixelsPerInch;
         box.KeepDropDownOnScreen(each.keepOnScreen);
         test.Key(test.a, kKeyF4);
         EXPECT_EQ(test.log.back(), std::string("show ") + each.shown);

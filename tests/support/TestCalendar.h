@@ -80,6 +80,7 @@ public:
 
     Rect screen;
     bool enabled = true;
+    double pixelsPerInch = 96;
     bool captured = false;
     std::optional<Point> cursor;
     std::function<void()> focused;
@@ -92,7 +93,7 @@ public:
     Size ClientSize() const override {
         return {screen.right - screen.left, screen.bottom - screen.top};
     }
-    double PixelsPerInch() const override { return 96; }
+    double PixelsPerInch() const override { return pixelsPerInch; }
     bool Enabled() const override { return enabled; }
     void Enabled(bool value) override { enabled = value; }
     bool TakesInput() const override { return enabled; }

@@ -253,6 +253,7 @@ private:
     bool ServeInShell(UINT message, WPARAM w, LPARAM l, LRESULT& result);
     LRESULT DialogCode(const MSG* message) const;
     void EndWindow();
+    void FollowDpi();
 
     // View
     int Dpi() const { return m_window.Dpi(); }

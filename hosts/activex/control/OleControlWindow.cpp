@@ -12,6 +12,8 @@ using Microsoft::WRL::ComPtr;
 namespace {
 
 constexpr wchar_t kClassName[] = L"VelmoraCalendar.Control";
+constexpr UINT kDpiChanged = 0x02E3;  // WM_DPICHANGED_AFTERPARENT, of newer systems
+
 /// Registered from first use until the module ends.
 class WindowClass {
 public:
@@ -44,8 +46,7 @@ HRESULT OleControl::CreateControlWindow(HWND parent, const RECT& place) {
         place.right - place.left, place.bottom - place.top, parent, nullptr, ThisModule(), this);
     if (!window) return HRESULT_FROM_WIN32(GetLastError());
     m_window.Attach(window);
-    m_drawing.Dpi(Dpi());
-    OnWindowRecreated();
+    FollowDpi();
     return m_window.Window() ? S_OK : E_UNEXPECTED;
 }
 
@@ -98,8 +99,11 @@ bool OleControl::ServeInShell(UINT message, WPARAM w, LPARAM l, LRESULT& result)
         case WM_GETDLGCODE: result = DialogCode(reinterpret_cast<const MSG*>(l)); return true;
         case WM_SIZE:
         case WM_MOVE:
+            if (m_drawing.Dpi() != Dpi()) FollowDpi();
+            [[fallthrough]];
         case WM_ENABLE:
         case WM_SHOWWINDOW: OnWindowChanged(); return false;
+        case kDpiChanged: FollowDpi(); return false;
         case WM_DESTROY: EndWindow(); return false;
         default: m_activation.OnMessage(message, w); return false;
     }
@@ -113,8 +117,13 @@ LRESULT OleControl::DialogCode(const MSG* message) const {
 
 void OleControl::EndWindow() {
     m_window.Detach();
-    m_drawing.Dpi(Dpi());
     m_activation.OnWindowEnded();
+    FollowDpi();
+}
+
+/// The fonts and the selectors are made for a resolution.
+void OleControl::FollowDpi() {
+    m_drawing.Dpi(Dpi());
     OnWindowRecreated();
 }
 

@@ -2,6 +2,7 @@
 
 #include "dropdown/VmCalDropDown.h"
 #include "hosts/activex/win32/AboutDialog.h"
+#include "hosts/activex/win32/ScreenDpi.h"
 #include "hosts/activex/win32/ThisModule.h"
 #include "hosts/activex/win32/ThreadShared.h"
 #include "hosts/activex/win32/WinInput.h"
@@ -73,6 +74,8 @@ void WinFormWindowing::TakeCapture() {
     if (IsWindowVisible(Window()) && !IsAnyButtonHeld()) WinWindowing::SetCapture();
 }
 
+int WinFormWindowing::Dpi() const { return m_box ? DpiOf(m_box) : WinWindowing::Dpi(); }
+
 std::optional<std::int16_t> WinFormHosting::ContainerScaleMode() const { return kScalePixels; }
 
 bool WinFormHosting::RequestEdit(std::string_view) {
@@ -118,13 +121,17 @@ bool WinFormWindow::Make() {
 void WinFormWindow::Show(const Rect& screen) {
     if (!Make()) return;
     const HWND window = m_windowing.Window();
-    m_box = WinDrawing::WindowOf(m_form.GetOwner()->hWnd());
+    const HWND box = WinDrawing::WindowOf(m_form.GetOwner()->hWnd());
+    m_windowing.Box(box);
     m_boxPlace = {};
-    GetWindowRect(m_box, &m_boxPlace);
+    GetWindowRect(box, &m_boxPlace);
     m_wasInFront = false;
-    m_drawing.Dpi(m_windowing.Dpi());
+    if (m_drawing.Dpi() != m_windowing.Dpi()) {
+        m_drawing.Dpi(m_windowing.Dpi());
+        m_form.Calendar().OnWindowRecreated();
+    }
     SetWindowLongPtrW(window, GWLP_HWNDPARENT,
-                      reinterpret_cast<LONG_PTR>(GetAncestor(m_box, GA_ROOT)));
+                      reinterpret_cast<LONG_PTR>(GetAncestor(box, GA_ROOT)));
     SetWindowPos(window, HWND_TOPMOST, screen.left, screen.top, screen.Width(), screen.Height(),
                  SWP_NOACTIVATE);
     m_form.Calendar().OnWindowChanged();
@@ -145,7 +152,7 @@ Size WinFormWindow::DesktopSize() const {
 }
 
 void WinFormWindow::Hide() {
-    m_box = nullptr;
+    m_windowing.Box(nullptr);
     const HWND window = m_windowing.Window();
     if (!window) return;
     ShowWindow(window, SW_HIDE);
@@ -164,7 +171,8 @@ void WinFormWindow::Timer(bool on) {
 
 bool WinFormWindow::IsOwnerInPlace() const {
     RECT place{};
-    return IsWindowVisible(m_box) && GetWindowRect(m_box, &place) && EqualRect(&place, &m_boxPlace);
+    const HWND box = m_windowing.Box();
+    return IsWindowVisible(box) && GetWindowRect(box, &place) && EqualRect(&place, &m_boxPlace);
 }
 
 void WinFormWindow::Tick() {

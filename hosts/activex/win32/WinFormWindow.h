@@ -19,8 +19,13 @@ public:
     void ReleaseCapture() override;
     /// Takes a capture that waits, if no button is held any more.
     void TakeCapture();
+    /// The window of the box, whose resolution counts: the size is in proportion to that.
+    void Box(HWND window) noexcept { m_box = window; }
+    HWND Box() const noexcept { return m_box; }
+    int Dpi() const override;
 
 private:
+    HWND m_box = nullptr;
     bool m_wanted = false;
 };
 
@@ -84,8 +89,7 @@ private:
     WinFormHosting m_hosting;
     WinDrawing m_drawing;
     Dates m_dates;
-    HWND m_box = nullptr;  // that it is open for
-    RECT m_boxPlace{};     // on the screen, when it was opened
+    RECT m_boxPlace{};  // on the screen, when it was opened
     bool m_wasInFront = false;
     DropDownForm m_form;  // ends before what it stands on
 };

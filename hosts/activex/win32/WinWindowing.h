@@ -35,7 +35,7 @@ public:
     /// Null while there is none.
     HWND Window() const noexcept { return m_window; }
     /// Pixels an inch of the window, of the screen without one.
-    int Dpi() const;
+    virtual int Dpi() const;
 
     WindowHandle Handle() const override;
     Size ClientSize() const override;

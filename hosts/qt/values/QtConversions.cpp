@@ -20,7 +20,6 @@ namespace {
 
 constexpr qint64 kJulianDayZero = 2415019;  // 30 December 1899
 constexpr int kMillisecondsPerDay = 86'400'000;
-constexpr double kUsualPixelsPerInch = 96;
 
 std::int32_t ToHimetric(int pixels) {
     const QScreen* const screen = QGuiApplication::primaryScreen();

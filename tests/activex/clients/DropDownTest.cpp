@@ -1,3 +1,4 @@
+#include "hosts/activex/win32/ScreenDpi.h"
 #include "tests/activex/support/ClientTest.h"
 #include "tests/activex/support/Input.h"
 
@@ -9,19 +10,18 @@ namespace {
 
 using Events = std::vector<std::string>;
 
+BOOL CALLBACK FindCalendar(HWND window, LPARAM found) {
+    wchar_t name[32];
+    GetClassNameW(window, name, 32);
+    if (!IsWindowVisible(window) || wcscmp(name, L"VelmoraDropDownForm") != 0) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
 /// This thread's open calendar.
 HWND OpenCalendar() {
     HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
-            wchar_t name[32];
-            GetClassNameW(window, name, 32);
-            if (!IsWindowVisible(window) || wcscmp(name, L"VelmoraDropDownForm") != 0) return TRUE;
-            *reinterpret_cast<HWND*>(result) = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
+    EnumThreadWindows(GetCurrentThreadId(), FindCalendar, reinterpret_cast<LPARAM>(&found));
     return found;
 }
 
@@ -40,7 +40,9 @@ protected:
         RECT calendar{}, place{};
         GetWindowRect(OpenCalendar(), &calendar);
         GetWindowRect(box.ControlWindow(), &place);
-        EXPECT_EQ(std::pair(calendar.left, calendar.top), std::pair(place.left, place.bottom));
+        const LONG width = MulDiv(250, ScreenDpi(), 96), height = MulDiv(200, ScreenDpi(), 96);
+        const RECT below{place.left, place.bottom, place.left + width, place.bottom + height};
+        EXPECT_TRUE(EqualRect(&calendar, &below)) << calendar.right << ", " << calendar.bottom;
     }
     /// Which keys are its own and not its form's.
     DWORD KeysOfBox() const {
