@@ -9,11 +9,14 @@ readonly kSanitizePackages=(clang libclang-rt-dev)
 readonly kWindowPackages=(xvfb xdotool)
 readonly kLintPackages=(clang-tidy)
 readonly kBenchPackages=(libbenchmark-dev)
-readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32
+readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-{x86-64,i686}-{posix,win32}
     mingw-w64-tools libwine-dev googletest zip)
 # With what Wine loads of the X client libraries when they are there.
-readonly kWinePackages=(wine wine64 fonts-wine libxcomposite1 libxcursor1 libxfixes3 libxi6
-    libxinerama1 libxrandr2 libxrender1)
+readonly kWineLibraries=(fonts-wine libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1
+    libxrandr2 libxrender1)
+readonly kWinePackages=(wine wine64 "${kWineLibraries[@]}")
+# A Debian with a 32-bit Wine, kept for all clones, where the machine cannot have that beside its own.
+readonly kWine32Root=${XDG_CACHE_HOME:-$HOME/.cache}/velmora-calendar/wine32
 readonly kLogs=build/logs
 
 jobs_count() {
@@ -111,21 +114,69 @@ build_preset() {
         fail "the build of $folder failed; the first compiler message above says why"
 }
 
-# Ends what Wine keeps running for the tests' prefix, if anything.
-end_wine() {
-    [[ -d build/wine ]] || return 0
-    WINEPREFIX=$PWD/build/wine wineserver -k 2>/dev/null || true
-    WINEPREFIX=$PWD/build/wine wineserver -w 2>/dev/null || true
+has_wine32_package() { [[ -x /usr/lib/wine/wine ]]; }
+
+# Whether 32-bit programs can be run, as they are here.
+has_wine32() { WINEDEBUG=-all scripts/wine32 wine --version >/dev/null 2>&1; }
+
+# Whether the machine's packages allow a 32-bit Wine beside them, which is asked of lists apart from
+# the machine's: nothing of it is changed.
+wine32_resolves() {
+    local lists=$PWD/build/wine32-lists options resolves=true
+    mkdir -p "$lists/partial"
+    options=(-o "APT::Architectures::=$(dpkg --print-architecture)" -o APT::Architectures::=i386
+        -o "Dir::State::Lists=$lists" -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache=
+        -o APT::Sandbox::User=root)
+    {
+        as_root apt-get "${options[@]}" update &&
+            as_root apt-get "${options[@]}" install -s --no-install-recommends wine32:i386
+    } >>"$kLogs/wine32.log" 2>&1 || resolves=false
+    as_root rm -rf "$lists"
+    $resolves
 }
 
-# Starts Wine without a display, as its tests have none, until the script ends: what it starts first
-# decides for all that follows whether windows can be made. A program in a Wine that already runs
-# starts at once, and leaves no system process behind that keeps its output open.
+# make_wine32_root: from the archive that the machine's own apt reads.
+make_wine32_root() {
+    need_packages debootstrap
+    local codename mirror packages
+    codename=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' \
+        "Codename: $codename" 'Component: main' | head -n 1)
+    printf -v packages '%s,' wine wine32 "${kWineLibraries[@]}"
+    mkdir -p "$(dirname "$kWine32Root")"
+    as_root rm -rf "$kWine32Root"
+    as_root debootstrap --arch=i386 --variant=minbase --include="${packages%,}" \
+        "$codename" "$kWine32Root" "$mirror" >>"$kLogs/wine32.log" 2>&1 || return
+    as_root rm -rf "$kWine32Root"/var/{cache/apt,lib/apt/lists}
+    as_root touch "$kWine32Root/ready"
+}
+
+# Gets a 32-bit Wine, for good, unless there is one: as a package beside the machine's own where those
+# allow it, else with a small Debian of its own, for a gigabyte and five minutes.
+need_wine32() {
+    ! has_wine32 || return 0
+    command -v apt-get >/dev/null || fail "no Debian system: install a Wine for 32-bit programs"
+    mkdir -p "$kLogs"
+    say "getting a 32-bit Wine; $kLogs/wine32.log tells how it goes"
+    if wine32_resolves; then
+        as_root dpkg --add-architecture i386
+        need_packages wine32:i386
+    else
+        make_wine32_root || fail "debootstrap failed; the reason is at the end of $kLogs/wine32.log"
+    fi
+    has_wine32 || fail "the 32-bit Wine does not start: scripts/wine32 wine --version"
+}
+
+# start_wine [--32]: starts Wine without a display, as its tests have none, until the script ends:
+# what it starts first decides for all that follows whether windows can be made. A program in a Wine
+# that already runs starts at once, and leaves no system process behind that keeps its output open.
 start_wine() {
-    scripts/make-wine-prefix build/wine
-    end_wine
-    tail --pid=$$ -f /dev/null | env -u DISPLAY scripts/run-in-wine cmd >"$kLogs/wine.log" 2>&1 &
-    env -u DISPLAY scripts/run-in-wine cmd /c exit >"$kLogs/wine.log" 2>&1  # when it has ended, Wine is up
+    local prefix=$PWD/build/wine${1:+32} server=(${1:+scripts/wine32} wineserver) option
+    scripts/make-wine-prefix "$@" "$prefix"
+    for option in -k -w; do WINEPREFIX=$prefix "${server[@]}" $option 2>/dev/null || true; done
+    tail --pid=$$ -f /dev/null | env -u DISPLAY scripts/run-in-wine "$@" cmd >"$kLogs/wine.log" 2>&1 &
+    # When it has ended, Wine is up.
+    env -u DISPLAY scripts/run-in-wine "$@" cmd /c exit >"$kLogs/wine.log" 2>&1
 }
 
 # check_component BITS: the built component of that bitness, from the outside.

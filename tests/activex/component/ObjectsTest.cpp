@@ -110,7 +110,6 @@ TEST(Data, ComeBackFromAnotherProgramAsTheyWere) {
 TEST(ComVariant, EveryTypeOfAClientBecomesOneOfTheCoreOrIsRefused) {
     static LONG referred = -7;
     const auto objects = std::make_shared<ControlObjects>();
-    const auto bits = [](auto value) { return std::bit_cast<LONGLONG>(value); };
     const struct {
         VARTYPE type;
         LONGLONG value;  // the bits
@@ -133,11 +132,11 @@ TEST(ComVariant, EveryTypeOfAClientBecomesOneOfTheCoreOrIsRefused) {
         {VT_UI8, -1, Variant(), 6},
         {VT_R4, 0x3FC00000, 1.5},
         {VT_CY, 25000, 2.5},
-        {VT_DATE, bits(43905.5), Date(43905.5)},
+        {VT_DATE, std::bit_cast<LONGLONG>(43905.5), Date(43905.5)},
         {VT_BSTR, 0, ""},
         {VT_BOOL, VARIANT_TRUE, true},
         {VT_DISPATCH, 0, ObjectRef()},
-        {VT_BYREF | VT_I4, bits(&referred), -7},
+        {VT_BYREF | VT_I4, reinterpret_cast<LONG_PTR>(&referred), -7},
         {VT_ERROR, DISP_E_PARAMNOTFOUND, Variant()},  // a missing argument
         {VT_ERROR, E_FAIL, Variant(), 13},
         {VT_ARRAY | VT_I4, 0, Variant(), 13},

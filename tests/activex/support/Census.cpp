@@ -9,12 +9,12 @@ namespace velmora::vmhost {
 namespace {
 
 // Wine counts no drawing objects for a process. Their table hangs on the process's environment
-// block: 0x4000 entries of 24 bytes, in use when the word at 14 is not zero (64 bit).
+// block: 0x4000 entries of 24 bytes, in use when the word at 14 is not zero.
 int CountDrawingObjects() {
-    static_assert(sizeof(void*) == 8);
+    constexpr bool is64 = sizeof(void*) == 8;
     const auto* thread = reinterpret_cast<const BYTE*>(NtCurrentTeb());
-    const BYTE* process = *reinterpret_cast<const BYTE* const*>(thread + 0x60);
-    const BYTE* table = *reinterpret_cast<const BYTE* const*>(process + 0xF8);
+    const BYTE* process = *reinterpret_cast<const BYTE* const*>(thread + (is64 ? 0x60 : 0x30));
+    const BYTE* table = *reinterpret_cast<const BYTE* const*>(process + (is64 ? 0xF8 : 0x94));
     int count = 0;
     for (int index = 0; index < 0x4000; ++index) {
         if (*reinterpret_cast<const WORD*>(table + index * 24 + 14)) ++count;
@@ -42,6 +42,10 @@ BOOL CALLBACK CountOne(HWND, LPARAM count) {
     return TRUE;
 }
 
+BOOL CALLBACK CountVisible(HWND window, LPARAM count) {
+    return IsWindowVisible(window) ? CountOne(window, count) : TRUE;
+}
+
 BOOL CALLBACK CountWithChildren(HWND window, LPARAM count) {
     CountOne(window, count);
     EnumChildWindows(window, CountOne, count);
@@ -66,12 +70,7 @@ std::string Census::Text() const {
 
 int VisibleWindows() {
     int count = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM total) {
-            return IsWindowVisible(window) ? CountOne(window, total) : TRUE;
-        },
-        reinterpret_cast<LPARAM>(&count));
+    EnumThreadWindows(GetCurrentThreadId(), CountVisible, reinterpret_cast<LPARAM>(&count));
     return count;
 }
 

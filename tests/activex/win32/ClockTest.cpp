@@ -6,6 +6,11 @@
 namespace velmora::test {
 namespace {
 
+BOOL CALLBACK Send(HWND window, LPARAM message) {
+    SendMessageW(window, static_cast<UINT>(message), 0, 0);
+    return TRUE;
+}
+
 TEST(WinClock, TellsOfTimersAndOfTheSystemsNewsWhatIsToBeSeen) {
     TestCalendar test;
     const HWND window = CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,
@@ -19,11 +24,7 @@ TEST(WinClock, TellsOfTimersAndOfTheSystemsNewsWhatIsToBeSeen) {
             test.Paint();
             test.TakeLog();
             test.now.value += 1;
-            const auto send = [](HWND to, LPARAM what) -> BOOL {
-                SendMessageW(to, static_cast<UINT>(what), 0, 0);
-                return TRUE;
-            };
-            EnumThreadWindows(GetCurrentThreadId(), send, static_cast<LPARAM>(message));
+            EnumThreadWindows(GetCurrentThreadId(), Send, static_cast<LPARAM>(message));
             EXPECT_EQ(Joined(test.TakeLog()), shown == SW_HIDE ? "" : "repaint") << message;
         }
     }
