@@ -31,7 +31,6 @@ void CountHeap(Census& census) {
         while (HeapWalk(heaps[index], &entry)) {
             if (!(entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)) continue;
             ++census.heapBlocks;
-            census.heapBytes += entry.cbData;
         }
         HeapUnlock(heaps[index]);
     }

@@ -8,7 +8,6 @@ namespace velmora::vmhost {
 struct Census {
     int drawingObjects = 0;  // pens, brushes, fonts, bitmaps, surfaces, ...
     int heapBlocks = 0;
-    std::size_t heapBytes = 0;
     int windows = 0;  // of this thread, children included
 
     static Census Take();
