@@ -8,6 +8,8 @@
 
 namespace velmora {
 
+class Variant;
+
 /// The controls of a property page, as its dialog shows them. A disabled one is empty. What the
 /// page sets may come back as an edit: the page knows its own changes.
 class PageControl {
@@ -34,6 +36,13 @@ public:
     virtual std::string Text() const = 0;
     virtual void Text(const std::string& text) = 0;
     virtual void ForeColor(Rgb color) = 0;
+};
+
+/// Shows a value, and lets the user choose another one in a dialog of the host's.
+class PageChoice : public PageControl {
+public:
+    virtual const Variant& Value() const = 0;
+    virtual void Value(const Variant& value) = 0;  // Empty when disabled
 };
 
 /// The dialog around a page.

@@ -52,6 +52,23 @@ constexpr FieldDefinition kDayFields[] = {
     {List, "cboDayCaptionAlignment", "&Caption alignment:", "DayCaptionAlignment", kTextAlignments},
     {List, "cboDayPicAlignment", "&Picture alignment:", "DayPictureAlignment", kPictureAlignments}};
 
+constexpr FieldDefinition kLookFields[] = {
+    {Color, "cmdDayBackColor", "&Day background:", "DayDefaultBackColor"},
+    {Color, "cmdDayForeColor", "Day &text:", "DayDefaultForeColor"},
+    {Color, "cmdOtherForeColor", "&Other months' days:", "DayOtherMonthForeColor"},
+    {Color, "cmdSelectedBackColor", "&Selected background:", "SelectedDayBackColor"},
+    {Color, "cmdSelectedForeColor", "S&elected text:", "SelectedDayForeColor"},
+    {Color, "cmdTodayBackColor", "Tod&ay background:", "TodayBackColor"},
+    {Color, "cmdTodayForeColor", "Today te&xt:", "TodayForeColor"},
+    {Color, "cmdMonthBackColor", "&Month background:", "MonthBackColor"},
+    {Color, "cmdMonthForeColor", "Mo&nth text:", "MonthForeColor"},
+    {Color, "cmdWeekDayBackColor", "&Week day background:", "WeekDayBackColor"},
+    {Color, "cmdWeekDayForeColor", "Wee&k day text:", "WeekDayForeColor"},
+    {Font, "cmdDayFont", "Day &font:", "DayFont"},
+    {Font, "cmdMonthFont", "Mont&h font:", "MonthFont"},
+    {Font, "cmdWeekDayFont", "Week da&y font:", "WeekDayFont"},
+    {Font, "cmdComboFont", "Date &box font:", "ComboFont"}};
+
 }  // namespace
 
 constinit const PageDefinition kGeneralPP{"General", "Appearance, captions, selectors and dates",
@@ -60,5 +77,7 @@ constinit const PageDefinition kDropDownPP{
     "Drop-down", "The enabled state and the size of the drop-down", kDropDownFields};
 constinit const PageDefinition kDayPP{"Days", "The look of the days and the first day of the week",
                                       kDayFields};
+constinit const PageDefinition kLookPP{"Colors and fonts", "The colors and fonts of all parts",
+                                       kLookFields};
 
 }  // namespace velmora

@@ -13,6 +13,8 @@ enum class FieldKind {
     Date,      // date text; red while it is none, not to be left blank
     Number,    // decimal text; red while `IsNumber` finds it is none
     Format,    // a date format; may be blank
+    Color,     // an OLE_COLOR that is chosen
+    Font,      // a font that is chosen
 };
 
 /// One field of a page, in the order of loading, writing and the tab key.
@@ -40,5 +42,7 @@ extern const PageDefinition kGeneralPP;
 extern const PageDefinition kDropDownPP;
 /// How the day cells look, and which day begins the week.
 extern const PageDefinition kDayPP;
+/// All colours and fonts, for hosts whose system has no pages for them.
+extern const PageDefinition kLookPP;
 
 }  // namespace velmora

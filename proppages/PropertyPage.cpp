@@ -85,6 +85,10 @@ void PropertyPage::Show(const FieldDefinition&, PageText& text, const Variant* v
     text.ForeColor(kValidText);
 }
 
+void PropertyPage::Show(const FieldDefinition&, PageChoice& choice, const Variant* value) {
+    choice.Value(value ? *value : Variant());
+}
+
 bool PropertyPage::ApplyChanges() {
     m_complained = false;
     for (std::size_t i = 0; i < m_controls.size(); ++i) m_toWrite[i] = m_loaded[i] && !IsKept(i);
@@ -120,6 +124,10 @@ void PropertyPage::Store(const FieldDefinition& field, const PageList& list) {
 
 void PropertyPage::Store(const FieldDefinition& field, const PageCheckBox& box) {
     Write(field, box.Checked());
+}
+
+void PropertyPage::Store(const FieldDefinition& field, const PageChoice& choice) {
+    Write(field, choice.Value());
 }
 
 /// A text is red until it has been taken.

@@ -16,7 +16,7 @@
 namespace velmora {
 
 /// The control of a field, by its kind.
-using PageControlRef = std::variant<PageList*, PageCheckBox*, PageText*>;
+using PageControlRef = std::variant<PageList*, PageCheckBox*, PageText*, PageChoice*>;
 
 /// The logic of a property page: it edits the first of the selected objects, by the names of its
 /// properties. A property that the object lacks leaves its control empty and disabled, and is not
@@ -53,10 +53,12 @@ private:
     void Show(const FieldDefinition& field, PageList& list, const Variant* value);
     void Show(const FieldDefinition& field, PageCheckBox& box, const Variant* value);
     void Show(const FieldDefinition& field, PageText& text, const Variant* value);
+    void Show(const FieldDefinition& field, PageChoice& choice, const Variant* value);
     std::exception_ptr Store(std::size_t index);
     void Store(const FieldDefinition& field, const PageList& list);
     void Store(const FieldDefinition& field, const PageCheckBox& box);
     void Store(const FieldDefinition& field, PageText& text);
+    void Store(const FieldDefinition& field, const PageChoice& choice);
     bool IsKept(std::size_t index) const;
     void Write(const FieldDefinition& field, const Variant& value);
     /// What is wrong with a text that must not be written; empty for nothing.

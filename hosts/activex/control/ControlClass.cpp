@@ -2,6 +2,7 @@
 
 #include <VelmoraCalendarInterfaces.h>
 #include <olectl.h>
+#include <wrl/client.h>
 
 namespace velmora {
 namespace {
@@ -16,10 +17,13 @@ constexpr CLSID kStockColorPage = {
 constexpr CLSID kStockPicturePage = {
     0x7ebdaae2, 0x8120, 0x11cf, {0x89, 0x9f, 0x00, 0xaa, 0x00, 0x68, 0x8b, 0x10}};
 
-constexpr const CLSID* kCalendarPages[] = {&kGeneralPage, &kDayPage, &kStockColorPage,
-                                           &kStockFontPage, &kStockPicturePage};
-constexpr const CLSID* kDropDownPages[] = {&kGeneralPage,    &kDayPage,       &kDropDownPage,
-                                           &kStockColorPage, &kStockFontPage, &kStockPicturePage};
+constexpr const CLSID* kCalendarPages[] = {&kGeneralPage, &kDayPage};
+constexpr const CLSID* kDropDownPages[] = {&kGeneralPage, &kDayPage, &kDropDownPage};
+
+bool CanBeMade(const CLSID& page) {
+    Microsoft::WRL::ComPtr<IUnknown> made;
+    return SUCCEEDED(CoCreateInstance(page, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made)));
+}
 
 }  // namespace
 
@@ -29,6 +33,20 @@ constexpr CLSID kDayPage = {
     0x310a853e, 0xec9a, 0x42f2, {0x8e, 0xa9, 0x87, 0x7a, 0xf3, 0x76, 0xbc, 0x25}};
 constexpr CLSID kDropDownPage = {
     0x64e752cc, 0x93a9, 0x48b6, {0x81, 0xf7, 0x2b, 0x0a, 0x43, 0xc2, 0x0f, 0x56}};
+constexpr CLSID kLookPage = {
+    0xcbe863aa, 0xa2bb, 0x4379, {0xbe, 0x2d, 0x38, 0xb2, 0xee, 0xe0, 0x9e, 0x63}};
+
+std::vector<CLSID> PagesOf(const ControlClass& controlClass) {
+    std::vector<CLSID> pages;
+    for (const CLSID* const page : controlClass.pages) pages.push_back(*page);
+    if (CanBeMade(kStockColorPage) && CanBeMade(kStockFontPage)) {
+        pages.insert(pages.end(), {kStockColorPage, kStockFontPage});
+    } else {
+        pages.push_back(kLookPage);
+    }
+    if (CanBeMade(kStockPicturePage)) pages.push_back(kStockPicturePage);
+    return pages;
+}
 
 const ControlClass kCalendarClass = {__uuidof(::VmCalendar),
                                      __uuidof(::_VmCalendar),

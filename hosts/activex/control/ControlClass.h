@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <span>
+#include <vector>
 
 namespace velmora {
 
@@ -35,9 +36,15 @@ inline constexpr ControlVerb kControlVerbs[] = {
 extern const ControlClass kCalendarClass;
 extern const ControlClass kDropDownClass;
 
-/// The property pages, `GeneralPP`, `DayPP` and `DropDownPP`.
+/// The property pages, `GeneralPP`, `DayPP`, `DropDownPP` and `LookPP`.
 extern const CLSID kGeneralPage;
 extern const CLSID kDayPage;
 extern const CLSID kDropDownPage;
+extern const CLSID kLookPage;
+
+/// The pages for a control of the class: its own, and the system's for colours, fonts and pictures.
+/// The system may have those for one bitness of programs only, or not at all: `kLookPage` takes the
+/// place of the first two.
+std::vector<CLSID> PagesOf(const ControlClass& controlClass);
 
 }  // namespace velmora

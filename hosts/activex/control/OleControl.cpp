@@ -295,12 +295,14 @@ STDMETHODIMP OleControl::GetGUID(DWORD kind, GUID* guid) {
 STDMETHODIMP OleControl::GetPages(CAUUID* pages) {
     if (!pages) return E_POINTER;
     *pages = {};
-    const auto& known = m_class.pages;
-    auto* const clsids = static_cast<GUID*>(CoTaskMemAlloc(known.size() * sizeof(GUID)));
-    if (!clsids) return E_OUTOFMEMORY;
-    std::ranges::transform(known, clsids, [](const CLSID* page) { return *page; });
-    *pages = {static_cast<ULONG>(known.size()), clsids};
-    return S_OK;
+    return Guard([&] {
+        const std::vector<CLSID> known = PagesOf(m_class);
+        auto* const clsids = static_cast<GUID*>(CoTaskMemAlloc(known.size() * sizeof(GUID)));
+        if (!clsids) return E_OUTOFMEMORY;
+        std::ranges::copy(known, clsids);
+        *pages = {static_cast<ULONG>(known.size()), clsids};
+        return S_OK;
+    });
 }
 
 STDMETHODIMP OleControl::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) {

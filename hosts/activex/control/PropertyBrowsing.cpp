@@ -33,13 +33,15 @@ STDMETHODIMP PropertyBrowsing::MapPropertyToPage(DISPID property, CLSID* page) {
         }
         const std::string name = ToUtf8({text, SysStringLen(text)});
         SysFreeString(text);
+        const std::vector<CLSID> pages = PagesOf(m_class);
         for (const auto& [clsid, definition] : {std::pair(&kGeneralPage, &kGeneralPP),
                                                 {&kDayPage, &kDayPP},
-                                                {&kDropDownPage, &kDropDownPP}}) {
+                                                {&kDropDownPage, &kDropDownPP},
+                                                {&kLookPage, &kLookPP}}) {
             const bool isEdited = std::ranges::any_of(definition->fields, [&](const auto& field) {
                 return field.property == name || field.boxProperty == name;
             });
-            if (!isEdited || std::ranges::count(m_class.pages, clsid) == 0) continue;
+            if (!isEdited || std::ranges::count(pages, *clsid) == 0) continue;
             *page = *clsid;
             return S_OK;
         }

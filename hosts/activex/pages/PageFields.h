@@ -3,8 +3,10 @@
 #include <windows.h>
 #undef MessageBox  // a name of the core's
 
+#include "platform/Variant.h"
 #include "proppages/PageControls.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,6 +70,40 @@ private:
     void Show() override;
 
     bool m_checked = false;
+};
+
+/// A button that opens the system's dialog for the value.
+class WinPageChoice : public PageFieldOf<PageChoice> {
+public:
+    const Variant& Value() const override { return m_value; }
+    void Value(const Variant& value) override;
+    bool TakeUp(WORD notification) override;
+
+protected:
+    void Show() override;
+
+private:
+    virtual std::wstring Text() const = 0;
+    /// What the user has chosen; nothing when the dialog was cancelled.
+    virtual std::optional<Variant> Choose(HWND owner) const = 0;
+
+    Variant m_value;
+};
+
+class WinPageColor final : public WinPageChoice {
+public:
+    void Draw(const DRAWITEMSTRUCT& button) const;
+
+private:
+    COLORREF Color() const;
+    std::wstring Text() const override;
+    std::optional<Variant> Choose(HWND owner) const override;
+};
+
+class WinPageFont final : public WinPageChoice {
+private:
+    std::wstring Text() const override;
+    std::optional<Variant> Choose(HWND owner) const override;
 };
 
 class WinPageText final : public PageFieldOf<PageText> {

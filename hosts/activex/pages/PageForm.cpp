@@ -29,6 +29,8 @@ PageControlRef PageForm::AddField(const FieldDefinition& field) {
     switch (field.kind) {
         case FieldKind::List: return add(std::make_unique<WinPageList>());
         case FieldKind::CheckBox: return add(std::make_unique<WinPageCheckBox>());
+        case FieldKind::Color: return add(std::make_unique<WinPageColor>());
+        case FieldKind::Font: return add(std::make_unique<WinPageFont>());
         default: return add(std::make_unique<WinPageText>());
     }
 }
@@ -110,6 +112,7 @@ INT_PTR PageForm::OnMessage(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
         case WM_COMMAND: OnCommand(LOWORD(w), HIWORD(w)); return TRUE;
         case WM_CTLCOLOREDIT: return ColorOf(reinterpret_cast<HDC>(w), reinterpret_cast<HWND>(l));
+        case WM_DRAWITEM: Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l)); return TRUE;
         case WM_DESTROY:  // with its parent, before the page has been closed
             Detach();
             return FALSE;
@@ -133,6 +136,13 @@ INT_PTR PageForm::ColorOf(HDC context, HWND field) const {
         return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_WINDOW));
     }
     return FALSE;
+}
+
+void PageForm::Draw(const DRAWITEMSTRUCT& button) const {
+    for (const auto& each : m_fields) {
+        const auto* const color = dynamic_cast<const WinPageColor*>(each.get());
+        if (color && color->Window() == button.hwndItem) color->Draw(button);
+    }
 }
 
 void PageForm::Detach() noexcept {

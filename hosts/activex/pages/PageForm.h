@@ -57,6 +57,7 @@ private:
     INT_PTR OnMessage(UINT message, WPARAM w, LPARAM l);
     void OnCommand(WORD id, WORD notification);
     INT_PTR ColorOf(HDC context, HWND field) const;
+    void Draw(const DRAWITEMSTRUCT& button) const;
     void Detach() noexcept;
 
     const PageDefinition& m_definition;

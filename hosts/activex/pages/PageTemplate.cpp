@@ -54,7 +54,10 @@ void PageTemplate::AddRow(FieldKind kind, std::wstring_view label, WORD id) {
     }
     AddItem(SS_LEFT, 0, At(kMargin, static_cast<SHORT>(top + kLabelIndent), kLabelWidth, 9), kNoId,
             kStatic, label);
-    if (kind == FieldKind::List) {
+    if (kind == FieldKind::Color || kind == FieldKind::Font) {
+        AddItem((kind == FieldKind::Color ? BS_OWNERDRAW : BS_LEFT) | WS_TABSTOP, 0,
+                At(left, top, kFieldWidth, kFieldHeight), id, kButton, {});
+    } else if (kind == FieldKind::List) {
         AddItem(CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0,
                 At(left, top, kFieldWidth, kListHeight), id, kComboBox, {});
     } else {

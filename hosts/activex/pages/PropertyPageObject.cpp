@@ -185,6 +185,7 @@ const PageDefinition* DefinitionOf(REFCLSID classId) {
     if (classId == kGeneralPage) return &kGeneralPP;
     if (classId == kDayPage) return &kDayPP;
     if (classId == kDropDownPage) return &kDropDownPP;
+    if (classId == kLookPage) return &kLookPP;
     return nullptr;
 }
 

@@ -25,6 +25,7 @@ const ServerClass kClasses[] = {
     {kGeneralPage, L"Velmora General Property Page", nullptr, CreatePage<kGeneralPage>},
     {kDayPage, L"Velmora Day Property Page", nullptr, CreatePage<kDayPage>},
     {kDropDownPage, L"Velmora Drop-Down Property Page", nullptr, CreatePage<kDropDownPage>},
+    {kLookPage, L"Velmora Color and Font Property Page", nullptr, CreatePage<kLookPage>},
 };
 
 }  // namespace

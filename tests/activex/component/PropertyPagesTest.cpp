@@ -2,6 +2,7 @@
 
 #include "hosts/activex/control/ControlClass.h"
 #include "hosts/activex/win32/WinText.h"
+#include "proppages/PageDefinitions.h"
 #include "tests/activex/component/ComponentTest.h"
 #include "tests/support/PageScript.h"
 
@@ -11,8 +12,8 @@ namespace velmora {
 namespace {
 
 constexpr int kFirstField = 100;  // identifiers of a page's controls, by row
-enum Page : std::size_t { kGeneral, kDropDown, kDay };
-const CLSID* const kPages[] = {&kGeneralPage, &kDropDownPage, &kDayPage};
+enum Page : std::size_t { kGeneral, kDropDown, kDay, kLook };
+const CLSID* const kPages[] = {&kGeneralPage, &kDropDownPage, &kDayPage, &kLookPage};
 
 std::string g_messages;
 
@@ -25,6 +26,17 @@ void CALLBACK CloseMessage(HWND, UINT, UINT_PTR, DWORD) {
     GetWindowTextW(FindWindowExW(box, icon, L"Static", nullptr), text, 200);
     g_messages += (g_messages.empty() ? "" : "|") + ToUtf8(text);
     SendMessageW(box, WM_COMMAND, IDOK, 0);
+}
+
+/// Chooses 0x030201 in the system's dialog for colours, and strikes out in that for fonts.
+void CALLBACK Choose(HWND frame, UINT, UINT_PTR timer, DWORD) {
+    constexpr int kRed = 706, kStrikeOut = 0x410;
+    const HWND dialog = GetLastActivePopup(frame);
+    if (dialog == frame) return;
+    KillTimer(frame, timer);
+    for (const int i : {0, 1, 2}) SetDlgItemInt(dialog, kRed + i, static_cast<UINT>(i + 1), FALSE);
+    SendDlgItemMessageW(dialog, kStrikeOut, BM_CLICK, 0, 0);
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
 }
 
 /// The foreign object as a client has it: members by name, without type information.
@@ -101,7 +113,7 @@ public:
 class WinPages final : public test::PagePlayer {
 public:
     WinPages() {
-        for (std::size_t i = 0; i < 3; ++i) {
+        for (std::size_t i = 0; i < std::size(kPages); ++i) {
             EXPECT_EQ(CreatePropertyPage(*kPages[i], IID_PPV_ARGS(&pages[i])), S_OK);
             EXPECT_EQ(pages[i]->SetPageSite(site.Get()), S_OK);
             Activate(i);
@@ -173,11 +185,13 @@ public:
     }
 
     HWND Field(const std::string& name) const {
-        for (std::size_t i = 0; i < 3; ++i) {
-            const auto& names = test::kPageFields[i];
-            const auto found = std::find(names.begin(), names.end(), name);
-            if (found == names.end()) continue;
-            return GetDlgItem(dialogs[i], kFirstField + static_cast<int>(found - names.begin()));
+        const PageDefinition* const definitions[] = {&kGeneralPP, &kDropDownPP, &kDayPP, &kLookPP};
+        for (std::size_t i = 0; i < std::size(kPages); ++i) {
+            int id = kFirstField;
+            for (const FieldDefinition& field : definitions[i]->fields) {
+                if (field.name == name) return GetDlgItem(dialogs[i], id);
+                ++id;
+            }
         }
         return nullptr;
     }
@@ -191,9 +205,9 @@ public:
 
     HWND frame = CreateWindowExW(0, L"STATIC", L"Frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
                                  500, 500, nullptr, nullptr, nullptr, nullptr);
-    HWND dialogs[3] = {};
+    HWND dialogs[std::size(kPages)] = {};
     ComPtr<FrameSite> site = Adopt(new FrameSite);
-    ComPtr<IPropertyPage2> pages[3];
+    ComPtr<IPropertyPage2> pages[std::size(kPages)];
     ComPtr<IDispatch> object;
 
 private:
@@ -248,6 +262,24 @@ TEST_F(PropertyPages, CallsOutOfOrderAreRefused) {
     EXPECT_EQ(page.Deactivate(), E_UNEXPECTED);
     EXPECT_EQ(page.Show(SW_SHOW), E_UNEXPECTED);
     EXPECT_EQ(page.Activate(nullptr, &place, FALSE), E_INVALIDARG);
+}
+
+TEST_F(PropertyPages, ColorsAndFontsAreChosenInTheSystemsDialogs) {
+    WinPages pages;
+    pages.Select("box");
+    const auto before = vmhost::GetProperty(pages.object.Get(), "ComboFont").result;
+    vmhost::PutProperty(before.Object(), "Name", "Tahoma");
+    for (const char* field : {"cmdTodayBackColor", "cmdComboFont"}) {
+        SetTimer(pages.frame, 1, 10, Choose);
+        SendMessageW(pages.Field(field), BM_CLICK, 0, 0);
+        EXPECT_TRUE(pages.IsChanged());
+        EXPECT_EQ(pages.Apply(), "");
+    }
+    EXPECT_EQ(pages.Shown("cmdTodayBackColor"), "&H030201");
+    EXPECT_EQ(pages.Property("TodayBackColor"), Variant(0x030201));
+    EXPECT_EQ(pages.Property("MonthBackColor"), Variant(0x8000000Fu));
+    const auto font = ToObject<StdFont>(pages.Property("ComboFont"));
+    EXPECT_EQ(std::tuple(font->name, font->strikethrough), std::tuple("Tahoma", true));
 }
 
 /// Frame or object take everything away in the middle of a call.
