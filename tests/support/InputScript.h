@@ -233,15 +233,14 @@ spin Up          -> YearChanged(2035) = (2035-05) {all}
 spin Down        -> YearChanged(2034) = (2034-05)
 type 2030        = [5/2030]
 spin wheel       -> YearChanged(2030) YearChanged(2029) = (2029-05)
-type 2032        = [5/2032]
-spin Up          -> YearChanged(2032) YearChanged(2033) = (2033-05)
-spin Up          -> YearChanged(2034) = (2034-05)
 let DateMin 2020-03-01; let DateMax 2036-02-29
-spin Up          -> YearChanged(2035) = (2035-05)
-spin Up          -> YearChanged(2036) = (2036-05)
+type 2035        = [5/2035]
+spin Up          -> YearChanged(2035) YearChanged(2036) = (2036-05)
 spin Up
+type 2034        = [5/2034]
+spin Up          -> YearChanged(2034) YearChanged(2035) = (2035-05)
 type 2019        = [5/2019]
-year Return      -> YearChanged(2036)
+year Return      -> YearChanged(2035)
 calendar; let MonthYearSelStyle 3
 scroll on        -> MonthChanged(6) = (2024-06) {all}
 scroll page      -> YearChanged(2025) = (2025-06)

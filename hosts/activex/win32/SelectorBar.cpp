@@ -103,12 +103,12 @@ int NativeSelectorBar::Wanted(WORD code) const {
 
 void NativeSelectorBar::OnNotification(UINT, WPARAM w) { Change(Wanted(LOWORD(w))); }
 
+/// Also at a limit: a year that has been typed may lie before it.
 void NativeSelectorBar::Change(int value) {
-    value = Clamped(value);
     if (value == m_value) return;
     m_steps += value - m_value;
-    m_changed = value;
-    Position(m_minimum, m_maximum, value);
+    m_changed = Clamped(value);
+    Position(m_minimum, m_maximum, m_changed);
     if (std::exchange(m_posted, true)) return;
     Input().Post([this, alive = Lifetime::Watch(m_lifetime)](VmCalendar& calendar) {
         if (alive) (calendar.*m_handler)(TakeChange());
