@@ -86,6 +86,9 @@ void* OleControl::FindOle(REFIID iid) {
         return static_cast<IProvideClassInfo2*>(this);
     }
     if (is(__uuidof(IPerPropertyBrowsing))) return static_cast<IPerPropertyBrowsing*>(&m_browsing);
+    if (is(__uuidof(ICategorizeProperties))) {
+        return static_cast<ICategorizeProperties*>(&m_browsing);
+    }
     if (is(__uuidof(ISpecifyPropertyPages))) return static_cast<ISpecifyPropertyPages*>(this);
     if (is(__uuidof(IDataObject))) return static_cast<IDataObject*>(this);
     if (is(kObjectSafetyId)) return static_cast<IObjectSafety*>(this);

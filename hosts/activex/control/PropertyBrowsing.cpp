@@ -1,8 +1,9 @@
 #include "hosts/activex/control/PropertyBrowsing.h"
 
 #include "hosts/activex/com/ComError.h"
-#include "hosts/activex/win32/WinText.h"
+#include "hosts/activex/com/ComVariant.h"
 #include "proppages/PageDefinitions.h"
+#include "proppages/PropertyGroups.h"
 
 #include <oleauto.h>
 #include <olectl.h>
@@ -12,6 +13,19 @@
 namespace velmora {
 
 using Microsoft::WRL::ComPtr;
+
+std::string PropertyBrowsing::NameOf(DISPID property) {
+    ComPtr<IDispatch> control;
+    ComPtr<ITypeInfo> type;
+    BSTR text = nullptr;
+    QueryInterface(IID_PPV_ARGS(&control));
+    if (SUCCEEDED(control->GetTypeInfo(0, 0, &type))) {
+        type->GetDocumentation(property, &text, nullptr, nullptr, nullptr);
+    }
+    std::string name = FromBstr(text);
+    SysFreeString(text);
+    return name;
+}
 
 STDMETHODIMP PropertyBrowsing::GetDisplayString(DISPID, BSTR* text) {
     if (!text) return E_POINTER;
@@ -23,16 +37,8 @@ STDMETHODIMP PropertyBrowsing::MapPropertyToPage(DISPID property, CLSID* page) {
     if (!page) return E_POINTER;
     *page = {};
     return Guard([&]() -> HRESULT {
-        ComPtr<IDispatch> control;
-        ComPtr<ITypeInfo> type;
-        BSTR text = nullptr;
-        QueryInterface(IID_PPV_ARGS(&control));
-        if (FAILED(control->GetTypeInfo(0, 0, &type)) ||
-            FAILED(type->GetDocumentation(property, &text, nullptr, nullptr, nullptr))) {
-            return DISP_E_MEMBERNOTFOUND;
-        }
-        const std::string name = ToUtf8({text, SysStringLen(text)});
-        SysFreeString(text);
+        const std::string name = NameOf(property);
+        if (name.empty()) return DISP_E_MEMBERNOTFOUND;
         const std::vector<CLSID> pages = PagesOf(m_class);
         for (const auto& [clsid, definition] : {std::pair(&kGeneralPage, &kGeneralPP),
                                                 {&kDayPage, &kDayPP},
@@ -47,6 +53,25 @@ STDMETHODIMP PropertyBrowsing::MapPropertyToPage(DISPID property, CLSID* page) {
         }
         return PERPROP_E_NOPAGEAVAILABLE;
     });
+}
+
+/// Numbers above 0 are the control's own groups.
+STDMETHODIMP PropertyBrowsing::MapPropertyToCategory(DISPID property, int* category) {
+    if (!category) return E_POINTER;
+    *category = 0;
+    return Guard([&]() -> HRESULT {
+        const std::string name = NameOf(property);
+        if (name.empty()) return E_FAIL;
+        *category = static_cast<int>(GroupOf(name)) + 1;
+        return S_OK;
+    });
+}
+
+STDMETHODIMP PropertyBrowsing::GetCategoryName(int category, LCID, BSTR* name) {
+    if (!name) return E_POINTER;
+    *name = nullptr;
+    if (category < 1 || category > static_cast<int>(std::size(kPropertyGroups))) return E_FAIL;
+    return Guard([&] { *name = ToBstr(kPropertyGroups[category - 1]); });
 }
 
 }  // namespace velmora

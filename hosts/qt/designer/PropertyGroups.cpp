@@ -1,6 +1,7 @@
 #include "hosts/qt/designer/PropertyGroups.h"
 
 #include "VelmoraCalendar/PropertyPageDialog.h"
+#include "proppages/PropertyGroups.h"
 
 #include <QMetaProperty>
 #include <QWidget>
@@ -13,29 +14,10 @@
 namespace velmora {
 namespace {
 
-/// The first prefix that fits names the group.
-constexpr struct {
-    const char* prefix;
-    const char* group;
-} kGroups[] = {
-    {"date", "Dates"},
-    {"firstDayOfWeek", "Dates"},
-    {"day", "Days"},
-    {"selectedDay", "Days"},
-    {"today", "Days"},
-    {"weekDay", "Week days"},
-    {"showWeekend", "Week days"},
-    {"month", "Month"},
-    {"dropDown", "Drop-down"},
-    {"keepDropDown", "Drop-down"},
-    {"", "General"},
-};
-
-QString GroupOf(QLatin1String property) {
-    for (const auto& each : kGroups) {
-        if (property.startsWith(QLatin1String(each.prefix))) return QLatin1String(each.group);
-    }
-    return {};
+QString GroupNameOf(QLatin1String property) {
+    const std::string_view name =
+        kPropertyGroups[GroupOf({property.data(), std::size_t(property.size())})];
+    return QLatin1String(name.data(), int(name.size()));
 }
 
 void Group(QExtensionManager& manager, QWidget& widget) {
@@ -45,7 +27,7 @@ void Group(QExtensionManager& manager, QWidget& widget) {
     for (int i = QWidget::staticMetaObject.propertyCount(); i < type.propertyCount(); ++i) {
         const QLatin1String name(type.property(i).name());
         if (const int index = sheet->indexOf(name); index >= 0) {
-            sheet->setPropertyGroup(index, GroupOf(name));
+            sheet->setPropertyGroup(index, GroupNameOf(name));
         }
     }
 }

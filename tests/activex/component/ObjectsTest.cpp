@@ -35,6 +35,16 @@ TEST(Controls, NameTheirPages) {
         const DISPID color = 28 + static_cast<DISPID>(i);  // TodayBackColor
         EXPECT_EQ(browsing->MapPropertyToPage(color, &page), S_OK);
         EXPECT_EQ(page, kLookPage);
+        ComPtr<ICategorizeProperties> groups;
+        control.As(&groups);
+        int group = 0;
+        BSTR name = nullptr;
+        EXPECT_EQ(groups->MapPropertyToCategory(color, &group), S_OK);
+        EXPECT_EQ(groups->GetCategoryName(group, 0, &name), S_OK);
+        EXPECT_EQ(FromBstr(name), "Days");
+        SysFreeString(name);
+        EXPECT_EQ(groups->GetCategoryName(7, 0, &name), E_FAIL);
+        EXPECT_EQ(groups->MapPropertyToCategory(30000, &group), E_FAIL);
         EXPECT_EQ(browsing->MapPropertyToPage(-515, &page), PERPROP_E_NOPAGEAVAILABLE);  // hWnd
     }
 }
