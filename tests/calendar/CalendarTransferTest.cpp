@@ -155,11 +155,9 @@ TEST(CalendarTransfer, DecoratesTheDaysOfTheSameDateAlone) {
 }
 
 TEST(CalendarTransfer, DisjointRangesGoThroughInBothDirections) {
-    for (const bool forward : {true, false}) {
+    for (const auto& [target, source] : {std::pair(2000, 1990), {1990, 2000}}) {
         TestCalendar test;
         CProperties holder(test.dates);
-        const int target = forward ? 2000 : 1990;
-        const int source = forward ? 1990 : 2000;
         test.calendar->DateMin(DateOf(Day(target, 1, 1)));
         test.calendar->DateMax(DateOf(Day(target + 5, 12, 31)));
         holder.DateMin(DateOf(Day(source, 1, 1)));
