@@ -6,10 +6,8 @@
 #include <QDataWidgetMapper>
 #include <QFile>
 #include <QHelpEvent>
-#include <QItemEditorFactory>
 #include <QSignalSpy>
 #include <QStandardItemModel>
-#include <QStyledItemDelegate>
 #include <QTest>
 #include <QToolTip>
 #include <QUiLoader>
@@ -59,19 +57,6 @@ private Q_SLOTS:
         box.setDate(second);
         QVERIFY(mapper.submit());
         QCOMPARE(cell.data().toDate(), second);
-
-        QItemEditorFactory editors;
-        editors.registerEditor(QMetaType::QDate,
-                               new QStandardItemEditorCreator<VmCalDropDownWidget>);
-        QStyledItemDelegate delegate;
-        delegate.setItemEditorFactory(&editors);
-        const std::unique_ptr<QWidget> editor(delegate.createEditor(nullptr, {}, cell));
-        delegate.setEditorData(editor.get(), cell);
-        auto* const inCell = qobject_cast<VmCalDropDownWidget*>(editor.get());
-        QCOMPARE(inCell->date(), second);
-        inCell->setDate(first);
-        delegate.setModelData(inCell, &model, cell);
-        QCOMPARE(cell.data().toDate(), first);
     }
 
     void styleSheetsArriveAndTheBorderIsDrawn() {
