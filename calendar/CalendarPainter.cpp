@@ -248,7 +248,8 @@ void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> ex
                 [&](DayNumber day, const Rect& cell) { PaintDayCell(surface, day, cell); });
     if (m_view.state.dayAppearance != VmAppearance3D) return;
     const bool isWhole = exposed.size() == 1 && Contains(exposed[0], m_view.layout.Client());
-    if (isWhole && m_view.layout.cellWidth > 1 && m_view.layout.rowHeight > 1) {
+    const bool hasRoom = m_view.layout.cellWidth > 1 && m_view.layout.rowHeight > 1;
+    if (isWhole && hasRoom) {
         PaintGridEdges(surface);
     } else {
         ForEachCell(exposed, [&](DayNumber, const Rect& cell) {
@@ -256,7 +257,7 @@ void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> ex
         });
     }
     const auto pressed = m_view.chosen ? m_grid.DayCellRect(*m_view.chosen) : std::nullopt;
-    if (pressed) PaintCellEdges(surface, *pressed, m_shadowPen, m_highlightPen);
+    if (pressed && hasRoom) PaintCellEdges(surface, *pressed, m_shadowPen, m_highlightPen);
 }
 
 /// The line that closes the bands is the one above the first week of a flat grid.
