@@ -1,5 +1,6 @@
 #include "calendar/CalendarPainter.h"
 
+#include "calendar/CalendarDescription.h"
 #include "calendar/DayPicture.h"
 #include "platform/Compose.h"
 #include "platform/TextCut.h"
@@ -48,6 +49,12 @@ OLE_COLOR ColorOr(const Variant& own, OLE_COLOR fallback) noexcept {
 }
 
 }  // namespace
+
+const VmDay* DecorationOf(const VmDays& days, const MonthGrid& grid, DayNumber day) noexcept {
+    const int position = DayOfMonth(day);
+    if (!grid.IsShownMonth(day) || position > days.Count()) return nullptr;
+    return days.Items()[static_cast<std::size_t>(position) - 1].get();
+}
 
 std::uint32_t AlignmentToTextFlags(VmTextAlignmentConstants alignment) noexcept {
     if (alignment < VmTextTopLeft || alignment > VmTextBottomRight) return kTextLeft | kTextTop;
@@ -190,9 +197,7 @@ void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
     const CalendarState& state = m_view.state;
     const bool full = state.monthDisplay == VmMonthFullName;
     if (!full && state.monthDisplay != VmMonthAbbrName) return;
-    const DayNumber shown = DayOf(state.shownDate);
-    const std::string text = m_view.dates.Format(DateOf(shown), full ? "mmmm" : "mmm") + ' ' +
-                             std::to_string(YearOf(shown));
+    const std::string text = MonthTitle(m_view, full ? "mmmm" : "mmm");
 
     const OwnedObject font(m_drawing,
                            m_drawing.CreateFontIndirectA(FontToLogFont(*state.monthFont)));
@@ -232,12 +237,10 @@ void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
 }
 
 std::string CalendarPainter::WeekDayCaption(int column) const {
-    const CalendarState& state = m_view.state;
-    const int weekDay = (state.GridFirstDay() % 7 + 7 + column) % 7;  // 0 Saturday, 1 Sunday, ..
-    const Date date = DateOf(weekDay);                                // day 0 is a Saturday
-    if (state.weekDayDisplay == VmWeekDayAbbrName) return m_view.dates.Format(date, "ddd");
-    const std::string name = m_view.dates.Format(date, "dddd");
-    return state.weekDayDisplay == VmWeekDayLetter ? FirstLetter(name) : name;
+    const VmWeekDayDisplayConstants display = m_view.state.weekDayDisplay;
+    const std::string name =
+        WeekDayName(m_view, column, display == VmWeekDayAbbrName ? "ddd" : "dddd");
+    return display == VmWeekDayLetter ? FirstLetter(name) : name;
 }
 
 void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> exposed) {
@@ -310,21 +313,17 @@ void CalendarPainter::ForEachCell(std::span<const Rect> exposed, Paint paint) {
 }
 
 void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const Rect& cell) {
-    const int dayOfMonth = DayOfMonth(day);
-    const VmDay* decoration = nullptr;
-    if (m_grid.IsShownMonth(day) && dayOfMonth <= m_view.days.Count()) {
-        decoration = m_view.days.Items()[static_cast<std::size_t>(dayOfMonth) - 1].get();
-    }
-    const bool pressed = m_view.chosen == day;
+    const VmDay* const decoration = DecorationOf(m_view.days, m_grid, day);
+    const bool selected = m_view.chosen == day || IsSelected(day);
     const bool raised = m_view.state.dayAppearance == VmAppearance3D;
     const Rect inner{cell.left + (raised ? 1 : 0), cell.top + (raised ? 1 : 0), cell.right,
                      cell.bottom};
 
-    const CellColors colors = ColorsOf(day, decoration, pressed || IsSelected(day));
+    const CellColors colors = ColorsOf(day, decoration, selected);
     m_drawing.FillRect(surface, inner, GroundBrush(colors.back));
     if (!raised) PaintGridLines(surface, cell);
 
-    const std::string number = std::to_string(dayOfMonth);
+    const std::string number = std::to_string(DayOfMonth(day));
     if (decoration && decoration->Picture()) {
         PaintPicture(surface, *decoration->Picture(), number, inner);
     }

@@ -19,10 +19,14 @@ struct CalendarView {
     const Dates& dates;
     double pixelsPerInch = 96;
     bool enabled = true;
+    bool focused = false;
     /// The date being chosen with the mouse: it shows pressed, and no date as the selected one.
     std::optional<DayNumber> chosen;
     std::optional<Arrow> pressedArrow;
 };
+
+/// The look that the day itself has; null for the days of neighbouring months.
+const VmDay* DecorationOf(const VmDays& days, const MonthGrid& grid, DayNumber day) noexcept;
 
 /// Text-drawing flags of an alignment 0..8: vertical 0, 4 or 8, horizontal 0, 1 or 2. Any other
 /// value counts as top left.

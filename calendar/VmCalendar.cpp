@@ -112,6 +112,16 @@ std::optional<DayNumber> VmCalendar::DateFromPoint(float x, float y) {
     return GridOf(m_state, Layout()).DateFromPoint(x, y);
 }
 
+CalendarDescription VmCalendar::Describe() {
+    Layout();
+    return DescribeCalendar(View());
+}
+
+std::optional<DayDescription> VmCalendar::Describe(DayNumber day) {
+    Layout();
+    return DescribeDay(View(), day);
+}
+
 CalendarView VmCalendar::View() const {
     return {.state = m_state,
             .layout = m_layout,

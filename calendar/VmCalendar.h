@@ -1,8 +1,8 @@
 #pragma once
 
+#include "calendar/CalendarDescription.h"
 #include "calendar/CalendarEvents.h"
 #include "calendar/CalendarLayout.h"
-#include "calendar/CalendarPainter.h"
 #include "calendar/CalendarProperties.h"
 #include "calendar/CalendarState.h"
 #include "calendar/DateLimits.h"
@@ -233,6 +233,10 @@ public:
     /// The layout of what is on the screen, for hit tests.
     const CalendarLayout& Layout();
     std::optional<DayNumber> DateFromPoint(float x, float y);
+    /// What is on the screen, in words and places.
+    CalendarDescription Describe();
+    /// Nothing for a day that is not to be seen.
+    std::optional<DayDescription> Describe(DayNumber day);
 
     // What a host tells the calendar. Coordinates are pixels of the client area.
 

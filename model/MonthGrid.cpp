@@ -66,6 +66,11 @@ int MonthGrid::ColumnOf(DayNumber day) const noexcept {
     return WeekOffset(WeekDayOf(day), m_shape.gridFirstDay);
 }
 
+int MonthGrid::RowOf(DayNumber day) const noexcept {
+    const std::int64_t fromFirstRow = std::int64_t{day} - m_first + m_firstColumn;
+    return static_cast<int>(FloorDiv(fromFirstRow, 7)) + m_firstRowOffset;  // any day / 7 fits
+}
+
 Rect MonthGrid::ColumnRect(int column) const noexcept {
     const int spare = (std::max(m_shape.clientWidth, 2) - 2) % ColumnCount();
     const std::int64_t width = m_shape.cellWidth;
@@ -75,11 +80,10 @@ Rect MonthGrid::ColumnRect(int column) const noexcept {
 
 std::optional<Rect> MonthGrid::DayCellRect(DayNumber day) const noexcept {
     if (!m_shape.showWeekend && IsWeekend(day)) return std::nullopt;
-    const std::int64_t row =
-        FloorDiv(std::int64_t{day} - m_first + m_firstColumn, 7) + m_firstRowOffset;
+    const int row = RowOf(day);
     if (row < 0 || row >= kGridRows) return std::nullopt;
     const Rect columns = ColumnRect(ColumnOf(day));
-    const Rect rows = RowRect(static_cast<int>(row));
+    const Rect rows = RowRect(row);
     return Rect{columns.left, rows.top, columns.right, rows.bottom};
 }
 

@@ -43,6 +43,8 @@ public:
     int FirstRowOffset() const noexcept { return m_firstRowOffset; }
     /// 0..6; without the weekend Saturday and Sunday are 5 and 6, which are not shown.
     int ColumnOf(DayNumber day) const noexcept;
+    /// 0..5; any other number for a day that has no cell.
+    int RowOf(DayNumber day) const noexcept;
     bool IsShownMonth(DayNumber day) const noexcept { return m_first <= day && day <= m_last; }
 
     /// Nothing when the date has no cell.

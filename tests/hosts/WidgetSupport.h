@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VelmoraCalendar/QtConversions.h"
 #include "VelmoraCalendar/VmCalendarWidget.h"
 #include "calendar/VmCalendar.h"
 
@@ -31,17 +32,10 @@ inline void Prepare(QWidget& widget) {
     QApplication::processEvents();
 }
 
-/// The cell of a shown day of a calendar of that size, to a few pixels.
-inline QRect CellOf(VmCalendar& calendar, QSize size, QDate date) {
-    const int wanted = static_cast<int>(date.toJulianDay() - QDate(1899, 12, 30).toJulianDay());
-    QRect cell;
-    for (int y = 0; y < size.height(); y += 3) {
-        for (int x = 0; x < size.width(); x += 3) {
-            const auto day = calendar.DateFromPoint(static_cast<float>(x), static_cast<float>(y));
-            if (day == wanted) cell |= QRect(x, y, 1, 1);
-        }
-    }
-    return cell;
+/// The cell of a shown day.
+inline QRect CellOf(VmCalendar& calendar, QDate date) {
+    const Rect cell = calendar.Describe(DayOf(ToDate(date))).value().place;
+    return {cell.left, cell.top, cell.Width(), cell.Height()};
 }
 
 /// Of a part of the bar, as it lies in the bar.

@@ -180,13 +180,10 @@ void ForEachEvent(Events& events, Tell tell) {
 
 /// The middle of a day's cell, or a place far away from all when it has none.
 inline Point CenterOf(VmCalendar& calendar, DayNumber day) {
-    CalendarState state;
-    state.shownDate = calendar.ShownDate();
-    state.firstDayOfWeek = calendar.FirstDayOfWeek();
-    state.showWeekend = calendar.ShowWeekend();
-    const auto cell = GridOf(state, calendar.Layout()).DayCellRect(day);
+    const auto cell = calendar.Describe(day);
     if (!cell) return {-1000, -1000};
-    return {(cell->left + cell->right) / 2, (cell->top + cell->bottom) / 2};
+    const auto [left, top, right, bottom] = cell->place;
+    return {(left + right - 1) / 2, (top + bottom - 1) / 2};
 }
 
 /// Every invariant that must hold after any operation; empty when all do.
@@ -253,6 +250,15 @@ public:
         return std::to_string(keyCode);
     }
     std::string BrokenInvariant() {
+        for (const DayDescription& each : calendar->Describe().days) {
+            const auto x = static_cast<float>(each.place.left);
+            const auto y = static_cast<float>(each.place.top);
+            if (each.place.Width() < 1 || each.place.Height() < 1) continue;  // no room
+            if (calendar->DateFromPoint(x, y) != each.day) return "a day is described elsewhere";
+            if (each.isSelected && each.day != DayOf(calendar->SelectedDate())) {
+                return "another day is described as selected";
+            }
+        }
         const std::string broken = BrokenInvariantOf(*calendar);
         return broken.empty() && !drawing.faults.empty() ? drawing.faults.front() : broken;
     }

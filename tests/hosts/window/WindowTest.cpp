@@ -112,7 +112,7 @@ public:
     }
     /// Screen coordinates of a day's cell in May 2024.
     QPoint DayOnScreen(int day) {
-        const QRect cell = CellOf(calendar.calendar(), calendar.size(), QDate(2024, 5, day));
+        const QRect cell = CellOf(calendar.calendar(), QDate(2024, 5, day));
         return calendar.mapToGlobal(cell.center());
     }
 
@@ -261,7 +261,7 @@ public:
     }
     static QPoint DayOnScreen(int day) {
         VmCalendar& calendar = TheForm().Form().Calendar();
-        const QRect cell = CellOf(calendar, TheForm().size(), QDate(2024, 5, day));
+        const QRect cell = CellOf(calendar, QDate(2024, 5, day));
         return TheForm().mapToGlobal(cell.center());
     }
 

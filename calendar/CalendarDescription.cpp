@@ -1,0 +1,54 @@
+#include "calendar/CalendarDescription.h"
+
+#include "calendar/DateLimits.h"
+
+namespace velmora {
+
+std::string MonthTitle(const CalendarView& view, std::string_view month) {
+    const DayNumber shown = DayOf(view.state.shownDate);
+    return view.dates.Format(DateOf(shown), month) + ' ' + std::to_string(YearOf(shown));
+}
+
+std::string WeekDayName(const CalendarView& view, int column, std::string_view form) {
+    const int weekDay = (view.state.GridFirstDay() % 7 + 7 + column) % 7;  // 0 Saturday, 1 Sunday..
+    return view.dates.Format(DateOf(weekDay), form);                       // day 0 is a Saturday
+}
+
+std::optional<DayDescription> DescribeDay(const CalendarView& view, DayNumber day) {
+    const MonthGrid grid = GridOf(view.state, view.layout);
+    const auto cell = grid.DayCellRect(day);
+    if (!cell) return std::nullopt;
+    const VmDay* const decoration = DecorationOf(view.days, grid, day);
+    const bool isOfShownMonth = grid.IsShownMonth(day);
+    const bool isSelected = isOfShownMonth && day == DayOf(view.state.dateValue);
+    return DayDescription{.day = day,
+                          .row = grid.RowOf(day),
+                          .column = grid.ColumnOf(day),
+                          .place = {cell->left, cell->top, cell->right + 1, cell->bottom + 1},
+                          .name = view.dates.Format(DateOf(day), "Long Date"),
+                          .caption = decoration ? decoration->Caption() : std::string(),
+                          .isSelected = isSelected,
+                          .isFocused = isSelected && view.focused,
+                          .isToday = day == view.dates.Today(),
+                          .isOfOtherMonth = !isOfShownMonth,
+                          .isSelectable = IsInLimits(view.state, day)};
+}
+
+CalendarDescription DescribeCalendar(const CalendarView& view) {
+    const MonthGrid grid = GridOf(view.state, view.layout);
+    CalendarDescription description;
+    description.title = MonthTitle(view, "mmmm");
+    description.titlePlace = view.layout.MonthBand();
+    for (int column = 0; view.layout.hasWeekDayRow && column < grid.ColumnCount(); ++column) {
+        const Rect cells = grid.ColumnRect(column);
+        const Rect row = view.layout.WeekDayRow();
+        description.weekDays.push_back({WeekDayName(view, column, "dddd"),
+                                        {cells.left, row.top, cells.right + 1, row.bottom}});
+    }
+    for (DayNumber day = grid.FirstVisible(); day <= grid.LastVisible(); ++day) {
+        if (auto cell = DescribeDay(view, day)) description.days.push_back(*std::move(cell));
+    }
+    return description;
+}
+
+}  // namespace velmora

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "calendar/CalendarPainter.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// One day as the grid shows it.
+struct DayDescription {
+    DayNumber day = 0;
+    int row = 0;          // 0..5
+    int column = 0;       // 0..6, without the weekend 0..4
+    Rect place;           // pixels of the client area, right and bottom exclusive
+    std::string name;     // the date in the locale's long form
+    std::string caption;  // the day's own
+    bool isSelected = false;
+    bool isFocused = false;  // selected, and the calendar has the keyboard focus
+    bool isToday = false;
+    bool isOfOtherMonth = false;
+    bool isSelectable = true;  // within the limits
+};
+
+struct WeekDayDescription {
+    std::string name;  // in full, however the column's caption is shown
+    Rect place;
+};
+
+/// What a calendar shows, for those who do not see it: a host translates it to what its platform
+/// tells screen readers. Made when it is asked for, and kept by nobody.
+struct CalendarDescription {
+    std::string title;  // "March 2026"
+    Rect titlePlace;
+    std::vector<WeekDayDescription> weekDays;  // by columns; none where there is no row of them
+    std::vector<DayDescription> days;          // row by row, all cells
+};
+
+CalendarDescription DescribeCalendar(const CalendarView& view);
+/// Nothing when the day has no cell.
+std::optional<DayDescription> DescribeDay(const CalendarView& view, DayNumber day);
+
+// The words that are painted too.
+
+/// The month as "mmmm" or "mmm", and the year.
+std::string MonthTitle(const CalendarView& view, std::string_view month);
+/// The week day of a column as "dddd" or "ddd".
+std::string WeekDayName(const CalendarView& view, int column, std::string_view form);
+
+}  // namespace velmora
