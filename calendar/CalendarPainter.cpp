@@ -333,6 +333,9 @@ void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const R
         DrawAligned(surface, decoration->Caption(), inner, m_view.state.dayCaptionAlignment);
     }
 }
+    if (selected && m_view.focused && inner.Width() > 0 && inner.Height() > 0) {
+        m_drawing.DrawFocusRect(surface, inner);
+    }
 
 void CalendarPainter::PaintCellEdges(SurfaceHandle surface, const Rect& cell,
                                      const OwnedObject& topLeft, const OwnedObject& bottomRight) {

@@ -129,6 +129,7 @@ CalendarView VmCalendar::View() const {
             .dates = m_platform.dates,
             .pixelsPerInch = m_platform.windowing.PixelsPerInch(),
             .enabled = m_platform.windowing.TakesInput(),
+            .focused = m_focused,
             .chosen = m_press.chosen,
             .pressedArrow = m_press.onArrow ? m_press.arrow : std::nullopt};
 }
@@ -214,7 +215,13 @@ void VmCalendar::OnWindowRecreated() {
     EndPress();
     m_selectors.DropNative();
     m_laidOut = false;
+    m_focused = false;
     RepaintControl();
+}
+
+void VmCalendar::FocusIs(bool here) {
+    if (std::exchange(m_focused, here) == here) return;
+    InvalidateDay(m_press.chosen ? m_press.chosen : DayOf(m_state.dateValue));
 }
 
 void VmCalendar::OnLocaleChanged() {

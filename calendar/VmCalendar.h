@@ -248,6 +248,9 @@ public:
     /// The window has gone or another one has come: the child controls are made anew for it with
     /// the next paint. To be called from outside of any child's own handler.
     void OnWindowRecreated();
+    /// The window itself has the keyboard focus, none of its children; the selected day shows it.
+    void OnGotFocus() { FocusIs(true); }
+    void OnLostFocus() { FocusIs(false); }
     /// The date services speak another language now.
     void OnLocaleChanged();
     /// The clock may show another day: the time of the last answer has passed, clock or time zone
@@ -393,6 +396,7 @@ private:
     void InvalidateDay(std::optional<DayNumber> day);
     void RepaintSelection();
 
+    void FocusIs(bool here);
     Platform m_platform;
     CalendarState m_state;
     DaysRef m_days;
@@ -405,6 +409,7 @@ private:
     bool m_copying = false;   // `SetProps` is at work: one repaint at its end
     Press m_press;
     bool m_cancelled = false;    // Escape in the month list, until a selector is entered again
+    bool m_focused = false;   // the window's
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
     Screen m_onScreen;
     bool m_outdated = false;  // other days since then, or a repaint that was asked for in vain

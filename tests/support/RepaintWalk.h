@@ -83,11 +83,13 @@ private:
         const Size client = m_calendar.Layout().client;
         const auto x = static_cast<float>(Random(-2, client.width + 1));
         const auto y = static_cast<float>(Random(-2, client.height + 1));
-        const int what = Random(0, 3);
+        const int what = Random(0, 5);
         if (what == 0) m_calendar.OnMouseUp(1, 0, x, y);
         if (what == 1) m_calendar.OnCaptureLost();
         if (what == 2) m_calendar.OnMouseMove(1, 0, x, y);
         if (what == 3) m_calendar.OnMouseDown(1, 0, x, y);
+        if (what == 4) m_calendar.OnGotFocus();
+        if (what == 5) m_calendar.OnLostFocus();
         return "mouse " + std::to_string(what);
     }
 

@@ -210,7 +210,7 @@ public:
               {left, bottom - width, right, bottom}});
     }
     void DrawFocusRect(SurfaceHandle surface, const Rect& rect) override {
-        Draw({"focus", surface, rect});
+        Draw({"focus", surface, rect}, {{rect.left, rect.top, rect.right, rect.top + 1}});
     }
     SurfaceHandle CreateCompatibleDC(SurfaceHandle) override {
         if (++creations == failAt) return SurfaceHandle::None;

@@ -91,12 +91,8 @@ bool DispatchInput(Control& control, HWND window, UINT message, WPARAM w, LPARAM
             if (reinterpret_cast<HWND>(l) == window) return true;
             if constexpr (requires { control.OnCaptureLost(); }) control.OnCaptureLost();
             return true;
-        case WM_SETFOCUS:
-            if constexpr (requires { control.OnGotFocus(); }) control.OnGotFocus();
-            return true;
-        case WM_KILLFOCUS:
-            if constexpr (requires { control.OnLostFocus(); }) control.OnLostFocus();
-            return true;
+        case WM_SETFOCUS: control.OnGotFocus(); return true;
+        case WM_KILLFOCUS: control.OnLostFocus(); return true;
         default: return false;
     }
     // The default processing of a right button's release asks for a context menu.

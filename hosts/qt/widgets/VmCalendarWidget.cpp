@@ -106,6 +106,13 @@ bool VmCalendarWidget::event(QEvent* event) {
         case QEvent::ToolTip:
             if (Own().ShowToolTip(static_cast<QHelpEvent&>(*event))) return true;
             break;
+        case QEvent::FocusIn:
+            if (!m_host) break;  // a selector that ends with it has left it the focus
+            calendar().OnGotFocus();
+            break;
+        case QEvent::FocusOut:
+            if (m_host) calendar().OnLostFocus();
+            break;
         default: break;
     }
     return QWidget::event(event);
