@@ -1,6 +1,7 @@
 #include "calendar/CalendarPainter.h"
 
 #include "calendar/CalendarDescription.h"
+#include "calendar/Contrast.h"
 #include "calendar/DayPicture.h"
 #include "platform/Compose.h"
 #include "platform/TextCut.h"
@@ -332,10 +333,10 @@ void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const R
     if (decoration && !decoration->Caption().empty()) {
         DrawAligned(surface, decoration->Caption(), inner, m_view.state.dayCaptionAlignment);
     }
-}
     if (selected && m_view.focused && inner.Width() > 0 && inner.Height() > 0) {
         m_drawing.DrawFocusRect(surface, inner);
     }
+}
 
 void CalendarPainter::PaintCellEdges(SurfaceHandle surface, const Rect& cell,
                                      const OwnedObject& topLeft, const OwnedObject& bottomRight) {
@@ -394,12 +395,27 @@ CalendarPainter::CellColors CalendarPainter::ColorsOf(DayNumber day, const VmDay
                                                       bool selected) const {
     const CalendarState& state = m_view.state;
     const VmDays& days = m_view.days;
-    if (selected) return {state.selectedDayForeColor, state.selectedDayBackColor};
-    if (day == m_today) return {state.todayForeColor, state.todayBackColor};
+    if (selected) {
+        return ReadableColors(&CalendarState::selectedDayForeColor, state.selectedDayBackColor);
+    }
+    if (day == m_today) return ReadableColors(&CalendarState::todayForeColor, state.todayBackColor);
     if (!m_grid.IsShownMonth(day)) return {days.OtherMonthForeColor(), days.DefaultBackColor()};
     if (!decoration) return {days.DefaultForeColor(), days.DefaultBackColor()};
     return {ColorOr(decoration->ForeColor(), days.DefaultForeColor()),
             ColorOr(decoration->BackColor(), days.DefaultBackColor())};
+}
+
+/// A text colour that nobody has chosen gives way on a ground, or in a desktop's colours, where it
+/// could not be read.
+CalendarPainter::CellColors CalendarPainter::ReadableColors(OLE_COLOR CalendarState::*fore,
+                                                            OLE_COLOR back) const {
+    static const CalendarState defaults;
+    const OLE_COLOR text = m_view.state.*fore;
+    const Rgb ground = ResolveColor(m_drawing, back);
+    if (text != defaults.*fore || IsReadable(ResolveColor(m_drawing, text), ground)) {
+        return {text, back};
+    }
+    return {ReadableOn(ground), back};
 }
 
 ObjectHandle CalendarPainter::GroundBrush(OLE_COLOR color) {

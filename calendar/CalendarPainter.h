@@ -78,6 +78,7 @@ private:
 
     Zone ZoneOf(std::span<const Rect> exposed) const noexcept;
     CellColors ColorsOf(DayNumber day, const VmDay* decoration, bool selected) const;
+    CellColors ReadableColors(OLE_COLOR CalendarState::*fore, OLE_COLOR back) const;
     bool IsSelected(DayNumber day) const noexcept;
     ObjectHandle GroundBrush(OLE_COLOR color);
     void UseTextColor(SurfaceHandle surface, OLE_COLOR color);

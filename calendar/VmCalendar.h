@@ -409,7 +409,7 @@ private:
     bool m_copying = false;   // `SetProps` is at work: one repaint at its end
     Press m_press;
     bool m_cancelled = false;    // Escape in the month list, until a selector is entered again
-    bool m_focused = false;   // the window's
+    bool m_focused = false;      // the window's
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
     Screen m_onScreen;
     bool m_outdated = false;  // other days since then, or a repaint that was asked for in vain

@@ -44,7 +44,10 @@ public:
     };
 
     static constexpr SurfaceHandle kWindowSurface{1};
-    static constexpr Rgb SystemRgb(int index) { return 0x010000u + static_cast<Rgb>(index); }
+    /// Neighbours read well on each other.
+    static constexpr Rgb SystemRgb(int index) {
+        return (index % 2 == 0 ? 0x010000u : 0xFEFE00u) + static_cast<Rgb>(index);
+    }
 
     std::vector<Call> calls;
     bool notesCalls = true;
@@ -315,9 +318,10 @@ private:
         out << (call.surface == kWindowSurface ? "window " : "") << call.name << ' '
             << call.rect.left << ',' << call.rect.top << ' ' << call.rect.right << ','
             << call.rect.bottom;
-        const Rgb system = call.color - SystemRgb(0);
+        const auto index = static_cast<int>(call.color & 0xFF);
         if (call.name == "fill" || call.name == "line" || call.name == "text") {
-            system < 100 ? out << " sys" << system : out << ' ' << std::hex << call.color;
+            call.color == SystemRgb(index) ? out << " sys" << index
+                                           : out << ' ' << std::hex << call.color;
         }
         if (call.flags != 0) out << " 0x" << std::hex << call.flags;
         if (!call.text.empty()) out << " \"" << call.text << '"';

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Values.h"
+
+namespace velmora {
+
+/// Whether text of the first colour can be read on the second: 3 to 1, by the contrast ratio of the
+/// W3C's Web Content Accessibility Guidelines.
+bool IsReadable(Rgb text, Rgb ground) noexcept;
+
+/// Black or white, whichever reads better on that ground.
+Rgb ReadableOn(Rgb ground) noexcept;
+
+}  // namespace velmora
