@@ -135,17 +135,23 @@ void VmCalendar::Release(const Press& press, float x, float y) {
         if (ArrowAt(x, y) == press.arrow) StepByArrow(*press.arrow);
         return;
     }
-    const auto day = SelectableAt(x, y);
-    if (!day) return;
-    if (*day != DayOf(m_state.dateValue)) {
-        if (RequestUserDate(*day)) SelectDate(DateOf(*day));
+    if (const auto day = SelectableAt(x, y)) Pick(*day);
+}
+
+void VmCalendar::OnDayPicked(DayNumber day) {
+    if (m_platform.windowing.TakesInput() && IsSelectable(day)) Pick(day);
+}
+
+void VmCalendar::Pick(DayNumber day) {
+    if (day != DayOf(m_state.dateValue)) {
+        if (RequestUserDate(day)) SelectDate(DateOf(day));
         return;
     }
     m_state.dateChosen = true;
     const Lifetime::Watch alive(m_lifetime);
     const unsigned change = m_dateChanges;
     if (m_state.alwaysDateChanged) {
-        auto sameDay = static_cast<std::int16_t>(DayOfMonth(*day));
+        auto sameDay = static_cast<std::int16_t>(DayOfMonth(day));
         m_events.DayChanged.Raise(sameDay);
     }
     if (alive && change == m_dateChanges) ShowSelection();

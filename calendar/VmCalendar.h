@@ -280,6 +280,9 @@ public:
     void OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y);
     /// The window lost the mouse capture: nothing is chosen any more.
     void OnCaptureLost();
+    /// The user has picked that day by other means than the mouse, as by a screen reader: does what
+    /// a click on it does, without the events of the mouse.
+    void OnDayPicked(DayNumber day);
     /// Asks the container before the user's input selects that day. False: it may not, or a handler
     /// has moved the date or ended the control.
     bool RequestUserDate(DayNumber day);
@@ -368,6 +371,7 @@ private:
     void Choose(std::optional<DayNumber> day);
     Press EndPress();
     void Release(const Press& press, float x, float y);
+    void Pick(DayNumber day);
     void StepByArrow(Arrow arrow);
     void InvalidateArrow(Arrow arrow);
 
@@ -392,11 +396,11 @@ private:
     bool IsScreenStale();
     void AnnounceMonth();
     CalendarView View() const;
+    void FocusIs(bool here);
     void Invalidate(const Rect& rect);
     void InvalidateDay(std::optional<DayNumber> day);
     void RepaintSelection();
 
-    void FocusIs(bool here);
     Platform m_platform;
     CalendarState m_state;
     DaysRef m_days;
@@ -405,11 +409,11 @@ private:
     Selectors m_selectors;
     CalendarLayout m_layout;
     bool m_laidOut = false;
+    bool m_focused = false;   // the window's
     bool m_dragging = false;  // a drag from here is under way
     bool m_copying = false;   // `SetProps` is at work: one repaint at its end
     Press m_press;
     bool m_cancelled = false;    // Escape in the month list, until a selector is entered again
-    bool m_focused = false;      // the window's
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
     Screen m_onScreen;
     bool m_outdated = false;  // other days since then, or a repaint that was asked for in vain

@@ -1,8 +1,11 @@
 #include "hosts/qt/widgets/DateWidgetHost.h"
 
+#include "hosts/qt/access/DateWidgetAccess.h"
+#include "hosts/qt/access/YearAccess.h"
 #include "hosts/qt/values/QtLocale.h"
 #include "hosts/qt/values/QtNames.h"
 #include "hosts/qt/windows/QtInput.h"
+#include "hosts/qt/windows/QtSelectors.h"
 
 #include <QMetaProperty>
 #include <QMouseEvent>
@@ -22,7 +25,28 @@ VmDateWidget::Host::Host(VmDateWidget& widget, QtWindowing& windowing, AnyContro
       m_windowing(windowing),
       m_control(control),
       m_drops(control, m_dates),
-      m_dates(DateLocaleOf(widget.locale()), LocalNow) {}
+      m_dates(DateLocaleOf(widget.locale()), LocalNow) {
+    QAccessible::installFactory(&AccessOf);  // the first time
+}
+
+/// Neither widgets that are on their way nor the spinner are known by the name of their class.
+QAccessibleInterface* VmDateWidget::Host::AccessOf(const QString&, QObject* object) {
+    if (auto* const bar = dynamic_cast<YearBar*>(object)) return new YearAccess(*bar);
+    auto* const widget = dynamic_cast<VmDateWidget*>(object);
+    return widget && widget->m_host ? widget->m_host->NewAccess() : nullptr;
+}
+
+void VmDateWidget::Host::TellReaders() {
+    if (!QAccessible::isActive()) return;
+    QMetaObject::invokeMethod(
+        &m_widget,
+        [this] {
+            auto* const access =
+                dynamic_cast<DateWidgetAccess*>(QAccessible::queryAccessibleInterface(&m_widget));
+            if (access) access->TellNews();
+        },
+        Qt::QueuedConnection);
+}
 
 void VmDateWidget::Host::Begin() {
     With([this](auto& control) {
@@ -44,6 +68,8 @@ void VmDateWidget::Host::EmitEvents(Events& events) {
         [this, to](Short& month) { EmitSafely([to, month] { emit to->monthChanged(month); }); });
     events.YearChanged.Connect(
         [this, to](Short& year) { EmitSafely([to, year] { emit to->yearChanged(year); }); });
+    events.MonthChanged.Connect([this](Short&) { TellReaders(); });
+    events.YearChanged.Connect([this](Short&) { TellReaders(); });
     relay(events.DayChanged, &Widget::dayChanged);
     events.KeyDown.Connect([to](Short& keyCode, Short& shift) {
         VmKeyArguments key(keyCode, shift);
@@ -108,6 +134,7 @@ void VmDateWidget::Host::EmitSafely(const std::function<void()>& signal) {
 }
 
 void VmDateWidget::Host::PropertyChanged(std::string_view key) {
+    TellReaders();
     const QPointer<VmDateWidget> widget(&m_widget);
     const QByteArray name = QtNameOf(NameOfKey(BoxOrder(), key));
     if (key == kDateValue.name) {

@@ -17,6 +17,7 @@
 #include <type_traits>
 #include <variant>
 
+class QAccessibleInterface;
 class QMouseEvent;
 
 namespace velmora {
@@ -47,6 +48,9 @@ public:
     /// Palette, style or font; with them the properties that follow them.
     virtual void LookChanged();
     QtDropTarget& Drops() noexcept { return m_drops; }
+    /// Something that screen readers are told may have changed. They hear of it when what is under
+    /// way is over; without one it costs nothing.
+    void TellReaders();
 
     /// Does with the control what both kinds can do.
     template <class Action>
@@ -108,6 +112,8 @@ public:
     }
 
 protected:
+    /// The control as screen readers see it, for Qt to keep.
+    virtual QAccessibleInterface* NewAccess() = 0;
     /// To be called when the control has been made.
     void Begin();
     virtual void EmitDateValue() = 0;
@@ -135,6 +141,7 @@ protected:
     bool m_emitsLater = false;  // in the middle of what a slot must not delete the widget in
 
 private:
+    static QAccessibleInterface* AccessOf(const QString&, QObject* object);
     template <class Events>
     void EmitEvents(Events& events);
 

@@ -1,5 +1,6 @@
 #include "hosts/qt/widgets/VmCalDropDownHost.h"
 
+#include "hosts/qt/access/BoxAccess.h"
 #include "platform/FlagScope.h"
 
 #include <QApplication>
@@ -27,18 +28,24 @@ VmCalDropDownWidget::Host::Host(VmCalDropDownWidget& widget)
     Begin();
     dropDown.ComboFont(nullptr);
     dropDown.Events().CloseUp.Connect([this] {
+        TellReaders();
         EmitSafely([to = &m_widget] {
             const QPointer<VmCalDropDownWidget> alive(to);
             emit to->dropDownStateChanged();
             if (alive) emit to->closeUp();
         });
     });
-    dropDown.Events().DropDown.Connect([to = &m_widget](bool& cancel) {
+    dropDown.Events().DropDown.Connect([this, to = &m_widget](bool& cancel) {
+        TellReaders();
         const QPointer<VmCalDropDownWidget> alive(to);
         VmDropDownArguments opening(cancel);
         emit to->dropDown(&opening);
         if (alive) emit to->dropDownStateChanged();
     });
+}
+
+QAccessibleInterface* VmCalDropDownWidget::Host::NewAccess() {
+    return new BoxAccess(m_widget, dropDown, m_lifetime);
 }
 
 void VmCalDropDownWidget::Host::Paint(QPainter& painter) {

@@ -52,6 +52,7 @@ public:
     void FocusLost();
 
 private:
+    QAccessibleInterface* NewAccess() override;
     void EmitDateValue() override { emit m_widget.dateValueChanged(m_widget.dateValue()); }
 
     VmCalDropDownWidget& m_widget;
@@ -60,6 +61,9 @@ private:
 
 public:
     VmCalDropDown dropDown;  // ends before what it stands on
+
+private:
+    Lifetime m_lifetime;  // ends first
 };
 
 }  // namespace velmora

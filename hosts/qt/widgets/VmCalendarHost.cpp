@@ -1,5 +1,6 @@
 #include "hosts/qt/widgets/VmCalendarHost.h"
 
+#include "hosts/qt/access/CalendarAccess.h"
 #include "platform/FlagScope.h"
 
 #include <QHelpEvent>
@@ -38,6 +39,10 @@ bool VmCalendarWidget::Host::ShowToolTip(const QHelpEvent& event) {
                      QPoint(edge({1, 0}).x(), edge({0, 1}).y()));
     QToolTip::showText(event.globalPos(), text, &m_widget, cell);
     return true;
+}
+
+QAccessibleInterface* VmCalendarWidget::Host::NewAccess() {
+    return new CalendarAccess(m_widget, calendar, m_lifetime);
 }
 
 bool VmCalendarWidget::Host::Paint(QPainter& painter, const QRegion& exposed) {

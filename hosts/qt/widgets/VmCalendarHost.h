@@ -28,6 +28,7 @@ public:
     bool TakeSelectorInput() override { return m_input.Deliver(calendar); }
 
 private:
+    QAccessibleInterface* NewAccess() override;
     void EmitDateValue() override { emit m_widget.dateValueChanged(m_widget.dateValue()); }
     void WindowChanged() override { calendar.OnWindowChanged(); }
 
@@ -41,6 +42,7 @@ public:
 
 private:
     QtClock m_clock;
+    Lifetime m_lifetime;  // ends first
 };
 
 }  // namespace velmora

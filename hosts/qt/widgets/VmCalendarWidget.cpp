@@ -109,6 +109,7 @@ bool VmCalendarWidget::event(QEvent* event) {
         case QEvent::FocusIn:
             if (!m_host) break;  // a selector that ends with it has left it the focus
             calendar().OnGotFocus();
+            m_host->TellReaders();
             break;
         case QEvent::FocusOut:
             if (m_host) calendar().OnLostFocus();

@@ -1,6 +1,7 @@
 #include "hosts/qt/windows/QtChildren.h"
 
 #include "VelmoraCalendar/QtConversions.h"
+#include "VelmoraCalendar/VmDateWidget.h"
 #include "hosts/qt/drawing/QtDrawing.h"
 #include "hosts/qt/windows/QtSelectors.h"
 
@@ -15,8 +16,9 @@ namespace {
 template <class Interface, class Widget>
 class QtChild : public Interface {
 public:
-    explicit QtChild(Widget* widget) : m_widget(widget) {
+    QtChild(Widget* widget, const QString& accessibleName) : m_widget(widget) {
         widget->hide();
+        widget->setAccessibleName(accessibleName);
         // What happens on a child is no mouse event of the calendar.
         widget->setAttribute(Qt::WA_NoMousePropagation);
     }
@@ -109,7 +111,8 @@ public:
 
 class YearSpinner final : public QtScroll {
 public:
-    YearSpinner(SelectorBar* widget, QWidget& parent) : QtScroll(widget), m_parent(parent) {}
+    YearSpinner(SelectorBar* widget, QWidget& parent)
+        : QtScroll(widget, VmDateWidget::tr("Year")), m_parent(parent) {}
 
 protected:
     QSize NaturalSize(const SelectorBar&) const override {
@@ -125,11 +128,11 @@ private:
 }  // namespace
 
 std::unique_ptr<ComboBox> MakeMonthList(QWidget& parent, SelectorInput& input) {
-    return std::make_unique<MonthList>(new MonthListBox(parent, input));
+    return std::make_unique<MonthList>(new MonthListBox(parent, input), VmDateWidget::tr("Month"));
 }
 
 std::unique_ptr<TextBox> MakeYearText(QWidget& parent, SelectorInput& input) {
-    return std::make_unique<YearText>(new YearBox(parent, input));
+    return std::make_unique<YearText>(new YearBox(parent, input), VmDateWidget::tr("Year"));
 }
 
 std::unique_ptr<ScrollBar> MakeYearSpinner(QWidget& parent, SelectorInput& input) {
@@ -139,7 +142,7 @@ std::unique_ptr<ScrollBar> MakeYearSpinner(QWidget& parent, SelectorInput& input
 std::unique_ptr<ScrollBar> MakeDateScroll(QWidget& parent, SelectorInput& input) {
     auto* const bar = new SelectorBar(Qt::Horizontal, parent, input, &VmCalendar::OnDateScroll);
     bar->setPageStep(12);  // months
-    return std::make_unique<QtScroll>(bar);
+    return std::make_unique<QtScroll>(bar, VmDateWidget::tr("Month"));
 }
 
 }  // namespace velmora
