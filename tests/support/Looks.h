@@ -106,6 +106,10 @@ inline std::vector<Look> Looks() {
              test.calendar->OnDateScroll(MonthIndex(Day(2020, 4, 1)));
              test.now = DateOf(Day(2020, 5, 2), 0.5);
          }},
+        {"focused",
+         kUsual,
+         {{"SelectedDayBackColor", 0xC0FFFF}, {"TodayBackColor", 0x400000}},
+         [](TestCalendar& test) { test.calendar->OnGotFocus(); }},
         {"caption_beside_the_list", {340, 202}, {{"MonthYearSelStyle", combo}}},
         {"no_room_beside_the_list", {222, 162}, {{"MonthYearSelStyle", combo}}},
         {"narrow", {66, 72}, {{"MonthYearSelStyle", arrows}, {"WeekDayDisplay", fullName}}},
