@@ -37,7 +37,7 @@ public:
     std::string refused;         // the call of this name fails
     std::string interferesWith;  // when it is called, once:
     std::function<void()> interference;
-    std::map<DISPID, OwnedVariant> ambients;   // those that it knows
+    std::map<DISPID, vmhost::Value> ambients;  // those that it knows
     std::map<std::wstring, short> scaleModes;  // of the `Container` and `Parent` of its controls
 
     STDMETHODIMP SaveObject() override { return Note("SaveObject"); }
@@ -132,15 +132,7 @@ public:
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO*, UINT*) override {
         if (flags & DISPATCH_METHOD) {
-            std::string text;
-            for (UINT i = arguments->cArgs; i-- > 0;) {
-                OwnedVariant value;
-                VariantCopyInd(&value, &arguments->rgvarg[i]);
-                if (V_VT(&value) == VT_DATE) V_VT(&value) = VT_R8;  // a number in every language
-                VariantChangeType(&value, &value, VARIANT_NOVALUEPROP, VT_BSTR);
-                text += (text.empty() ? "" : ",") + FromBstr(V_BSTR(&value));
-            }
-            return Note("Event" + std::to_string(id) + "(" + text + ")");
+            return Note(vmhost::Event("Event" + std::to_string(id), *arguments).Text());
         }
         if (id == L'S') {
             V_VT(result) = VT_I2;
@@ -151,8 +143,7 @@ public:
             AddRef();
         } else {
             const auto found = ambients.find(id);
-            return found == ambients.end() ? DISP_E_MEMBERNOTFOUND
-                                           : VariantCopy(result, &found->second);
+            return found == ambients.end() ? DISP_E_MEMBERNOTFOUND : found->second.CopyTo(*result);
         }
         return S_OK;
     }
@@ -226,10 +217,7 @@ protected:
     HRESULT Do(LONG verb) { return object->DoVerb(verb, nullptr, nullptr, 0, nullptr, nullptr); }
     /// Turns the page, which raises MonthChanged and YearChanged.
     HRESULT SetDate(DATE date) {
-        VARIANT value;
-        V_VT(&value) = VT_DATE;
-        V_DATE(&value) = date;
-        return As<::_VmCalendar>()->put_DateValue(value);
+        return As<::_VmCalendar>()->put_DateValue(vmhost::Value::Date(date).Get());
     }
     /// Site given, so that it can be activated.
     void Place() { object->SetClientSite(container.Get()); }
@@ -269,15 +257,10 @@ protected:
     HRESULT Change(::VmMonthDisplayConstants display) {
         return As<::_VmCalendar>()->put_MonthDisplay(display);
     }
-    ::VmMonthDisplayConstants Display() const {
-        ::VmMonthDisplayConstants display{};
-        As<::_VmCalendar>()->get_MonthDisplay(&display);
-        return display;
-    }
+    long Display() const { return GetProperty(object.Get(), "MonthDisplay").result.Number(); }
     HRESULT AmbientChanged(DISPID id) { return As<IOleControl>()->OnAmbientPropertyChange(id); }
     HWND MonthList() const {
-        long window = 0;
-        As<::_VmCalendar>()->get_cboMonthhwnd(&window);
+        const long window = GetProperty(object.Get(), "cboMonthhwnd").result.Number();
         return static_cast<HWND>(LongToHandle(window));
     }
 
