@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QFile>
 #include <QMetaMethod>
+#include <QScrollBar>
 
 #include <malloc.h>
 #include <sstream>
@@ -161,18 +162,14 @@ protected:
         auto* const list = m_widget->findChild<QComboBox*>();
         const QPointer<QLineEdit> year = m_widget->findChild<QLineEdit*>();
         if (verb == "focus") return (what == "grid" ? m_widget.data() : m_window.get())->setFocus();
-        if (verb == "spin" || verb == "scroll") {
-            return Click(what == "Up" || what == "back" ? QStyle::SC_ScrollBarSubLine
-                                                        : QStyle::SC_ScrollBarAddLine,
-                         what);
-        }
+        if (verb == "spin" || verb == "scroll") return UseBar(what);
         if (!list || !year) return;
         if (verb == "list") return UseList(*list, what);
         year->setFocus();
         if (verb == "year") return Strike(year.data(), what);
         year->selectAll();
         for (const QChar letter : QString::fromStdString(what)) {
-            SendKey(year, QEvent::KeyPress, letter.toUpper().unicode(), {}, letter);
+            SendKey(year, letter.toUpper().unicode(), letter);
         }
     }
     static int KeyOf(const std::string& name) {
@@ -181,8 +178,8 @@ protected:
                                     : QKeySequence(QString::fromStdString(name))[0].key();
     }
     static void Strike(QPointer<QWidget> widget, const std::string& name) {
-        SendKey(widget, QEvent::KeyPress, KeyOf(name));
-        if (widget) SendKey(widget, QEvent::KeyRelease, KeyOf(name));
+        SendKey(widget, KeyOf(name));
+        if (widget) SendKey(widget, KeyOf(name), {}, QEvent::KeyRelease);
     }
     static void UseList(QComboBox& list, const std::string& what) {
         QWidget* const view = list.findChild<QAbstractItemView*>();
@@ -192,8 +189,8 @@ protected:
         } else if (what == "wheel") {
             Notch(list);
         } else if (view && view->isVisible()) {
-            SendKey(view, QEvent::KeyPress, KeyOf(what));
-            SendKey(&list, QEvent::KeyRelease, KeyOf(what));
+            SendKey(view, KeyOf(what));
+            SendKey(&list, KeyOf(what), {}, QEvent::KeyRelease);
         } else {
             list.setFocus();
             Strike(&list, what);
@@ -206,12 +203,14 @@ protected:
                           false);
         QApplication::sendEvent(&widget, &event);
     }
-    void Click(QStyle::SubControl part, const std::string& what) {
+    void UseBar(const std::string& what) {
+        const bool isFirst = what == "Up" || what == "back";  // of its two arrows
         for (auto* const bar : m_widget->findChildren<QScrollBar*>()) {
             if (!bar->isVisible()) continue;
             if (what == "wheel") return Notch(*bar);
             if (what == "page") return bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
-            return velmora::Click(bar, CenterOf(*bar, part));
+            const QRect inside = bar->rect().adjusted(3, 3, -3, -3);
+            return Click(bar, isFirst ? inside.topLeft() : inside.bottomRight());
         }
     }
 

@@ -10,8 +10,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QScrollBar>
-#include <QStyleOptionSlider>
 
 #include <string>
 #include <vector>
@@ -38,20 +36,12 @@ inline QRect CellOf(VmCalendar& calendar, QDate date) {
     return {cell.left, cell.top, cell.Width(), cell.Height()};
 }
 
-/// Of a part of the bar, as it lies in the bar.
-inline QPoint CenterOf(const QScrollBar& bar, QStyle::SubControl part) {
-    struct Bar : QScrollBar {
-        using QScrollBar::initStyleOption;
-    };
-    QStyleOptionSlider option;
-    (bar.*&Bar::initStyleOption)(&option);
-    return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &bar).center();
-}
-
-inline void SendKey(QWidget* widget, QEvent::Type type, int key,
-                    Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
-    QKeyEvent event(type, key, modifiers, text);
+/// Whether the widget has used it.
+inline bool SendKey(QWidget* widget, int key, const QString& text = {},
+                    QEvent::Type type = QEvent::KeyPress) {
+    QKeyEvent event(type, key, Qt::NoModifier, text);
     QApplication::sendEvent(widget, &event);
+    return event.isAccepted();
 }
 
 inline void Click(QPointer<QWidget> widget, QPoint at) {

@@ -42,13 +42,6 @@ TEST(VmCalendarWidget, AboutBoxOutlivesTheWidget) {
     EXPECT_FALSE(box);
 }
 
-/// Whether the widget has used it.
-bool IsUsed(QWidget* widget, int key, const QString& text = {}) {
-    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(widget, &event);
-    return event.isAccepted();
-}
-
 /// What is not used is for the dialog around; arrows and their company never leave the selectors.
 TEST(VmCalendarWidget, KeysAreAcceptedWhenUsed) {
     QWidget window;
@@ -58,21 +51,21 @@ TEST(VmCalendarWidget, KeysAreAcceptedWhenUsed) {
     window.show();
     window.activateWindow();
     QApplication::processEvents();
-    EXPECT_TRUE(IsUsed(widget, Qt::Key_Right));
-    EXPECT_FALSE(IsUsed(widget, Qt::Key_A, "a"));
+    EXPECT_TRUE(SendKey(widget, Qt::Key_Right));
+    EXPECT_FALSE(SendKey(widget, Qt::Key_A, "a"));
     auto* const year = widget->findChild<QLineEdit*>();
     for (QWidget* const child :
          {static_cast<QWidget*>(widget->findChild<QComboBox*>()), static_cast<QWidget*>(year)}) {
         child->setFocus();
         for (const int key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End}) {
-            EXPECT_TRUE(IsUsed(child, key)) << key;
+            EXPECT_TRUE(SendKey(child, key)) << key;
         }
-        EXPECT_FALSE(IsUsed(child, Qt::Key_F5));
+        EXPECT_FALSE(SendKey(child, Qt::Key_F5));
     }
     for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
-        EXPECT_FALSE(IsUsed(year, key)) << "nothing was typed";
-        EXPECT_TRUE(IsUsed(year, Qt::Key_1, "1"));
-        EXPECT_TRUE(IsUsed(year, key));
+        EXPECT_FALSE(SendKey(year, key)) << "nothing was typed";
+        EXPECT_TRUE(SendKey(year, Qt::Key_1, "1"));
+        EXPECT_TRUE(SendKey(year, key));
         QApplication::processEvents();
     }
 }
@@ -97,7 +90,7 @@ public:
         QApplication::processEvents();
         connect(box, &Box::closeUp, this, [this] { ++closings; });
         box->setFocus();
-        SendKey(box, QEvent::KeyPress, Qt::Key_F4);
+        SendKey(box, Qt::Key_F4);
     }
 
     ~BoxWindow() override { delete box; }  // while its signals can still be counted
@@ -152,7 +145,7 @@ TEST(VmCalDropDownWidget, OpenCalendarLooksAsItsBox) {
     window.box->setDropDownWidth(1 << 20);
     window.box->dropDownBox().DateValue(Variant(Date(45427.9999999999)));
     EXPECT_EQ(window.box->dateValue().date(), kMay15) << "the last moment of the day";
-    SendKey(window.box, QEvent::KeyPress, Qt::Key_F4);
+    SendKey(window.box, Qt::Key_F4);
     EXPECT_LE(TheForm().width(), window.screen()->virtualSize().width());
 }
 
