@@ -35,53 +35,38 @@ inline std::vector<Variant> AwkwardValues() {
     constexpr auto kLeast = std::numeric_limits<double>::denorm_min();
     constexpr auto kMost = std::numeric_limits<double>::max();
     constexpr auto kInfinity = std::numeric_limits<double>::infinity();
+    constexpr auto kNoNumber = std::numeric_limits<double>::quiet_NaN();
     StdFont font;
     font.name = "Odd \"Face\", \n#1; = \\";
     font.size = 8.25;
     font.italic = font.strikethrough = true;
     std::string everyByte;
     for (int byte = 0; byte < 128; ++byte) everyByte += static_cast<char>(byte);
-    return {
-        Variant(),
-        Null{},
-        ObjectRef(),
-        true,
-        false,
-        std::int16_t{-32768},
-        std::int16_t{32767},
-        std::int32_t{0},
-        std::numeric_limits<std::int32_t>::min(),
-        std::uint32_t{0x80000012},
-        std::numeric_limits<std::int32_t>::max(),
-        0.1,
-        -0.0,
-        kLeast,
-        -kMost,
-        kInfinity,
-        1.0 / 3,
-        std::numeric_limits<double>::quiet_NaN(),
-        Date(-657434.999988),
-        Date(43905 + 1.0 / 3),
-        Date(2958465.9),
-        Date(-0.5),
-        Date(kInfinity),
-        "",
-        " spaces ",
-        "@At",
-        "%20",
-        "int32 5",
-        "line\nline\r\n\ttab",
-        "a,b;c=d",
-        "\\x41\\",
-        "Gr\xC3\xBC\xC3\x9F\x65 \xE6\x97\xA5 \xF0\x9F\x93\x85",
-        everyByte,
-        ObjectRef(std::make_shared<StdFont>(font)),
-        ObjectRef(std::make_shared<StdFont>()),
-        ObjectRef(IconOf(1, 1)),
-        ObjectRef(IconOf(3, 2)),
-        ObjectRef(IconOf(5, 1)),
-        ObjectRef(std::make_shared<StdPicture>(PictureType::EnhMetafile, Size{-1, 70000}, nullptr)),
-        ObjectRef(std::make_shared<StdPicture>(PictureType::None, Size{}, nullptr))};
+    std::vector<Variant> values{Variant(), Null{}, ObjectRef(), true, false};
+    for (const int number : {-32768, 32767}) values.emplace_back(static_cast<std::int16_t>(number));
+    for (const std::int32_t number : {0, INT32_MIN, INT32_MAX}) values.emplace_back(number);
+    values.emplace_back(std::uint32_t{0x80000012});
+    for (const double number : {0.1, -0.0, kLeast, -kMost, kInfinity, 1.0 / 3, kNoNumber}) {
+        values.emplace_back(number);
+    }
+    for (const double day : {-657434.999988, 43905 + 1.0 / 3, 2958465.9, -0.5, kInfinity}) {
+        values.emplace_back(Date(day));
+    }
+    for (const char* text :
+         {"", " spaces ", "@At", "%20", "int32 5", "line\nline\r\n\ttab", "a,b;c=d", "\\x41\\",
+          "Gr\xC3\xBC\xC3\x9F\x65 \xE6\x97\xA5 \xF0\x9F\x93\x85"}) {
+        values.emplace_back(text);
+    }
+    values.emplace_back(everyByte);
+    for (const ObjectRef& object :
+         {ObjectRef(std::make_shared<StdFont>(font)), ObjectRef(std::make_shared<StdFont>()),
+          ObjectRef(IconOf(1, 1)), ObjectRef(IconOf(3, 2)), ObjectRef(IconOf(5, 1)),
+          ObjectRef(
+              std::make_shared<StdPicture>(PictureType::EnhMetafile, Size{-1, 70000}, nullptr)),
+          ObjectRef(std::make_shared<StdPicture>(PictureType::None, Size{}, nullptr))}) {
+        values.emplace_back(object);
+    }
+    return values;
 }
 
 /// Keeps the names that a control asks for and gives, in order.
