@@ -11,12 +11,12 @@
 namespace velmora {
 
 /// What a date box remembers besides its calendar's properties. The initialisers are the defaults
-/// of a new box.
+/// of a new box. Sizes count pixels of a screen with 96 an inch.
 struct BoxState {
     FontRef comboFont;  // null: the container's
     std::string dateFormat = "Short Date";
     VmDropDownAlignmentConstants alignment = VmLeftJustified;
-    std::int32_t heightPixels = 200;  // at the usual number an inch
+    std::int32_t heightPixels = 200;
     std::int32_t widthPixels = 250;
 };
 
