@@ -275,7 +275,7 @@ Targets TargetsOf(Scene scene) {
     if (scene.decor == Decor::None) return {};
     const bool isLarge = scene.size.width() * scene.ratio > 1000;
     if (!isLarge && scene.ratio == 1) return {{Side::Cells, 0.35}, {Side::Qt, 0.1}};
-    if (!isLarge) return {{Side::Cells, 0.8}, {Side::Qt, 0.1}};
+    if (!isLarge) return {{Side::Cells, 0.8}};
     return {{Side::Cells, 0.8}, {Side::Fill, 1.0}};
 }
 
