@@ -13,6 +13,7 @@ void VmCalendar::Let(const LimitProperty& property, Date value) {
         ShowDate(m_state.dateValue);
     }
     SyncSelectors();
+    if (m_state.extendedNavigation) Invalidate(m_layout.MonthBand());  // which arrows lead on
     const Lifetime::Watch alive(m_lifetime);
     if (clamps) m_platform.hosting.PropertyChanged(kDateValue.name);
     if (alive) m_platform.hosting.PropertyChanged(property.name);

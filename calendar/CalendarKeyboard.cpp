@@ -1,30 +1,10 @@
+#include "calendar/KeySteps.h"
 #include "calendar/VmCalendar.h"
 #include "platform/Keys.h"
 
 #include <algorithm>
 
 namespace velmora {
-namespace {
-
-/// Days that an arrow key moves the selection, 0 for any other key.
-constexpr int DaysOf(std::int16_t keyCode) noexcept {
-    switch (keyCode) {
-        case kKeyLeft: return -1;
-        case kKeyRight: return 1;
-        case kKeyUp: return -7;
-        case kKeyDown: return 7;
-        default: return 0;
-    }
-}
-
-/// Months that a page key moves the shown date, 0 for any other key.
-constexpr int MonthsOf(std::int16_t keyCode, std::int16_t shift) noexcept {
-    const int months = (shift & kShiftCtrl) != 0 ? 12 : 1;
-    if (keyCode == kKeyPageUp) return -months;
-    return keyCode == kKeyPageDown ? months : 0;
-}
-
-}  // namespace
 
 void VmCalendar::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
     if (!m_platform.windowing.TakesInput()) return;
@@ -33,8 +13,7 @@ void VmCalendar::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
     m_events.KeyDown.Raise(keyCode, shift);
     if (!alive || !m_platform.windowing.TakesInput() || keyCode == 0) return;
 
-    const bool navigates = DaysOf(keyCode) != 0 || MonthsOf(keyCode, shift) != 0;
-    if (m_selectors.MonthListDropped() || !navigates) {
+    if (m_selectors.MonthListDropped() || !WantsKey(keyCode, false)) {
         if (keyCode == kKeyEscape) EndPress();
         keyCode = arrival;
         return;
@@ -44,30 +23,48 @@ void VmCalendar::OnKeyDown(std::int16_t& keyCode, std::int16_t& shift) {
 
 bool VmCalendar::WantsKey(std::int16_t keyCode, bool inChild) const {
     switch (keyCode) {
+        case kKeyLeft:
+        case kKeyRight:
+        case kKeyUp:
+        case kKeyDown:
+        case kKeyPageUp:
+        case kKeyPageDown: return true;
         case kKeyHome:
         case kKeyEnd:
-        case kKeyEnter:
+        case kKeyEnter: return inChild || m_state.extendedNavigation;
+        case kKeySpace: return m_state.extendedNavigation;
         case kKeyEscape:
         case kKeyF4: return inChild;  // the month list's and the year box's
-        default: return DaysOf(keyCode) != 0 || MonthsOf(keyCode, 0) != 0;
+        default: return false;
     }
 }
 
-/// Returns whether the step was made; a refused one has changed nothing.
+/// Returns whether the key was used; a refused step has changed nothing.
 bool VmCalendar::StepByKey(std::int16_t keyCode, std::int16_t shift) {
-    const int months = MonthsOf(keyCode, shift);
-    return months != 0 ? StepShown(months) : StepSelection(DaysOf(keyCode));
+    const bool extended = m_state.extendedNavigation;
+    if (IsChoice(m_state, keyCode, shift)) return ChooseSelected();
+    const int months = extended ? 0 : MonthsOf(keyCode, shift);
+    if (months != 0) return StepShown(months);
+    const DayNumber from = DayOf(m_state.dateValue);
+    const auto day = DayByKey(m_state, from, keyCode, shift, m_platform.dates.Today());
+    if (!day || !IsSelectable(*day)) return false;
+    if (*day == from) {  // Home on the first day
+        ShowSelection();
+        return true;
+    }
+    if (!RequestUserDate(*day)) return false;
+    SelectDate(DateOf(*day, TimeOf(m_state.dateValue)),
+               extended ? Follow::Always : Follow::OtherMonths);
+    return true;
 }
 
-bool VmCalendar::StepSelection(int days) {
-    DayNumber day = DayOf(m_state.dateValue) + days;
-    if (!m_state.showWeekend && (days == 1 || days == -1)) {
-        while (IsWeekend(day)) day += days;
-    }
-    if (days < 0 ? day < DayOf(m_state.dateMin) : day > DayOf(m_state.dateMax)) return false;
-    if (!RequestUserDate(day)) return false;
-    SelectDate(DateOf(day, TimeOf(m_state.dateValue)), Follow::OtherMonths);
-    return true;
+/// What a click on the selected day does. Without any effect the key is left to the dialog around.
+bool VmCalendar::ChooseSelected() {
+    const DayNumber day = DayOf(m_state.dateValue);
+    const bool isShown = MonthsBetween(DayOf(m_state.shownDate), day) == 0;
+    const bool does = m_state.alwaysDateChanged || !isShown;
+    OnDayPicked(day);
+    return does;
 }
 
 /// Moves the shown date and selects where it arrives. Raises `MonthChanged`, or `YearChanged` when

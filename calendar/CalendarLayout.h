@@ -12,6 +12,12 @@ namespace velmora {
 enum class Arrow { YearBack, YearForward, MonthBack, MonthForward };
 inline constexpr int kArrowCount = 4;
 
+/// Months that it turns.
+constexpr int MonthsOf(Arrow arrow) noexcept {
+    constexpr int kMonths[kArrowCount] = {-12, 12, -1, 1};
+    return kMonths[static_cast<int>(arrow)];
+}
+
 /// What the layout depends on besides the state.
 struct LayoutMetrics {
     Size client;

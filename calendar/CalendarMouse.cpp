@@ -42,6 +42,9 @@ void VmCalendar::OnMouseDown(std::int16_t button, std::int16_t shift, float x, f
         m_press.arrow = ArrowAt(x, y);
         m_platform.windowing.SetCapture();
         Track(x, y);
+        if (m_press.arrow && m_state.extendedNavigation) {
+            m_platform.windowing.Repeat([this] { RepeatArrow(); });
+        }
     }
     Raise(&CalendarEvents::MouseDown, button, shift, x, y);
 }
@@ -126,13 +129,14 @@ VmCalendar::Press VmCalendar::EndPress() {
     Choose(std::nullopt);
     const Press press = std::exchange(m_press, {});
     if (press.onArrow) InvalidateArrow(*press.arrow);
+    if (press.arrow) m_platform.windowing.Repeat(nullptr);
     m_platform.windowing.ReleaseCapture();
     return press;
 }
 
 void VmCalendar::Release(const Press& press, float x, float y) {
     if (press.arrow) {
-        if (ArrowAt(x, y) == press.arrow) StepByArrow(*press.arrow);
+        if (ArrowAt(x, y) == press.arrow && !press.repeated) TurnBy(MonthsOf(*press.arrow));
         return;
     }
     if (const auto day = SelectableAt(x, y)) Pick(*day);
@@ -157,13 +161,30 @@ void VmCalendar::Pick(DayNumber day) {
     if (alive && change == m_dateChanges) ShowSelection();
 }
 
+/// An arrow button is still held. Its release does nothing more then.
+void VmCalendar::RepeatArrow() {
+    if (!m_press.onArrow || !m_platform.windowing.TakesInput()) return;
+    m_press.repeated = true;
+    TurnBy(MonthsOf(*m_press.arrow));
+}
+
+bool VmCalendar::OnWheel(int delta, std::int16_t shift) {
+    if (!m_state.extendedNavigation || !m_platform.windowing.TakesInput()) return false;
+    constexpr int kNotch = 120;
+    m_wheel += delta;
+    int notches = std::exchange(m_wheel, m_wheel % kNotch) / kNotch;
+    if (m_press.active) return true;
+    const int back = notches > 0 ? 1 : -1;
+    const Lifetime::Watch alive(m_lifetime);
+    for (; alive && notches != 0; notches -= back) {
+        TurnBy((shift & kShiftCtrl) != 0 ? -12 * back : -back);
+    }
+    return true;
+}
+
 /// Moves the shown month, refused beyond the limits.
-void VmCalendar::StepByArrow(Arrow arrow) {
-    constexpr int kMonths[kArrowCount] = {-12, 12, -1, 1};
-    const int months = kMonths[static_cast<int>(arrow)];
-    const DayNumber day = AddMonths(DayOf(m_state.shownDate), months);
-    if (months < 0 ? day < DayOf(m_state.dateMin) : day > DayOf(m_state.dateMax)) return;
-    MoveShown(DateOf(day));
+void VmCalendar::TurnBy(int months) {
+    if (const auto day = ShownAfter(m_state, months)) MoveShown(DateOf(*day));
 }
 
 void VmCalendar::InvalidateArrow(Arrow arrow) {

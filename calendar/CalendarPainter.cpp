@@ -2,6 +2,7 @@
 
 #include "calendar/CalendarDescription.h"
 #include "calendar/Contrast.h"
+#include "calendar/DateLimits.h"
 #include "calendar/DayPicture.h"
 #include "platform/Compose.h"
 #include "platform/TextCut.h"
@@ -172,9 +173,11 @@ void CalendarPainter::PaintArrows(SurfaceHandle surface) {
     for (int i = 0; i < kArrowCount; ++i) {
         const auto arrow = static_cast<Arrow>(i);
         const bool left = arrow == Arrow::YearBack || arrow == Arrow::MonthBack;
+        const bool leads =
+            !m_view.state.extendedNavigation || ShownAfter(m_view.state, MonthsOf(arrow));
         std::uint32_t state = left ? kScrollLeft : kScrollRight;
-        if (m_view.pressedArrow == arrow) state |= kFramePushed;
-        if (!m_view.enabled) state |= kFrameInactive;
+        if (m_view.pressedArrow == arrow && leads) state |= kFramePushed;
+        if (!m_view.enabled || !leads) state |= kFrameInactive;
         m_drawing.DrawFrameControl(surface, m_view.layout.arrows[static_cast<std::size_t>(i)],
                                    FrameControl::ScrollBar, state);
     }

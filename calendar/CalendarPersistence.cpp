@@ -60,6 +60,7 @@ void VmCalendar::ReadProps(PropertyBag& bag) {
     state.monthAnnounced = m_state.monthAnnounced;
     state.alwaysDateChanged = m_state.alwaysDateChanged;
     state.noResizeControl = m_state.noResizeControl;
+    state.extendedNavigation = m_state.extendedNavigation;
     state.shownDate = state.dateValue;
     state.ready = true;
     m_state = std::move(state);

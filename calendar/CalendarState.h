@@ -44,6 +44,7 @@ struct CalendarState {
     bool showWeekend = true;
 
     bool alwaysDateChanged = false;
+    bool extendedNavigation = false;
     bool noRepaintControl = false;
     bool noResizeControl = false;
 

@@ -23,6 +23,12 @@ bool IsInLimits(const CalendarState& state, DayNumber day) noexcept {
     return DayOf(state.dateMin) <= day && day <= DayOf(state.dateMax);
 }
 
+std::optional<DayNumber> ShownAfter(const CalendarState& state, int months) noexcept {
+    const DayNumber day = AddMonths(DayOf(state.shownDate), months);
+    if (months < 0 ? day < DayOf(state.dateMin) : day > DayOf(state.dateMax)) return std::nullopt;
+    return day;
+}
+
 void CheckDateValue(const CalendarState& state, Date date) {
     CheckYear(date);
     Require(IsInLimits(state, DayOf(date)));

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "calendar/CalendarState.h"
+#include "platform/dates/Date.h"
+
+#include <optional>
 
 namespace velmora {
 
@@ -10,6 +13,10 @@ namespace velmora {
 void CheckYear(Date date);
 
 bool IsInLimits(const CalendarState& state, DayNumber day) noexcept;
+
+/// The date to show that many months on from the shown one. Nothing when it lies beyond the limit
+/// in that direction; from beyond the other one it may lie outside still.
+std::optional<DayNumber> ShownAfter(const CalendarState& state, int months) noexcept;
 
 /// Error 380: year outside 200..4600, or outside the limits; nothing is stored here.
 void CheckDateValue(const CalendarState& state, Date date);

@@ -25,7 +25,10 @@ VmCalendar::VmCalendar(const Platform& platform)
     m_selectors.MonthNames(MonthNamesOf(platform.dates));
 }
 
-VmCalendar::~VmCalendar() { m_days->WhenItemChanges(nullptr); }
+VmCalendar::~VmCalendar() {
+    m_days->WhenItemChanges(nullptr);
+    if (m_press.arrow) m_platform.windowing.Repeat(nullptr);
+}
 
 void VmCalendar::InitProperties() { InitProperties(DateOf(m_platform.dates.Today())); }
 
@@ -78,6 +81,11 @@ void VmCalendar::OLEDropMode(VmOLEDropModeConstants value) {
         throw AutomationError(ErrorNumber::InvalidPropertyValue);
     }
     m_platform.windowing.OLEDropMode(value);
+}
+
+void VmCalendar::ExtendedNavigation(bool value) {
+    m_state.extendedNavigation = value;
+    Invalidate(m_layout.MonthBand());
 }
 
 void VmCalendar::AboutBox() { m_platform.hosting.ShowAboutBox(kAbout); }

@@ -197,6 +197,12 @@ public:
     WindowHandle cboMonthhwnd() const { return m_selectors.MonthListHandle(); }
     /// True: a click on the selected day raises `DayChanged`, which else raises nothing.
     void AlwaysDateChanged(bool value) { m_state.alwaysDateChanged = value; }
+    /// True: Home and End select the first and the last day of the month, Ctrl+Home today; Enter
+    /// and Space do what a click on the selected day does; the wheel turns the grid. What a key
+    /// selects is always shown, page keys count from the selection, an arrow button that is held
+    /// repeats, and one that leads nowhere looks disabled. False at first, not saved, not copied.
+    bool ExtendedNavigation() const { return m_state.extendedNavigation; }
+    void ExtendedNavigation(bool value);
     /// Starts a drag from the control; the drag events follow.
     void OleDrag();
     VmOLEDropModeConstants OLEDropMode() const;
@@ -263,6 +269,7 @@ public:
     /// key code is 0 when the calendar used the key. Arrow keys move `DateValue`, wherever the user
     /// has turned the grid; the grid follows when the month's number changes. So a date can be
     /// selected that is not to be seen. Page keys move the grid, and select where it arrives.
+    /// `ExtendedNavigation` has it otherwise: all keys move `DateValue`, and the grid follows.
     void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);
     void OnKeyPress(std::int16_t& keyAscii);
     /// Whether the key belongs to the calendar before its container's own keys, or to the child
@@ -286,6 +293,10 @@ public:
     /// Asks the container before the user's input selects that day. False: it may not, or a handler
     /// has moved the date or ended the control.
     bool RequestUserDate(DayNumber day);
+    /// The wheel over the grid, in 120ths of a notch, away from the user above 0: with
+    /// `ExtendedNavigation` each notch turns to the month before or after, with Ctrl to the year.
+    /// Raises `MonthChanged` and `YearChanged`. False: it is not for the calendar.
+    bool OnWheel(int delta, std::int16_t shift);
     /// The platform's drag over the control or drop on it; the handlers may change the effect.
     void OnOLEDragDrop(DataRef data, std::int32_t& effect, std::int16_t button, std::int16_t shift,
                        float x, float y);
@@ -347,7 +358,7 @@ private:
 
     // Keys
     bool StepByKey(std::int16_t keyCode, std::int16_t shift);
-    bool StepSelection(int days);
+    bool ChooseSelected();
     bool StepShown(int months);
 
     // Mouse
@@ -356,6 +367,7 @@ private:
         bool clicks = false;              // its release inside the window is a click
         std::optional<Arrow> arrow;       // where it went down, arrows style
         bool onArrow = false;             // the pointer is on that arrow
+        bool repeated = false;            // it has been held so long that it has stepped
         std::optional<DayNumber> chosen;  // the date under the pointer that would be selected
     };
     using MouseEvent = CalendarEvents::Mouse;
@@ -372,7 +384,8 @@ private:
     Press EndPress();
     void Release(const Press& press, float x, float y);
     void Pick(DayNumber day);
-    void StepByArrow(Arrow arrow);
+    void RepeatArrow();
+    void TurnBy(int months);
     void InvalidateArrow(Arrow arrow);
 
     void AcceptMonth();
@@ -413,6 +426,7 @@ private:
     bool m_dragging = false;  // a drag from here is under way
     bool m_copying = false;   // `SetProps` is at work: one repaint at its end
     Press m_press;
+    int m_wheel = 0;             // what is not yet a notch
     bool m_cancelled = false;    // Escape in the month list, until a selector is entered again
     unsigned m_dateChanges = 0;  // tells an operation that a handler has moved the date again
     Screen m_onScreen;

@@ -63,6 +63,7 @@ void DropDownForm::ConnectInput() {
 void DropDownForm::Load(const CProperties& properties) {
     m_calendar.InitProperties(properties.DateValue());
     m_calendar.AlwaysDateChanged(true);
+    m_calendar.ExtendedNavigation(properties.Values().extendedNavigation);
     try {
         m_calendar.SetProps(properties);
     } catch (const AutomationError&) {

@@ -1,31 +1,10 @@
 #include "calendar/DragAndDrop.h"
+#include "calendar/KeySteps.h"
 #include "dropdown/VmCalDropDown.h"
 #include "platform/Keys.h"
 #include "platform/ScaleMode.h"
 
 namespace velmora {
-namespace {
-
-/// Where a key leads from `day`; the same day for a key that is no step.
-DayNumber Stepped(DayNumber day, std::int16_t keyCode, std::int16_t shift, bool showWeekend) {
-    const int months = (shift & kShiftCtrl) != 0 ? 12 : 1;
-    switch (keyCode) {
-        case kKeyUp: return day - 7;
-        case kKeyDown: return day + 7;
-        case kKeyPageUp: return AddMonths(day, -months);
-        case kKeyPageDown: return AddMonths(day, months);
-        case kKeyLeft:
-        case kKeyRight: break;
-        default: return day;
-    }
-    const int step = keyCode == kKeyLeft ? -1 : 1;
-    day += step;
-    while (!showWeekend && IsWeekend(day)) day += step;
-    return day;
-}
-
-}  // namespace
-
 void VmCalDropDown::OleDrag() {
     const Lifetime::Watch alive(m_lifetime);
     OnWindowChanged();  // the drag takes the release
@@ -50,6 +29,9 @@ bool VmCalDropDown::WantsKey(std::int16_t keyCode, bool) const {
         case kKeyPageUp:
         case kKeyPageDown:
         case kKeyF4: return true;
+        case kKeyHome:
+        case kKeyEnd: return ExtendedNavigation();
+        case kKeySpace: return ExtendedNavigation() && DropDownState();
         case kKeyEnter:
         case kKeyEscape: return DropDownState();
         default: return false;
@@ -70,6 +52,10 @@ bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
             if (!DropDownState()) return false;
             CloseDropDown();
             return true;
+        case kKeySpace:
+            if (!DropDownState() || !IsChoice(m_store.Values(), keyCode, shift)) return false;
+            CloseDropDown();
+            return true;
         case kKeyF4:
             if (shift != 0) return false;
             ToggleDropDown();
@@ -81,7 +67,7 @@ bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
             return true;
         case kKeyEscape:
             if ((shift & kShiftCtrl) != 0 || !DropDownState()) return false;
-            CloseDropDown();
+            GiveUpDropDown();
             return true;
         default: return StepByKey(keyCode, shift);
     }
@@ -90,12 +76,14 @@ bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
 /// One step from this box's own date, or from its open calendar's.
 bool VmCalDropDown::StepByKey(std::int16_t keyCode, std::int16_t shift) {
     const DayNumber from = DayOf(OwnsForm() ? m_form.Calendar().SelectedDate() : DateValue());
-    const DayNumber day = Stepped(from, keyCode, shift, m_store.Get(kShowWeekend));
-    if (day == from || !IsInLimits(m_store.Values(), day) || !RequestUserDate(day)) return false;
+    const auto day = DayByKey(m_store.Values(), from, keyCode, shift, m_platform.dates.Today());
+    if (!day || !IsInLimits(m_store.Values(), *day)) return false;
+    if (*day == from) return true;  // Home on the first day
+    if (!RequestUserDate(*day)) return false;
     if (OwnsForm()) {
-        m_form.Calendar().DateValue(DateOf(day));  // comes back as the calendar's events
+        m_form.Calendar().DateValue(DateOf(*day));  // comes back as the calendar's events
     } else {
-        StepOwnDate(day);
+        StepOwnDate(*day);
     }
     return true;
 }

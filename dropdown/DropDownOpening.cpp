@@ -55,6 +55,7 @@ void VmCalDropDown::ShowDropDown() {
     if (m_form.GetOwner()) m_form.GetOwner()->CloseDropDown();
     if (!alive || m_form.GetOwner()) return;  // its handler has opened a box
     m_phase = Phase::Opening;
+    m_dateBefore = DateValue();
     m_form.SetOwner(this);
     m_form.Load(m_store);
     bool cancel = false;
@@ -87,6 +88,23 @@ void VmCalDropDown::CloseDropDown() {
             m_phase = Phase::Closed;
             RepaintControl();
             m_events.CloseUp.Raise();
+        });
+}
+
+/// By Escape, which with extended navigation brings back the date from before the opening, unless
+/// the limits or the container are against it.
+void VmCalDropDown::GiveUpDropDown() {
+    const DayNumber day = DayOf(m_dateBefore);
+    const Lifetime::Watch alive(m_lifetime);
+    RaiseThen(
+        [&] {
+            if (!ExtendedNavigation() || day == DayOf(DateValue()) || !OwnsForm()) return;
+            if (IsInLimits(m_store.Values(), day) && RequestUserDate(day) && OwnsForm()) {
+                m_form.Calendar().DateValue(m_dateBefore);
+            }
+        },
+        [&] {
+            if (alive && DropDownState()) CloseDropDown();
         });
 }
 
@@ -142,10 +160,10 @@ Rect VmCalDropDown::DropDownPlace() const {
     return RectAt(corner.x, corner.y, {width, height});
 }
 
-/// The calendar ignores times: another day has none.
+/// The time of the same day stays. Another day has none, unless it is given back with its own.
 void VmCalDropDown::TakeCalendarDate() {
-    const DayNumber day = DayOf(m_form.Calendar().SelectedDate());
-    if (day != DayOf(DateValue())) m_store.DateValue(DateOf(day));
+    const Date date = m_form.Calendar().SelectedDate();
+    if (DayOf(date) != DayOf(DateValue())) m_store.DateValue(date);
 }
 
 void VmCalDropDown::OnCalendarDateChanged() {

@@ -104,6 +104,11 @@ void VmCalDropDown::OLEDropMode(VmOLEDropModeConstants value) {
     m_platform.windowing.OLEDropMode(value);
 }
 
+void VmCalDropDown::ExtendedNavigation(bool value) {
+    m_store.Storage().state.extendedNavigation = value;
+    if (OwnsForm()) m_form.Calendar().ExtendedNavigation(value);
+}
+
 void VmCalDropDown::AboutBox() { m_form.Calendar().AboutBox(); }
 
 void VmCalDropDown::RepaintControl() { m_platform.drawing.InvalidateRect(hWnd(), nullptr); }

@@ -120,6 +120,11 @@ public:
     /// sideways onto the screen. Off, it may leave the screen. Not saved.
     bool KeepDropDownOnScreen() const { return m_keepOnScreen; }
     void KeepDropDownOnScreen(bool value) { m_keepOnScreen = value; }
+    /// As the calendar's, for the keys of the box and its open calendar. Besides, Space closes as
+    /// Enter does, and Escape gives back the date that the box had when it was opened, with the
+    /// events of the change. Not saved.
+    bool ExtendedNavigation() const { return m_store.Values().extendedNavigation; }
+    void ExtendedNavigation(bool value);
     WindowHandle hWnd() const { return m_platform.windowing.Handle(); }
 
     void RepaintControl();
@@ -187,6 +192,7 @@ private:
 
     void ShowDropDown();
     void EndOpening(bool cancelled);
+    void GiveUpDropDown();
     void ReturnForm();
     void ShowOwnMonth();
     void Abandon();
@@ -208,6 +214,7 @@ private:
     BoxState m_box;
     std::string m_text;
     Phase m_phase = Phase::Closed;  // moved in DropDownOpening.cpp alone
+    Date m_dateBefore;              // as it was when the calendar opened
     bool m_keepOnScreen = false;
     bool m_noLostFocus = false;  // the program's, and the calendar's while it is pressed
     bool m_hasFocus = false;     // the window's

@@ -8,6 +8,7 @@ namespace velmora {
 inline constexpr std::int16_t kKeyEnter = 13;
 inline constexpr std::int16_t kKeyAlt = 18;
 inline constexpr std::int16_t kKeyEscape = 27;
+inline constexpr std::int16_t kKeySpace = 32;
 inline constexpr std::int16_t kKeyPageUp = 33;
 inline constexpr std::int16_t kKeyPageDown = 34;
 inline constexpr std::int16_t kKeyEnd = 35;

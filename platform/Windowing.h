@@ -3,6 +3,7 @@
 #include "platform/Drawing.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -77,6 +78,9 @@ public:
     virtual void SetFocus() = 0;
     virtual void SetCapture() = 0;
     virtual void ReleaseCapture() = 0;
+    /// Calls `act` as often as the system repeats for a button that is held, first after its longer
+    /// delay, until it is told otherwise; null ends it. A host may leave it out.
+    virtual void Repeat(std::function<void()> act) { static_cast<void>(act); }
     virtual Point ClientToScreen(Point point) const = 0;
     virtual Point ScreenToClient(Point point) const = 0;
     virtual std::optional<Point> GetCursorPos() const = 0;  // screen coordinates

@@ -97,6 +97,7 @@ QWidget* MakeDateBoxPage(QDate date) {
     for (const Row& row : kRows) {
         auto* box = new Box;
         box->setKeepDropDownOnScreen(true);
+        box->setExtendedNavigation(true);
         box->setDateValue(QDateTime(date, QTime(0, 0)));
         box->setMinimumWidth(260);
         row.prepare(*box);

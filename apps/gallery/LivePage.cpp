@@ -32,6 +32,7 @@ QWidget* MakeLivePage(QDate date) {
     auto* calendar = new VmCalendarWidget;
     calendar->setObjectName(QLatin1String(kLiveCalendar));
     calendar->setMonthYearSelStyle(VmCalendarWidget::MonthSelArrows);
+    calendar->setExtendedNavigation(true);
     calendar->setDateValue(date);
     calendar->setMinimumSize(280, 220);
     Decorate(*calendar);

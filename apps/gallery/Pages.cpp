@@ -77,6 +77,7 @@ QWidget* MakeGrid(std::span<const Tile> tiles, int columns, QDate date) {
     for (int i = 0; const Tile& tile : tiles) {
         auto* cell = new QVBoxLayout;
         auto* calendar = new Widget;
+        calendar->setExtendedNavigation(true);
         calendar->setDateValue(date);
         tile.prepare(*calendar);
         cell->addWidget(new QLabel(QObject::tr(tile.title)));

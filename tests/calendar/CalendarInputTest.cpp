@@ -39,6 +39,9 @@ TEST(CalendarKeyboard, KeepsTheTimeOfDay) {
     EXPECT_EQ(test.calendar->SelectedDate(), DateOf(Day(2020, 3, 21), 0.75));
     test.Key(kKeyPageDown);  // from the shown date, which an arrow within the month leaves
     EXPECT_EQ(test.calendar->SelectedDate(), DateOf(Day(2020, 4, 20), 0.75));
+    test.calendar->ExtendedNavigation(true);
+    test.Key(kKeyHome, kShiftCtrl);
+    EXPECT_EQ(test.calendar->SelectedDate(), DateOf(Day(2020, 3, 15), 0.75)) << "today";
 }
 
 TEST(CalendarEvents, AreToldToThoseThatWereThereAndStillAre) {

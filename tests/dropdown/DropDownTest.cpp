@@ -93,6 +93,14 @@ TEST_F(DropDown, ReadsWithoutChecksAndOpensWithWhatItsCalendarCanShow) {
     EXPECT_EQ(box.DateValue(), box.DateMin());
 }
 
+TEST_F(DropDown, EscapeGivesBackTheTimeOfDayToo) {
+    box.ExtendedNavigation(true);
+    Open();
+    test.Key(test.a, kKeyRight);
+    test.Key(test.a, kKeyEscape);
+    EXPECT_EQ(box.DateValue(), DateOf(kMar15, 0.5));
+}
+
 TEST_F(DropDown, TwoBoxesKeepWhatIsTheirs) {
     VmCalDropDown& other = *test.b.control;
     other.DateMin(DateOf(Day(2200, 1, 1)));

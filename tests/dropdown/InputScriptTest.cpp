@@ -44,10 +44,14 @@ class CorePlayer : public InputPlayer {
         if (property == "Enabled") {
             m_held = false;
             m_calendar ? Calendar().Enabled(value != 0) : Box().Enabled(value != 0);
+        } else if (m_box && property == "ExtendedNavigation") {
+            Box().ExtendedNavigation(value != 0);
         } else if (m_box) {
             Box().LetMember(property, variant);
         } else if (property == "AlwaysDateChanged") {  // has no getter
             Calendar().AlwaysDateChanged(value != 0);
+        } else if (property == "ExtendedNavigation") {  // is not published by name
+            Calendar().ExtendedNavigation(value != 0);
         } else {
             Calendar().LetMember(property, variant);
         }
@@ -100,6 +104,13 @@ class CorePlayer : public InputPlayer {
         m_calendar ? Calendar().OnCaptureLost() : m_box->form->Calendar().OnCaptureLost();
     }
 
+    void Turn(int delta, int shift) override {
+        VmCalendar& calendar = m_calendar ? Calendar() : m_box->form->Calendar();
+        calendar.OnWheel(delta, static_cast<Short>(shift));
+    }
+    void Tick() override {
+        if (const auto repeated = m_calendar->repeated) repeated();
+    }
     void Select(const std::string& verb, const std::string& what) override {
         if (m_box) return Box().OnLostFocus();
         if (m_calendar->childrenMade == 0) return;  // a handler has taken them away
@@ -221,11 +232,13 @@ class CorePlayer : public InputPlayer {
     }
     std::optional<std::string> Pushed() override {
         if (!m_calendar) return std::nullopt;
-        constexpr const char* kArrows[] = {"YearBack", "YearForward", "MonthBack", "MonthForward"};
+        const std::string kArrows[] = {"YearBack", "YearForward", "MonthBack", "MonthForward"};
         std::string all;
         const auto frames = m_calendar->drawing.Of("frame");  // of the paint before
         for (std::size_t i = 0; i < frames.size(); ++i) {
-            if ((frames[i].flags & kFramePushed) != 0) all += kArrows[i];
+            if ((frames[i].flags & (kFramePushed | kFrameInactive)) == 0) continue;
+            if (!all.empty()) all += ',';
+            all += (frames[i].flags & kFrameInactive) != 0 ? '~' + kArrows[i] : kArrows[i];
         }
         return all;
     }
@@ -239,14 +252,16 @@ class CorePlayer : public InputPlayer {
     std::optional<SelectorInput> m_input;
 };
 
-TEST(InputScript, TheCoreRaisesItsEvents) { CorePlayer().Play(kInputScript); }
+const std::string kScript = std::string(kInputScript).append(kExtendedScript);
+
+TEST(InputScript, TheCoreRaisesItsEvents) { CorePlayer().Play(kScript); }
 
 /// A handler of any event does its worst in the middle of any step.
 TEST(InputScript, TheCoreSurvivesItsHandlers) {
     for (const char* mischief :
          {"destroy", "throw", "let DateValue 2031-07-07", "let DateMax 2018-01-01", "let Enabled 0",
           "let MonthYearSelStyle 0", "let ShowWeekend 0", "key Right", "key F4"}) {
-        CorePlayer().PlayWith(kInputScript, mischief);
+        CorePlayer().PlayWith(kScript, mischief);
     }
 }
 

@@ -12,12 +12,16 @@
 #include <QFile>
 #include <QMetaMethod>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <malloc.h>
+#include <chrono>
 #include <sstream>
 
 namespace velmora {
 namespace {
+
+using namespace std::chrono_literals;
 
 class QtPlayer : public test::InputPlayer {
 public:
@@ -101,11 +105,10 @@ protected:
 
     void Key(const Stroke& stroke) override {
         static const std::map<int, int> kKeys = {
-            {13, Qt::Key_Return},   {16, Qt::Key_Shift},  {17, Qt::Key_Control},
-            {18, Qt::Key_Alt},      {27, Qt::Key_Escape}, {33, Qt::Key_PageUp},
-            {34, Qt::Key_PageDown}, {37, Qt::Key_Left},   {38, Qt::Key_Up},
-            {39, Qt::Key_Right},    {40, Qt::Key_Down},   {46, Qt::Key_Delete},
-            {115, Qt::Key_F4}};
+            {13, Qt::Key_Return}, {16, Qt::Key_Shift},  {17, Qt::Key_Control},  {18, Qt::Key_Alt},
+            {27, Qt::Key_Escape}, {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {35, Qt::Key_End},
+            {36, Qt::Key_Home},   {37, Qt::Key_Left},   {38, Qt::Key_Up},       {39, Qt::Key_Right},
+            {40, Qt::Key_Down},   {46, Qt::Key_Delete}, {115, Qt::Key_F4}};
         const auto found = kKeys.find(stroke.code);
         const int key = found == kKeys.end() ? stroke.code : found->second;
         // A key event of a modifier has the state of before.
@@ -152,6 +155,25 @@ protected:
                           act == Act::Move ? Qt::NoButton : button,
                           act == Act::Release ? Qt::NoButton : button, Modifiers(hand.shift));
         QApplication::sendEvent(target, &event);
+        HoldTimers();
+    }
+    /// They fire by `tick` alone.
+    void HoldTimers() {
+        if (!m_calendar || !m_widget) return;
+        for (auto* const timer : m_widget->findChildren<QTimer*>()) {
+            if (timer->isActive()) timer->start(1h);
+        }
+    }
+    void Tick() override {
+        for (auto* const timer : m_widget->findChildren<QTimer*>()) {
+            if (!timer->isActive()) continue;
+            QTimerEvent event(timer->timerId());
+            QApplication::sendEvent(timer, &event);
+            return HoldTimers();
+        }
+    }
+    void Turn(int delta, int shift) override {
+        Notch(m_box ? *QtDropDownForm::Shared() : *m_widget, delta, Modifiers(shift));
     }
     void LoseMouse() override {
         QEvent event(m_loss);
@@ -197,10 +219,10 @@ protected:
         }
     }
     /// Of the wheel, towards the user.
-    static void Notch(QWidget& widget) {
+    static void Notch(QWidget& widget, int delta = -120, Qt::KeyboardModifiers modifiers = {}) {
         const QPointF at = widget.rect().center();
-        QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
-                          false);
+        QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, delta}, {}, modifiers,
+                          Qt::NoScrollPhase, false);
         QApplication::sendEvent(&widget, &event);
     }
     void UseBar(const std::string& what) {
@@ -270,9 +292,11 @@ private:
     VmCalDropDownWidget* m_box = nullptr;
 };
 
+const std::string kScript = std::string(test::kInputScript).append(test::kExtendedScript);
+
 TEST(InputScript, TheWidgetsRaiseItsEvents) {
     for (const auto loss : {QEvent::UngrabMouse, QEvent::Hide, QEvent::WindowDeactivate}) {
-        QtPlayer(loss).Play(test::kInputScript);
+        QtPlayer(loss).Play(kScript);
     }
 }
 
@@ -351,7 +375,7 @@ TEST(InputScript, TheWidgetsSurviveTheirSlots) {
     const auto noisy = qInstallMessageHandler([](auto...) {});  // of what off screen there is not
     for (const char* mischief :
          {"destroy", "let DateValue 2031-07-07", "let Enabled 0", "focus away", "key F4"}) {
-        QtPlayer().PlayWith(test::kInputScript, mischief);
+        QtPlayer().PlayWith(kScript, mischief);
     }
     qInstallMessageHandler(noisy);
 }
@@ -359,7 +383,7 @@ TEST(InputScript, TheWidgetsSurviveTheirSlots) {
 /// For `./test --soak`. A cache of texts takes 3 million steps to be full and emptied.
 TEST(InputScript, DISABLED_MillionsOfItsStepsKeepTheInvariantsAndTheMemory) {
     qInstallMessageHandler([](auto...) {});
-    std::string script(test::kInputScript);
+    std::string script = kScript;
     for (const test::PropertyRow& row : test::kBoxRows) {
         if (row.kind != test::Kind::Choice && row.kind != test::Kind::Extent) continue;
         for (const double value : {row.low, row.high}) {

@@ -12,7 +12,7 @@ namespace velmora {
 namespace {
 
 TEST(VmCalendarWidget, PropertiesFollowTheTable) {
-    ExpectFollowsTheTable<Widget>(test::kCalendarRows, {"oleDropMode"});
+    ExpectFollowsTheTable<Widget>(test::kCalendarRows, {"extendedNavigation", "oleDropMode"});
 }
 
 TEST(VmCalendarWidget, ReportsItsOwnDisablingAlone) {
@@ -101,8 +101,8 @@ public:
 };
 
 TEST(VmCalDropDownWidget, PropertiesFollowTheTable) {
-    ExpectFollowsTheTable<Box>(test::kBoxRows,
-                               {"date", "dropDownState", "keepDropDownOnScreen", "oleDropMode"});
+    ExpectFollowsTheTable<Box>(test::kBoxRows, {"date", "dropDownState", "extendedNavigation",
+                                                "keepDropDownOnScreen", "oleDropMode"});
 }
 
 TEST(VmCalDropDownWidget, WhateverHappensToTheBoxEndsItsCalendar) {

@@ -122,7 +122,12 @@ protected:
     virtual std::string BrokenInvariant() { return {}; }
     virtual std::optional<std::string> Repainted() { return std::nullopt; }
     virtual std::optional<std::string> Marked() { return std::nullopt; }
+    /// Names of arrow buttons, with '~' of those that look disabled.
     virtual std::optional<std::string> Pushed() { return std::nullopt; }
+    /// Of the wheel over the (open) calendar, 120 away from the user.
+    virtual void Turn(int, int) {}
+    /// The system repeats for the button that is held.
+    virtual void Tick() {}
 
     /// One step without what is expected of it.
     void Do(const std::string& act) {
@@ -136,6 +141,11 @@ protected:
             Type(what, verb == "repeat");
         } else if (verb == "lose") {
             LoseMouse();
+        } else if (verb == "wheel") {
+            const auto [shift, name] = SplitModifier(what);
+            Turn(name == "Up" ? 120 : -120, shift);
+        } else if (verb == "tick") {
+            Tick();
         } else if (verb == "watch") {
             m_watches = true;
         } else if (verb == "answer") {
@@ -221,7 +231,7 @@ private:
     static int CharacterOf(int code, int shift) {
         if (code == kKeyEscape) return code;
         if (shift > kShiftShift) return 0;
-        if (code == kKeyEnter) return code;
+        if (code == kKeyEnter || code == kKeySpace) return code;
         const bool isLetter = 'A' <= code && code <= 'Z';
         return isLetter ? code + (shift ? 0 : 'a' - 'A') : 0;
     }
@@ -229,8 +239,9 @@ private:
     /// Virtual-key codes; those of letters are the letters.
     static int CodeOfKey(const std::string& name) {
         static const std::map<std::string, int> kKeys = {
-            {"Return", 13}, {"Escape", 27}, {"PageUp", 33}, {"PageDown", 34}, {"Left", 37},
-            {"Up", 38},     {"Right", 39},  {"Down", 40},   {"Delete", 46},   {"F4", 115}};
+            {"Return", 13}, {"Escape", 27}, {"Space", 32}, {"PageUp", 33}, {"PageDown", 34},
+            {"End", 35},    {"Home", 36},   {"Left", 37},  {"Up", 38},     {"Right", 39},
+            {"Down", 40},   {"Delete", 46}, {"F4", 115}};
         const auto found = kKeys.find(name);
         return found == kKeys.end() ? name.front() : found->second;
     }
@@ -318,6 +329,7 @@ private:
     std::pair<std::string, std::string> OwnEvents(const std::string& act) const {
         std::string verb, what, more;
         std::istringstream(act) >> verb >> what >> more;
+        if (verb == "wheel") return {};
         const auto [shift, name] = SplitModifier(what);
         std::string before, behind;
         if (verb == "key") {

@@ -20,6 +20,7 @@ namespace velmora::test {
 ///     drag PLACE PLACE
 ///     press, move, release    of which these are made
 ///     lose                    something else takes the mouse
+///     wheel [Ctrl+]Up, Down   over the grid; `tick` while an arrow button is held
 ///     list open, list KEY     the month list; `wheel` for a notch towards the user
 ///     type TEXT, year KEY     the year box
 ///     spin Up, Down, wheel    the year's spinner by its arrows or a notch
@@ -31,8 +32,9 @@ namespace velmora::test {
 /// A state is what has changed since the step before: the selected date, "(2024-06)" for the month
 /// that is shown when it is not the date's, and for this step alone "[6/2024]" for the month list
 /// and the year box when they show something else, in the core also "{15,16}" for the repainted
-/// days or `all` and "^MonthBack" for a pushed arrow, there and in Qt "<3,3>" for the marked cell.
-/// The box's text is that of its date, and its calendar is to be seen from DropDown to CloseUp.
+/// days or `all` and "^MonthBack,~YearBack" for a pushed arrow and a disabled one, there and in Qt
+/// "<3,3>" for the marked cell. The box's text is that of its date, and its calendar is to be seen
+/// from DropDown to CloseUp.
 ///
 /// Events of moves are left out: systems repeat and merge them as they like. Clicks at the same
 /// place need another press between them, or some systems make them a double click.
@@ -358,6 +360,62 @@ key F4           -> CloseUp()
 answer KeyDown 40
 key Left         -> DateChanged(2024-05-22) DayChanged(22) = 2024-05-22
 noanswer
+)";
+
+/// Of hosts that have `ExtendedNavigation`.
+inline constexpr std::string_view kExtendedScript = R"(
+calendar; wheel Down; let ExtendedNavigation 1
+key End          -> DateChanged(2024-05-31) DayChanged(31) = 2024-05-31
+key End
+key PageDown     -> DateChanged(2024-06-30) DayChanged(30) MonthChanged(6) = 2024-06-30
+key Left         -> DateChanged(2024-06-29) DayChanged(29) = 2024-06-29
+key PageUp       -> DateChanged(2024-05-29) MonthChanged(5) = 2024-05-29
+key Ctrl+PageDown -> DateChanged(2025-05-29) YearChanged(2025) = 2025-05-29
+key Home         -> DateChanged(2025-05-01) DayChanged(1) = 2025-05-01
+wheel Down       -> MonthChanged(6) = (2025-06)
+wheel Ctrl+Up    -> YearChanged(2024) = (2024-06)
+key Home         -> MonthChanged(5) YearChanged(2025) = 2025-05-01
+wheel Down       -> MonthChanged(6) = (2025-06)
+key Right        -> DateChanged(2025-05-02) DayChanged(2) MonthChanged(5) = 2025-05-02
+wheel Up         -> MonthChanged(4) = (2025-04)
+key Space        -> MonthChanged(5) = 2025-05-02
+key Return; key Ctrl+End; let AlwaysDateChanged 1
+key Return       -> DayChanged(2)
+key Ctrl+Return; let ShowWeekend 0
+key End          -> DateChanged(2025-05-30) DayChanged(30) = 2025-05-30
+key PageDown     -> DateChanged(2025-06-30) MonthChanged(6) = 2025-06-30
+key Home         -> DateChanged(2025-06-02) DayChanged(2) = 2025-06-02
+let DateMin 2024-01-01; let DateMax 2025-07-01; key Ctrl+Home
+wheel Down       -> MonthChanged(7) = (2025-07)
+wheel Down; let Enabled 0; wheel Up
+calendar; let ExtendedNavigation 1; let MonthYearSelStyle 1
+let DateMax 2024-07-01 = {band} <4,3> ^~YearForward
+press YearForward = <4,3> ^~YearForward
+tick; release YearForward
+press MonthForward = <4,3> ^~YearForward,MonthForward
+move 3,3         = <4,3> ^~YearForward
+tick
+move MonthForward = <4,3> ^~YearForward,MonthForward
+tick             -> MonthChanged(6) = (2024-06) <> ^~YearForward,MonthForward
+tick             -> MonthChanged(7) = (2024-07) <> ^~YearForward,~MonthForward
+tick; release MonthForward; tick
+press MonthBack; wheel Up; lose; tick
+box; let ExtendedNavigation 1
+key Home         -> DateChanged(2024-05-01) DayChanged(1) = 2024-05-01
+key Home; key Space
+key F4           -> DropDown(False)
+key End          -> DateChanged(2024-05-31) DayChanged(31) = 2024-05-31
+key Right        -> DateChanged(2024-06-01) DayChanged(1) MonthChanged(6) = 2024-06-01
+wheel Down       -> MonthChanged(7) = (2024-07)
+key Escape       -> DateChanged(2024-05-01) MonthChanged(5) CloseUp() = 2024-05-01
+key F4           -> DropDown(False)
+key Escape       -> CloseUp()
+key F4           -> DropDown(False)
+key Right        -> DateChanged(2024-05-02) DayChanged(2) = 2024-05-02
+key Space        -> CloseUp()
+key F4           -> DropDown(False)
+let DateMin 2024-06-01 = 2024-06-01
+key Escape       -> CloseUp()
 )";
 
 }  // namespace velmora::test

@@ -17,6 +17,7 @@ public:
 
     /// Returns what has been done, for messages.
     std::string Step() {
+        if (Random(0, 20) == 0) m_calendar.ExtendedNavigation(Random(0, 1) == 1);
         switch (Random(0, 8)) {
             case 0: return Date(Random(-40, 40));
             case 1: return Key();

@@ -84,6 +84,7 @@ public:
     bool captured = false;
     std::optional<Point> cursor;
     std::function<void()> focused;
+    std::function<void()> repeated;
     FakeChild monthList, yearText, yearSpinner, dateScroll;
     int childrenMade = 0;
 
@@ -108,6 +109,7 @@ public:
     }
     void SetCapture() override { captured = true; }
     void ReleaseCapture() override { captured = false; }
+    void Repeat(std::function<void()> act) override { repeated = std::move(act); }
     Point ClientToScreen(Point p) const override { return {p.x + screen.left, p.y + screen.top}; }
     Point ScreenToClient(Point p) const override { return {p.x - screen.left, p.y - screen.top}; }
     std::optional<Point> GetCursorPos() const override { return cursor; }

@@ -1,10 +1,12 @@
 #include "VelmoraCalendar/VmCalendarWidget.h"
 
 #include "hosts/qt/widgets/VmCalendarHost.h"
+#include "hosts/qt/windows/QtInput.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <utility>
 
@@ -79,6 +81,8 @@ void VmCalendarWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (isVisible()) calendar().OnWindowChanged();
 }
+
+void VmCalendarWidget::wheelEvent(QWheelEvent* event) { TellWheel(calendar(), *event); }
 
 /// The Tab key passes the grid and its selectors in one go, whatever order of its own widgets the
 /// window was given.

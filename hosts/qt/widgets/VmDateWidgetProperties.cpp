@@ -66,6 +66,14 @@ void VmDateWidget::setDayPictureAlignment(PictureAlignment value) {
     m_host->Let(kDayPictureAlignment, value);
 }
 
+bool VmDateWidget::extendedNavigation() const {
+    return m_host->With([](auto& control) { return control.ExtendedNavigation(); });
+}
+void VmDateWidget::setExtendedNavigation(bool value) {
+    m_host->With([value](auto& control) { control.ExtendedNavigation(value); });
+    m_host->PropertyChanged("extendedNavigation");
+}
+
 VmDateWidget::WeekDay VmDateWidget::firstDayOfWeek() const {
     return m_host->Get<WeekDay>(kFirstDayOfWeek);
 }

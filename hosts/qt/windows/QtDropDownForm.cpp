@@ -11,6 +11,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include <utility>
@@ -185,6 +186,11 @@ void QtDropDownForm::mouseMoveEvent(QMouseEvent* event) {
 void QtDropDownForm::mouseReleaseEvent(QMouseEvent* event) {
     m_pressed = false;
     TellMouse(m_form.Calendar(), &VmCalendar::OnMouseUp, *event);
+}
+
+/// With the capture it arrives here wherever the pointer is.
+void QtDropDownForm::wheelEvent(QWheelEvent* event) {
+    if (rect().contains(event->position().toPoint())) TellWheel(m_form.Calendar(), *event);
 }
 
 }  // namespace velmora

@@ -9,6 +9,8 @@
 
 #include <QCursor>
 #include <QPixmap>
+#include <QStyle>
+#include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
@@ -46,6 +48,8 @@ Point ToPoint(QPoint point) { return {point.x(), point.y()}; }
 
 QtWindowing::QtWindowing(QWidget& widget, SelectorInput* input)
     : m_widget(widget), m_input(input), m_knownEnabled(Enabled()) {}
+
+QtWindowing::~QtWindowing() = default;
 
 WindowHandle QtWindowing::Handle() const { return QtDrawing::HandleOf(&m_widget); }
 
@@ -97,6 +101,26 @@ void QtWindowing::ApplyPointer() {
 }
 
 void QtWindowing::SetFocus() { m_widget.setFocus(Qt::OtherFocusReason); }
+
+void QtWindowing::Repeat(std::function<void()> act) {
+    m_repeated = std::move(act);
+    if (!m_repeated) {
+        if (m_repeat) m_repeat->stop();
+        return;
+    }
+    const auto delay = [this](QStyle::StyleHint hint) {
+        return m_widget.style()->styleHint(hint, nullptr, &m_widget);
+    };
+    if (!m_repeat) {
+        m_repeat = std::make_unique<QTimer>(&m_widget);
+        QObject::connect(m_repeat.get(), &QTimer::timeout, [this, delay] {
+            m_repeat->setInterval(delay(QStyle::SH_SpinBox_ClickAutoRepeatRate));
+            const auto repeated = m_repeated;  // which may end with the widget
+            repeated();
+        });
+    }
+    m_repeat->start(delay(QStyle::SH_SpinBox_ClickAutoRepeatThreshold));
+}
 
 Point QtWindowing::ClientToScreen(Point point) const {
     return ToPoint(m_widget.mapToGlobal(QPoint(point.x, point.y)));

@@ -3,6 +3,7 @@
 #include "platform/Hosting.h"
 #include "platform/Windowing.h"
 
+class QTimer;
 class QWidget;
 
 namespace velmora {
@@ -14,6 +15,7 @@ class SelectorInput;
 class QtWindowing : public Windowing {
 public:
     explicit QtWindowing(QWidget& widget, SelectorInput* input = nullptr);
+    ~QtWindowing() override;
 
     WindowHandle Handle() const override;
     Size ClientSize() const override;
@@ -36,6 +38,8 @@ public:
     /// Qt holds the mouse by itself while a button is down.
     void SetCapture() override {}
     void ReleaseCapture() override {}
+    /// With the delays of the style's spin boxes.
+    void Repeat(std::function<void()> act) override;
     Point ClientToScreen(Point point) const override;
     Point ScreenToClient(Point point) const override;
     std::optional<Point> GetCursorPos() const override;
@@ -53,6 +57,8 @@ private:
 
     QWidget& m_widget;
     SelectorInput* m_input;
+    std::unique_ptr<QTimer> m_repeat;  // made for the first button that is held
+    std::function<void()> m_repeated;
     PictureRef m_icon;
     std::int32_t m_dropMode = 0;
     std::int16_t m_pointer = 0;

@@ -1,7 +1,10 @@
 #include "hosts/qt/windows/QtInput.h"
 
+#include "calendar/VmCalendar.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 #include <utility>
 
@@ -96,6 +99,10 @@ MouseInput MouseInputOf(const QMouseEvent& event) {
     const bool moves = event.type() == QEvent::MouseMove;
     return {ButtonsOf(moves ? event.buttons() : event.button()), ShiftOf(event.modifiers()),
             static_cast<float>(event.position().x()), static_cast<float>(event.position().y())};
+}
+
+void TellWheel(VmCalendar& calendar, QWheelEvent& event) {
+    event.setAccepted(calendar.OnWheel(event.angleDelta().y(), ShiftOf(event.modifiers())));
 }
 
 }  // namespace velmora

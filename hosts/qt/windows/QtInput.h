@@ -6,6 +6,7 @@
 
 class QKeyEvent;
 class QMouseEvent;
+class QWheelEvent;
 
 /// Keys and buttons in the numbers of the published events.
 namespace velmora {
@@ -27,6 +28,10 @@ struct MouseInput {
     float y;
 };
 MouseInput MouseInputOf(const QMouseEvent& event);
+
+class VmCalendar;
+/// Leaves it to the widgets around when the calendar has no use for it.
+void TellWheel(VmCalendar& calendar, QWheelEvent& event);
 
 template <class Control>
 void TellMouse(Control& control, void (Control::*member)(std::int16_t, std::int16_t, float, float),

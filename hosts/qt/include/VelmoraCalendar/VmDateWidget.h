@@ -49,6 +49,8 @@ class VELMORA_QT_API VmDateWidget : public QWidget {
             RESET resetDayOtherMonthForeColor NOTIFY dayOtherMonthForeColorChanged)
     Q_PROPERTY(PictureAlignment dayPictureAlignment READ dayPictureAlignment WRITE
                    setDayPictureAlignment NOTIFY dayPictureAlignmentChanged)
+    Q_PROPERTY(bool extendedNavigation READ extendedNavigation WRITE setExtendedNavigation NOTIFY
+                   extendedNavigationChanged)
     Q_PROPERTY(WeekDay firstDayOfWeek READ firstDayOfWeek WRITE setFirstDayOfWeek NOTIFY
                    firstDayOfWeekChanged)
     Q_PROPERTY(Appearance monthAppearance READ monthAppearance WRITE setMonthAppearance NOTIFY
@@ -160,6 +162,9 @@ public:
     TextAlignment dayNumberAlignment() const;
     QColor dayOtherMonthForeColor() const;
     PictureAlignment dayPictureAlignment() const;
+    /// More keys and the wheel, as docs/input.md lists them: Home, End, Ctrl+Home, Space, Enter and
+    /// an Escape that gives back the date of before; a held arrow button repeats. Off by default.
+    bool extendedNavigation() const;
     WeekDay firstDayOfWeek() const;
     Appearance monthAppearance() const;
     QColor monthBackColor() const;
@@ -192,6 +197,7 @@ public Q_SLOTS:
     void setDayNumberAlignment(TextAlignment value);
     void setDayOtherMonthForeColor(const QColor& value);
     void setDayPictureAlignment(PictureAlignment value);
+    void setExtendedNavigation(bool value);
     void setFirstDayOfWeek(WeekDay value);
     void setMonthAppearance(Appearance value);
     void setMonthBackColor(const QColor& value);
@@ -249,6 +255,7 @@ Q_SIGNALS:
     void dayNumberAlignmentChanged();
     void dayOtherMonthForeColorChanged();
     void dayPictureAlignmentChanged();
+    void extendedNavigationChanged();
     void firstDayOfWeekChanged();
     void monthAppearanceChanged();
     void monthBackColorChanged();
