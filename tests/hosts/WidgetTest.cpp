@@ -70,6 +70,37 @@ TEST(VmCalendarWidget, KeysAreAcceptedWhenUsed) {
     }
 }
 
+/// Each with its focus to be seen, and what a key of it does.
+TEST(VmCalendarWidget, TabReachesTheSelectorsOfEveryStyle) {
+    for (const auto& [style, selectors] : {std::pair(Widget::MonthSelNone, ""),
+                                           {Widget::MonthSelArrows, ""},
+                                           {Widget::MonthSelCombo, "QComboBox QLineEdit "},
+                                           {Widget::MonthSelScrollbar, "QScrollBar "}}) {
+        QWidget window;
+        auto* const widget = new Widget(&window);
+        auto* const behind = new QLineEdit(&window);
+        widget->setMonthYearSelStyle(style);
+        Prepare(window);
+        Prepare(*widget);
+        window.activateWindow();
+        widget->setFocus();
+        SendKey(widget, Qt::Key_Tab);
+        std::string reached;
+        for (QWidget* at; (at = QApplication::focusWidget()) != behind && at != widget;) {
+            reached += std::string(at->metaObject()->className()) + ' ';
+            const QImage focused = at->grab().toImage();
+            SendKey(at, Qt::Key_PageUp);
+            QApplication::processEvents();
+            EXPECT_NE(widget->shownDate(), kMay15) << reached;
+            widget->setDateValue(kMay15.addDays(1));
+            widget->setDateValue(kMay15);
+            SendKey(at, Qt::Key_Tab);
+            EXPECT_NE(at->grab().toImage(), focused) << reached;
+        }
+        EXPECT_EQ(reached, selectors);
+    }
+}
+
 using Box = VmCalDropDownWidget;
 
 QtDropDownForm& TheForm() { return *QtDropDownForm::Shared(); }

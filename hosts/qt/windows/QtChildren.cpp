@@ -142,6 +142,7 @@ std::unique_ptr<ScrollBar> MakeYearSpinner(QWidget& parent, SelectorInput& input
 std::unique_ptr<ScrollBar> MakeDateScroll(QWidget& parent, SelectorInput& input) {
     auto* const bar = new SelectorBar(Qt::Horizontal, parent, input, &VmCalendar::OnDateScroll);
     bar->setPageStep(12);  // months
+    bar->setFocusPolicy(Qt::TabFocus);
     return std::make_unique<QtScroll>(bar, VmDateWidget::tr("Month"));
 }
 

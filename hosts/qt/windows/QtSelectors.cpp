@@ -5,7 +5,9 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
+#include <QStyleOptionFocusRect>
 #include <QWheelEvent>
 
 #include <string>
@@ -160,6 +162,16 @@ SelectorBar::SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorI
     setFocusPolicy(Qt::NoFocus);
     setContextMenuPolicy(Qt::NoContextMenu);  // its own menu would outlive a deleted calendar
     connect(this, &QScrollBar::valueChanged, this, [this] { PostValue(); });
+}
+
+void SelectorBar::paintEvent(QPaintEvent* event) {
+    QScrollBar::paintEvent(event);
+    if (!hasFocus()) return;
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect.adjust(1, 1, -1, -1);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
 
 void SelectorBar::PostValue() {

@@ -61,6 +61,10 @@ public:
     SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorInput& input,
                 Handler handler);
 
+protected:
+    /// Shows the focus, which styles leave out of scroll bars.
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void PostValue();
 
