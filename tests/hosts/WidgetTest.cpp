@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
+#include <QTest>
+#include <QTimer>
 
 namespace velmora {
 namespace {
@@ -99,6 +101,40 @@ TEST(VmCalendarWidget, TabReachesTheSelectorsOfEveryStyle) {
         }
         EXPECT_EQ(reached, selectors);
     }
+}
+
+TEST(VmCalendarWidget, AFingerTapsTurnsAndAsksForTheMenu) {
+    Widget widget;
+    Prepare(widget);
+    widget.setContextMenuPolicy(Qt::CustomContextMenu);
+    QApplication::processEvents();  // the first paint's event
+    Names told;
+    QObject::connect(&widget, &Widget::dateChanged,
+                     [&](QDate date) { told.push_back("day " + std::to_string(date.day())); });
+    QObject::connect(&widget, &Widget::monthChanged,
+                     [&](int month) { told.push_back("month " + std::to_string(month)); });
+    QObject::connect(&widget, &Widget::customContextMenuRequested, [&] { told.push_back("menu"); });
+    static QPointingDevice* const screen = QTest::createTouchDevice();
+    const QPoint at = CellOf(widget.calendar(), kMay15.addDays(2)).center();
+    const auto touch = [&](QPoint way, bool isLong = false) {
+        QTest::touchEvent(&widget, screen).press(0, at);
+        for (auto* const timer : widget.findChildren<QTimer*>()) {
+            QTimerEvent event(timer->timerId());
+            if (isLong && timer->isActive()) QApplication::sendEvent(timer, &event);
+        }
+        QTest::touchEvent(&widget, screen).move(0, at + way);
+        QTest::touchEvent(&widget, screen).release(0, at + way);
+        QApplication::processEvents();
+    };
+    touch({});  // Qt makes a click of it
+    widget.setExtendedNavigation(true);
+    widget.setDateValue(kMay15);
+    touch({});
+    touch({-70, 5});
+    touch({70, 5});
+    touch({70, 60});
+    touch({}, true);
+    EXPECT_EQ(told, (Names{"day 17", "day 15", "day 17", "month 6", "month 5", "menu"}));
 }
 
 using Box = VmCalDropDownWidget;

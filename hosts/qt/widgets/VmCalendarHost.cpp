@@ -41,6 +41,11 @@ bool VmCalendarWidget::Host::ShowToolTip(const QHelpEvent& event) {
     return true;
 }
 
+bool VmCalendarWidget::Host::Touch(const QTouchEvent& event) {
+    if (!m_touch) m_touch = std::make_unique<QtTouch>(m_widget, calendar);
+    return m_touch->Take(event);
+}
+
 QAccessibleInterface* VmCalendarWidget::Host::NewAccess() {
     return new CalendarAccess(m_widget, calendar, m_lifetime);
 }

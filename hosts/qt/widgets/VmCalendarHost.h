@@ -4,10 +4,13 @@
 #include "calendar/SelectorInput.h"
 #include "hosts/qt/widgets/DateWidgetHost.h"
 #include "hosts/qt/windows/QtClock.h"
+#include "hosts/qt/windows/QtTouch.h"
 
 #include <QDate>
 #include <QHash>
 #include <QString>
+
+#include <memory>
 
 class QHelpEvent;
 class QPainter;
@@ -24,6 +27,8 @@ public:
     bool Paint(QPainter& painter, const QRegion& exposed);
     /// False when the day under the mouse has none.
     bool ShowToolTip(const QHelpEvent& event);
+    /// Whether the finger's event has been used.
+    bool Touch(const QTouchEvent& event);
     void LoseMouse() override { calendar.OnCaptureLost(); }
     bool TakeSelectorInput() override { return m_input.Deliver(calendar); }
 
@@ -42,7 +47,8 @@ public:
 
 private:
     QtClock m_clock;
-    Lifetime m_lifetime;  // ends first
+    std::unique_ptr<QtTouch> m_touch;  // made for the first finger
+    Lifetime m_lifetime;               // ends first
 };
 
 }  // namespace velmora

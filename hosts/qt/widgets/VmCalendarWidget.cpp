@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTouchEvent>
 #include <QWheelEvent>
 
 #include <utility>
@@ -109,6 +110,12 @@ bool VmCalendarWidget::event(QEvent* event) {
         case QEvent::ChildPolished: ChainChildren(); break;
         case QEvent::ToolTip:
             if (Own().ShowToolTip(static_cast<QHelpEvent&>(*event))) return true;
+            break;
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+            if (m_host && Own().Touch(static_cast<QTouchEvent&>(*event))) return true;
             break;
         case QEvent::FocusIn:
             if (!m_host) break;  // a selector that ends with it has left it the focus

@@ -70,6 +70,7 @@ bool VmDateWidget::extendedNavigation() const {
     return m_host->With([](auto& control) { return control.ExtendedNavigation(); });
 }
 void VmDateWidget::setExtendedNavigation(bool value) {
+    setAttribute(Qt::WA_AcceptTouchEvents, value);
     m_host->With([value](auto& control) { control.ExtendedNavigation(value); });
     m_host->PropertyChanged("extendedNavigation");
 }

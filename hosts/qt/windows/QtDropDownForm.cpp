@@ -11,6 +11,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QTouchEvent>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -68,11 +69,13 @@ QtDropDownForm::QtDropDownForm()
       m_drawing(this),
       m_dates(DateLocaleOf(locale()), LocalNow),
       m_timer(this),
-      m_form({m_drawing, m_windowing, m_dates, m_hosting}, *this) {
+      m_form({m_drawing, m_windowing, m_dates, m_hosting}, *this),
+      m_touch(*this, m_form.Calendar()) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_X11DoNotAcceptFocus);
     setAttribute(Qt::WA_X11NetWmWindowTypeCombo);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_AcceptTouchEvents);
     setMouseTracking(true);
     m_timer.setInterval(kTick);
     connect(&m_timer, &QTimer::timeout, this, &QtDropDownForm::Tick);
@@ -146,6 +149,19 @@ void QtDropDownForm::Timer(bool on) {
 void QtDropDownForm::Tick() {
     m_windowing.TakeCapture();
     m_form.OnTimer();
+}
+
+bool QtDropDownForm::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+            if (m_touch.Take(static_cast<QTouchEvent&>(*event))) return true;
+            break;
+        default: break;
+    }
+    return QWidget::event(event);
 }
 
 void QtDropDownForm::paintEvent(QPaintEvent* event) {

@@ -3,6 +3,7 @@
 #include "dropdown/DropDownForm.h"
 #include "hosts/qt/drawing/QtDrawing.h"
 #include "hosts/qt/windows/QtHost.h"
+#include "hosts/qt/windows/QtTouch.h"
 #include "platform/dates/Dates.h"
 
 #include <QList>
@@ -70,6 +71,7 @@ public:
     void FollowOwner();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -96,6 +98,7 @@ private:
     QPointer<QWidget> m_box;             // that it is open for
     QList<QPointer<QWidget>> m_watched;  // the widgets around the box, up to its window
     DropDownForm m_form;                 // ends before what it stands on
+    QtTouch m_touch;
 };
 
 }  // namespace velmora
