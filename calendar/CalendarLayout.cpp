@@ -9,6 +9,8 @@ namespace {
 
 constexpr int kFrame = 2;        // the outer frame, both sides together
 constexpr int kLargest = 32767;  // of a window's width and height
+constexpr int kLeastArrow = 15;  // both sides of a button
+constexpr int kSelectorGap = 10;
 
 bool HasWeekDayRow(const CalendarState& state) noexcept {
     return state.weekDayDisplay >= VmWeekDayFullName && state.weekDayDisplay <= VmWeekDayLetter;
@@ -40,7 +42,7 @@ void LayoutRows(CalendarLayout& layout, const CalendarState& state,
 
 void LayoutArrows(CalendarLayout& layout, int captionWidth) noexcept {
     const int quarter = FloorDiv(layout.client.width - 8 - captionWidth, 4);
-    const int size = std::max(std::min({layout.monthBandHeight - 2, quarter, 40}), 15);
+    const int size = std::max(std::min({layout.monthBandHeight - 2, quarter, 40}), kLeastArrow);
     const int top = 1 + FloorDiv(layout.monthBandHeight - size, 2);
     const auto button = [&](int left) { return Rect{left, top, left + size, top + size}; };
     const int rightEdge = layout.client.width - 3;
@@ -52,13 +54,13 @@ void LayoutArrows(CalendarLayout& layout, int captionWidth) noexcept {
 
 /// Right to left: year spinner, year box beside it, month list.
 void LayoutCombo(CalendarLayout& layout, const LayoutMetrics& metrics) noexcept {
-    constexpr int kGap = 10;
     const int top = (layout.monthBandHeight - metrics.yearText.height) / 2 + 1;
-    const int spinner = layout.client.width - 1 - kGap - metrics.yearSpinner.width;
+    const int spinner = layout.client.width - 1 - kSelectorGap - metrics.yearSpinner.width;
     const int year = spinner - metrics.yearText.width;
     layout.yearSpinner = RectAt(spinner, top, metrics.yearSpinner);
     layout.yearText = RectAt(year, top, metrics.yearText);
-    layout.monthList = RectAt(year - kGap - metrics.monthList.width, top, metrics.monthList);
+    layout.monthList =
+        RectAt(year - kSelectorGap - metrics.monthList.width, top, metrics.monthList);
 }
 
 LayoutMetrics Bounded(LayoutMetrics metrics) noexcept {
@@ -105,6 +107,33 @@ CalendarLayout LayoutCalendar(const CalendarState& state, const LayoutMetrics& g
         case VmMonthSelNone: break;
     }
     return layout;
+}
+
+Size ClientFor(const CalendarState& state, const LayoutMetrics& given,
+               const TextExtents& texts) noexcept {
+    const LayoutMetrics metrics = Bounded(given);
+    const Size weekDay = HasWeekDayRow(state) ? texts.weekDay : Size{};
+    const int columns = state.showWeekend ? 7 : 5;
+    const int weekRows = HasWeekDayRow(state) ? 7 : 6;
+    const int text = std::max({texts.cell.height, weekDay.height, texts.title.height});
+    const int row = text + 2 * kTextInsetY + kFrame;  // a cell's own edges are as its frame
+    const int column = std::max(texts.cell.width, weekDay.width) + 2 * kTextInsetX + kFrame;
+    int band = row;
+    int least = texts.title.width + 5;
+    int below = 0;
+    switch (state.monthYearSelStyle) {
+        case VmMonthSelArrows:
+            least = std::max(texts.title.width, metrics.captionWidth) + 8 + 4 * kLeastArrow;
+            break;
+        case VmMonthSelCombo:
+            band = std::max(row, metrics.monthList.height + kFrame);
+            least = 4 + 2 * kSelectorGap + metrics.monthList.width + metrics.yearText.width +
+                    metrics.yearSpinner.width;
+            break;
+        case VmMonthSelScrollbar: below = metrics.dateScroll.height; break;
+        case VmMonthSelNone: break;
+    }
+    return {std::max(columns * column + kFrame, least), band + weekRows * row + kFrame + below};
 }
 
 MonthGrid GridOf(const CalendarState& state, const CalendarLayout& layout) noexcept {

@@ -18,6 +18,9 @@ constexpr int MonthsOf(Arrow arrow) noexcept {
     return kMonths[static_cast<int>(arrow)];
 }
 
+inline constexpr int kTextInsetX = 2;  // pixels between a cell's edge and its texts
+inline constexpr int kTextInsetY = 1;
+
 /// What the layout depends on besides the state.
 struct LayoutMetrics {
     Size client;
@@ -57,6 +60,17 @@ struct CalendarLayout {
 
 /// Total: any state and any size give a layout, whose parts may be empty or inverted.
 CalendarLayout LayoutCalendar(const CalendarState& state, const LayoutMetrics& given) noexcept;
+
+/// How large the texts are that a calendar shows.
+struct TextExtents {
+    Size cell;  // what a day shows at least
+    Size weekDay;
+    Size title;
+};
+
+/// The smallest client area whose layout cuts none of the texts and no selector.
+Size ClientFor(const CalendarState& state, const LayoutMetrics& given,
+               const TextExtents& texts) noexcept;
 
 /// The grid of the shown month in that layout.
 MonthGrid GridOf(const CalendarState& state, const CalendarLayout& layout) noexcept;

@@ -14,9 +14,6 @@
 namespace velmora {
 namespace {
 
-constexpr int kTextInsetX = 2;  // pixels between a cell's edge and its texts
-constexpr int kTextInsetY = 1;
-
 constexpr bool Intersects(const Rect& a, const Rect& b) noexcept {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
@@ -64,12 +61,8 @@ std::uint32_t AlignmentToTextFlags(VmTextAlignmentConstants alignment) noexcept 
 }
 
 int WidestCaption(Drawing& drawing, const StdFont& font) {
-    const OwnedSurface memory(drawing, drawing.CreateCompatibleDC(SurfaceHandle::None));
-    const OwnedObject object(drawing, drawing.CreateFontIndirectA(FontToLogFont(font)));
-    const Selection selected(drawing, memory.Get(), object);
-    Rect extent;
-    drawing.DrawTextA(memory.Get(), "September 2999", extent, kTextSingleLine | kTextCalcRect);
-    return extent.right;
+    const std::string widest = "September 2999";
+    return ExtentOf(drawing, font, {&widest, 1}).width;
 }
 
 CalendarPainter::CalendarPainter(Drawing& drawing, const CalendarView& view)

@@ -46,6 +46,8 @@ public:
     /// What lies in the rectangles, and possibly more of it: single cells and bands are drawn in
     /// place, anything else is a paint of the whole.
     void PaintExposed(SurfaceHandle window, std::span<const Rect> exposed);
+    /// The week day's name as the column shows it.
+    std::string WeekDayCaption(int column) const;
 
 private:
     struct CellColors {
@@ -82,7 +84,6 @@ private:
     bool IsSelected(DayNumber day) const noexcept;
     ObjectHandle GroundBrush(OLE_COLOR color);
     void UseTextColor(SurfaceHandle surface, OLE_COLOR color);
-    std::string WeekDayCaption(int column) const;
 
     Drawing& m_drawing;
     const CalendarView& m_view;

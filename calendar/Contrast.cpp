@@ -19,13 +19,12 @@ double LuminanceOf(Rgb color) noexcept {
     return 0.2126 * linear(0) + 0.7152 * linear(8) + 0.0722 * linear(16);
 }
 
-/// 1..21.
+}  // namespace
+
 double ContrastOf(Rgb a, Rgb b) noexcept {
     const auto [dark, light] = std::minmax({LuminanceOf(a), LuminanceOf(b)});
     return (light + 0.05) / (dark + 0.05);
 }
-
-}  // namespace
 
 bool IsReadable(Rgb text, Rgb ground) noexcept { return ContrastOf(text, ground) >= kLeast; }
 

@@ -4,8 +4,10 @@
 
 namespace velmora {
 
-/// Whether text of the first colour can be read on the second: 3 to 1, by the contrast ratio of the
-/// W3C's Web Content Accessibility Guidelines.
+/// The contrast ratio of the W3C's Web Content Accessibility Guidelines, 1..21.
+double ContrastOf(Rgb a, Rgb b) noexcept;
+
+/// Whether text of the first colour can be read on the second: 3 to 1.
 bool IsReadable(Rgb text, Rgb ground) noexcept;
 
 /// Black or white, whichever reads better on that ground.

@@ -92,7 +92,7 @@ void VmCalendar::AboutBox() { m_platform.hosting.ShowAboutBox(kAbout); }
 
 // Painting
 
-CalendarLayout VmCalendar::ComputeLayout() {
+LayoutMetrics VmCalendar::Measure() {
     for (FontRef* font : {&m_state.monthFont, &m_state.weekDayFont, &m_state.dayFont}) {
         if (!*font) *font = m_platform.hosting.AmbientFont();
     }
@@ -102,7 +102,33 @@ CalendarLayout VmCalendar::ComputeLayout() {
     if (m_state.monthYearSelStyle == VmMonthSelArrows) {
         metrics.captionWidth = WidestCaption(m_platform.drawing, *m_state.monthFont);
     }
-    return LayoutCalendar(m_state, metrics);
+    return metrics;
+}
+
+/// With so many lines of text in a cell.
+Size VmCalendar::SizeFor(double lines) {
+    const LayoutMetrics metrics = Measure();
+    CalendarState state = m_state;
+    const CalendarView view{.state = state,
+                            .layout = m_layout,
+                            .days = *m_days,
+                            .dates = m_platform.dates,
+                            .chosen = {},
+                            .pressedArrow = {}};
+    const CalendarPainter painter(m_platform.drawing, view);
+    std::vector<std::string> names, titles;
+    for (int column = 0; column < 7; ++column) names.push_back(painter.WeekDayCaption(column));
+    for (int month = 1; month <= 12; ++month) {
+        state.shownDate = DateOf(DayFromCivil(2999, month, 1));
+        titles.push_back(MonthTitle(view, state.monthDisplay == VmMonthAbbrName ? "mmm" : "mmmm"));
+    }
+    const std::string number = "00";
+    Size cell = ExtentOf(m_platform.drawing, *state.dayFont, {&number, 1});
+    cell.height = static_cast<std::int32_t>(std::lround(cell.height * lines));
+    if (lines > 1) cell.width = std::max(cell.width, cell.height * 3 / 2);
+    return ClientFor(state, metrics,
+                     {cell, ExtentOf(m_platform.drawing, *state.weekDayFont, names),
+                      ExtentOf(m_platform.drawing, *state.monthFont, titles)});
 }
 
 void VmCalendar::UpdateLayout() {

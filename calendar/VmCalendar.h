@@ -239,6 +239,11 @@ public:
     /// The layout of what is on the screen, for hit tests.
     const CalendarLayout& Layout();
     std::optional<DayNumber> DateFromPoint(float x, float y);
+    /// The smallest client area that cuts no number, no name of a week day or month, and no
+    /// selector, in the fonts and the language as they are; and one that is pleasant to read, with
+    /// cells wider than high. For hosts that are asked how large a calendar wants to be.
+    Size LeastSize() { return SizeFor(1); }
+    Size UsualSize() { return SizeFor(1.5); }
     /// What is on the screen, in words and places.
     CalendarDescription Describe();
     /// Nothing for a day that is not to be seen.
@@ -394,7 +399,9 @@ private:
     bool IsPaintable() const noexcept {
         return m_state.ready && !m_state.noRepaintControl && !m_copying;
     }
-    CalendarLayout ComputeLayout();
+    LayoutMetrics Measure();
+    CalendarLayout ComputeLayout() { return LayoutCalendar(m_state, Measure()); }
+    Size SizeFor(double lines);
     void UpdateLayout();
     /// What all parts of the screen show together, as of the last repaint that was asked for.
     struct Screen {

@@ -6,6 +6,9 @@
 
 namespace velmora {
 
+/// What a box shows around its text: frames, distances and the button.
+inline constexpr Size kAroundBoxText{26, 10};
+
 /// What a date box looks like at one moment.
 struct DropDownView {
     Size client;

@@ -4,6 +4,7 @@
 #include "platform/FlagScope.h"
 #include "platform/ScaleMode.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -113,11 +114,34 @@ void VmCalDropDown::AboutBox() { m_form.Calendar().AboutBox(); }
 
 void VmCalDropDown::RepaintControl() { m_platform.drawing.InvalidateRect(hWnd(), nullptr); }
 
-void VmCalDropDown::OnPaint(SurfaceHandle surface) {
+const StdFont& VmCalDropDown::Font() {
     if (!m_box.comboFont) m_box.comboFont = m_platform.hosting.AmbientFont();
+    return *m_box.comboFont;
+}
+
+/// The longest month's name with each week day's; all on days of two digits.
+Size VmCalDropDown::UsualSize() {
+    const auto extent = [this](DayNumber day) {
+        const std::string text = m_platform.dates.Format(DateOf(day), m_box.dateFormat);
+        return ExtentOf(m_platform.drawing, Font(), {&text, 1});
+    };
+    DayNumber longest = 0;
+    Size size;
+    for (int month = 1; month <= 12; ++month) {
+        const DayNumber day = DayFromCivil(2888, month, 20);
+        const DayNumber sameWeekDay = day + 6 - day % 7;  // 20..26
+        const Size wanted = extent(sameWeekDay);
+        if (wanted.width > size.width) longest = sameWeekDay;
+        size = {std::max(size.width, wanted.width), std::max(size.height, wanted.height)};
+    }
+    for (int i = 1; i < 7; ++i) size.width = std::max(size.width, extent(longest - i).width);
+    return {size.width + kAroundBoxText.width, size.height + kAroundBoxText.height};
+}
+
+void VmCalDropDown::OnPaint(SurfaceHandle surface) {
     const DropDownView view{.client = m_platform.windowing.ClientSize(),
                             .text = m_text,
-                            .font = *m_box.comboFont,
+                            .font = Font(),
                             .enabled = TakesInput(),
                             .focused = m_hasFocus,
                             .buttonDown = m_buttonDown};

@@ -127,6 +127,8 @@ public:
     void ExtendedNavigation(bool value);
     WindowHandle hWnd() const { return m_platform.windowing.Handle(); }
 
+    /// A client area that holds the longest date of the format in the present font and language.
+    Size UsualSize();
     void RepaintControl();
     /// Raise the events of these names; nothing else.
     void MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
@@ -187,6 +189,7 @@ private:
     void Announce(std::string_view key, BoxEffect effect);
     void Notify(std::string_view key) { m_platform.hosting.PropertyChanged(key); }
     void UpdateDateText(Date date);
+    const StdFont& Font();
     void TakeCalendarDate();
     void CopyDecoration(Date day);
 

@@ -1,5 +1,7 @@
 #include "platform/DrawingScopes.h"
 
+#include <algorithm>
+
 namespace velmora {
 
 Rgb ResolveColor(Drawing& drawing, OLE_COLOR color) {
@@ -17,6 +19,19 @@ OwnedObject SolidPen(Drawing& drawing, OLE_COLOR color) {
 
 LogFont FontToLogFont(const StdFont& font) {
     return {font.name, font.size, font.bold, font.italic, font.underline, font.strikethrough};
+}
+
+Size ExtentOf(Drawing& drawing, const StdFont& font, std::span<const std::string> texts) {
+    const OwnedSurface memory(drawing, drawing.CreateCompatibleDC(SurfaceHandle::None));
+    const OwnedObject object(drawing, drawing.CreateFontIndirectA(FontToLogFont(font)));
+    const Selection selected(drawing, memory.Get(), object);
+    Size largest;
+    for (const std::string& text : texts) {
+        Rect extent;
+        drawing.DrawTextA(memory.Get(), text, extent, kTextSingleLine | kTextCalcRect);
+        largest = {std::max(largest.width, extent.right), std::max(largest.height, extent.bottom)};
+    }
+    return largest;
 }
 
 }  // namespace velmora

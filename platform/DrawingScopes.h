@@ -2,6 +2,8 @@
 
 #include "platform/Drawing.h"
 
+#include <span>
+#include <string>
 #include <utility>
 
 namespace velmora {
@@ -92,5 +94,7 @@ OwnedObject SolidBrush(Drawing& drawing, OLE_COLOR color);
 OwnedObject SolidPen(Drawing& drawing, OLE_COLOR color);
 /// The description of a font object as a logical font.
 LogFont FontToLogFont(const StdFont& font);
+/// The width of the widest and the height of the highest of those texts.
+Size ExtentOf(Drawing& drawing, const StdFont& font, std::span<const std::string> texts);
 
 }  // namespace velmora

@@ -216,6 +216,41 @@ TEST(CalendarPainter, SurvivesPicturesThatCannotBeDrawn) {
     EXPECT_GT(test.drawing.Of("picture").size(), 500u);
 }
 
+/// The texts of a paint at that size, all of which have room.
+std::vector<std::string> TextsAt(TestCalendar& test, Size size) {
+    test.screen = {0, 0, size.width, size.height};
+    test.calendar->OnWindowChanged();
+    test.drawing.Forget();
+    test.Paint();
+    std::vector<std::string> texts;
+    for (const StrictDrawing::Call& call : test.drawing.Of("text")) {
+        EXPECT_GE(call.rect.Width(), 6 * static_cast<int>(call.text.size())) << call.text;
+        EXPECT_GE(call.rect.Height(), 12) << call.text;
+        if (call.text != "September 2020") texts.push_back(call.text);  // not beside the list
+    }
+    return texts;
+}
+
+TEST(CalendarPainter, CutsNothingAtItsLeastSize) {
+    for (std::int32_t i = 0; i < 4 * 4 * 2; ++i) {
+        TestCalendar test;
+        VmCalendar& calendar = *test.calendar;
+        calendar.DateValue("9/16/2020");
+        calendar.LetMember("MonthYearSelStyle", i % 4);
+        calendar.LetMember("WeekDayDisplay", i / 4 % 4);
+        calendar.LetMember("ShowWeekend", i < 16);
+        SCOPED_TRACE(i);
+        EXPECT_EQ(TextsAt(test, calendar.LeastSize()), TextsAt(test, {900, 900}));
+        TextsAt(test, calendar.LeastSize());
+        const auto& [yearBack, yearForward, monthBack, monthForward] = calendar.Layout().arrows;
+        const bool hasArrows = i % 4 == VmMonthSelArrows, hasList = i % 4 == VmMonthSelCombo;
+        EXPECT_GE(monthForward.left - monthBack.right, hasArrows ? 14 * 6 : 0);
+        EXPECT_GE(calendar.Layout().monthList.left, hasList ? 1 : 0);
+        TextsAt(test, calendar.UsualSize());
+        EXPECT_GE(calendar.Layout().cellWidth, calendar.Layout().rowHeight);
+    }
+}
+
 TEST(CalendarPainter, PaintsAtAnySize) {
     for (const Size size : {Size{0, 0}, Size{1, 1}, Size{9, 9}, Size{3, 2000}, Size{-1, -1},
                             Size{INT_MAX, INT_MAX}, Size{INT_MIN, 7}}) {

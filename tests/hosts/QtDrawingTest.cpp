@@ -1,4 +1,5 @@
 #include "VelmoraCalendar/VmCalendarWidget.h"
+#include "calendar/Contrast.h"
 #include "calendar/VmCalendar.h"
 #include "hosts/qt/drawing/QtDrawing.h"
 
@@ -51,6 +52,20 @@ QImage Drawn(std::string_view text, const LogFont& description, Rgb color = 0) {
 }
 
 }  // namespace
+
+/// Indices of system colours: 17 grey text, 5 window, 15 face, 16 and 21 edges.
+TEST(QtDrawing, GreyTextAndEdgesAreSeenInEveryPalette) {
+    for (const QPalette& palette : {QPalette(), QPalette(Qt::black), QPalette(Qt::white),
+                                    QPalette(QColor(53, 53, 53)), QPalette(Qt::red)}) {
+        QWidget widget;
+        widget.setPalette(palette);
+        QtDrawing drawing(&widget);
+        for (const auto& [color, ground, least] :
+             {std::tuple(17, 5, 3.0), {17, 15, 3.0}, {16, 15, 1.1}, {21, 15, 1.1}}) {
+            EXPECT_GE(ContrastOf(drawing.GetSysColor(color), drawing.GetSysColor(ground)), least);
+        }
+    }
+}
 
 /// There is no bitmap of that size to paint on first.
 TEST(VmCalendarWidget, AnyExtentIsPainted) {

@@ -167,6 +167,42 @@ public:
     int closings = 0;
 };
 
+/// However the font comes to the widget; one that has been set stays.
+TEST(VmCalendarWidget, SizesFollowTheFont) {
+    const QFont before = QApplication::font();
+    const std::pair<const char*, std::function<void(QWidget&)>> ways[] = {
+        {"own", [](QWidget& widget) { widget.setFont(QFont("DejaVu Sans", 30)); }},
+        {"window", [](QWidget& widget) { widget.window()->setFont(QFont("DejaVu Sans", 30)); }},
+        {"style sheet", [](QWidget& widget) { widget.setStyleSheet("font: 30pt"); }},
+        {"application", [](QWidget&) { QApplication::setFont(QFont("DejaVu Sans", 30)); }}};
+    for (const auto& [way, grow] : ways) {
+        SCOPED_TRACE(way);
+        QWidget window;
+        Widget calendar(&window);
+        Box box(&window);
+        box.setDateFormat("Long Date");
+        calendar.setMonthFont(QFont("DejaVu Sans", 8));
+        Prepare(window);
+        const QSize least = calendar.minimumSizeHint(), usual = calendar.sizeHint();
+        const QSize small = box.sizeHint();
+        for (QWidget* const widget :
+             {static_cast<QWidget*>(&calendar), static_cast<QWidget*>(&box)})
+            grow(*widget);
+        QApplication::processEvents();
+        EXPECT_EQ(calendar.dayFont().pointSize(), 30);
+        EXPECT_EQ(calendar.monthFont().pointSize(), 8);
+        EXPECT_GT(calendar.minimumSizeHint().height(), 2 * least.height());
+        EXPECT_GT(calendar.sizeHint().width(), 2 * usual.width());
+        EXPECT_GT(box.sizeHint().width(), 2 * small.width());
+        const QFontMetrics metrics(box.comboFont());
+        for (int day = 0; day < 366; ++day) {
+            box.setDate(QDate(2024, 1, 1).addDays(day));
+            EXPECT_LE(metrics.horizontalAdvance(box.text()) + 26, box.sizeHint().width());
+        }
+        QApplication::setFont(before);
+    }
+}
+
 TEST(VmCalDropDownWidget, PropertiesFollowTheTable) {
     ExpectFollowsTheTable<Box>(test::kBoxRows, {"date", "dropDownState", "extendedNavigation",
                                                 "keepDropDownOnScreen", "oleDropMode"});
@@ -208,6 +244,9 @@ TEST(VmCalDropDownWidget, OpenCalendarLooksAsItsBox) {
     window.setPalette(QPalette(QColor(50, 50, 50)));
     EXPECT_EQ(TheForm().locale().language(), QLocale::German);
     EXPECT_EQ(TheForm().palette().color(QPalette::Button), QColor(50, 50, 50));
+    window.box->setFont(QFont("DejaVu Serif", 20));
+    TheForm().grab();
+    EXPECT_EQ(TheForm().Form().Calendar().DayFont()->size, 20);
     window.box->setDropDownState(false);
     window.box->setDropDownWidth(1 << 20);
     window.box->dropDownBox().DateValue(Variant(Date(45427.9999999999)));

@@ -1,5 +1,6 @@
 #include "hosts/qt/drawing/QtDrawing.h"
 
+#include "calendar/Contrast.h"
 #include "hosts/qt/drawing/QtCanvas.h"
 #include "hosts/qt/drawing/QtFrames.h"
 
@@ -65,28 +66,64 @@ Rgb ToRgb(const QColor& color) {
     return static_cast<Rgb>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16);
 }
 
-/// Disabled text; where a palette leaves it next to invisible, half way between text and ground.
+/// Disabled text; where a palette leaves it too faint on the grounds that it stands on, as much
+/// nearer to the text's own colour as it takes.
 QColor DisabledText(const QPalette& palette) {
-    constexpr int kLeastContrast = 48;  // of 255
-    const QColor disabled = palette.color(QPalette::Disabled, QPalette::Text);
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    if (std::abs(qGray(disabled.rgb()) - qGray(base.rgb())) >= kLeastContrast) return disabled;
-    const QColor text = palette.color(QPalette::Active, QPalette::Text);
-    return {(text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
-            (text.blue() + base.blue()) / 2};
+    const auto color = [&](QPalette::ColorGroup group, QPalette::ColorRole role) {
+        return palette.color(group, role);
+    };
+    const QColor faint = color(QPalette::Disabled, QPalette::Text);
+    const QColor text = color(QPalette::Active, QPalette::Text);
+    const Rgb grounds[] = {ToRgb(color(QPalette::Active, QPalette::Base)),
+                           ToRgb(color(QPalette::Active, QPalette::Button))};
+    constexpr int kSteps = 16;
+    for (int step = 0; step < kSteps; ++step) {
+        const auto mixed = [&](int from, int to) { return from + (to - from) * step / kSteps; };
+        const QColor mix(mixed(faint.red(), text.red()), mixed(faint.green(), text.green()),
+                         mixed(faint.blue(), text.blue()));
+        if (std::ranges::all_of(grounds, [&](Rgb on) { return IsReadable(ToRgb(mix), on); })) {
+            return mix;
+        }
+    }
+    return text;
+}
+
+/// A colour of edges; in palettes of high contrast, where all shades are the ground's, the text's.
+QColor EdgeColor(const QPalette& palette, QPalette::ColorRole role) {
+    constexpr double kLeast = 1.1;
+    const QColor edge = palette.color(QPalette::Active, role);
+    const QColor face = palette.color(QPalette::Active, QPalette::Button);
+    const bool isSeen = ContrastOf(ToRgb(edge), ToRgb(face)) >= kLeast;
+    return isSeen ? edge : palette.color(QPalette::Active, QPalette::ButtonText);
+}
+
+/// What takes computing, of the palette that was asked last.
+struct Shades {
+    qint64 palette;  // by its cache key
+    QColor disabledText, dark, shadow;
+};
+
+const Shades& ShadesOf(const QPalette& palette) {
+    static Shades last{-1, {}, {}, {}};
+    if (last.palette != palette.cacheKey()) {
+        last = {palette.cacheKey(), DisabledText(palette), EdgeColor(palette, QPalette::Dark),
+                EdgeColor(palette, QPalette::Shadow)};
+    }
+    return last;
 }
 
 gdi::FrameColors FrameColorsOf(const QPalette& palette) {
+    const Shades& shades = ShadesOf(palette);
     const auto pixel = [&](QPalette::ColorRole role) {
         return palette.color(QPalette::Active, role).rgb() | 0xFF000000;
     };
     return {pixel(QPalette::Button),
             pixel(QPalette::Light),
             pixel(QPalette::Midlight),
-            pixel(QPalette::Dark),
-            pixel(QPalette::Shadow),
+            shades.dark.rgb() | 0xFF000000,
+            shades.shadow.rgb() | 0xFF000000,
             pixel(QPalette::ButtonText),
-            DisabledText(palette).rgb() | 0xFF000000};
+            shades.disabledText.rgb() | 0xFF000000};
 }
 
 }  // namespace
@@ -124,8 +161,11 @@ QPalette QtDrawing::Palette() const {
 Rgb QtDrawing::GetSysColor(int index) {
     if (index < 0 || index >= static_cast<int>(kSystemRoles.size())) return 0;
     const QPalette palette = Palette();
-    if (index == kDisabledText) return ToRgb(DisabledText(palette));
-    return ToRgb(palette.color(QPalette::Active, kSystemRoles[static_cast<std::size_t>(index)]));
+    const auto role = kSystemRoles[static_cast<std::size_t>(index)];
+    if (index == kDisabledText) return ToRgb(ShadesOf(palette).disabledText);
+    if (role == QPalette::Dark) return ToRgb(ShadesOf(palette).dark);
+    if (role == QPalette::Shadow) return ToRgb(ShadesOf(palette).shadow);
+    return ToRgb(palette.color(QPalette::Active, role));
 }
 
 ObjectHandle QtDrawing::CreateBrushIndirect(const LogBrush& brush) {

@@ -135,6 +135,7 @@ void VmDateWidget::Host::EmitSafely(const std::function<void()>& signal) {
 
 void VmDateWidget::Host::PropertyChanged(std::string_view key) {
     TellReaders();
+    if (key != kDateValue.name) m_widget.updateGeometry();
     const QPointer<VmDateWidget> widget(&m_widget);
     const QByteArray name = QtNameOf(NameOfKey(BoxOrder(), key));
     if (key == kDateValue.name) {
@@ -180,11 +181,13 @@ void VmDateWidget::Host::EnabledChanged() {
 
 void VmDateWidget::Host::LocaleChanged() {
     m_dates.Locale(DateLocaleOf(m_widget.locale()));
+    m_widget.updateGeometry();
     With([](auto& control) { control.OnLocaleChanged(); });
 }
 
 void VmDateWidget::Host::LookChanged() {
     FontChanged();
+    m_widget.updateGeometry();
     const QPointer<VmDateWidget> widget(&m_widget);
     With([](auto& control) { control.RepaintControl(); });
     With([&](auto& control) { NotifyFollowers(control, Slots(), widget); });

@@ -94,9 +94,12 @@ void VmCalDropDownWidget::setMonthYearSelStyle(MonthYearSelStyle value) {
 
 void VmCalDropDownWidget::setNoLostFocus(bool value) { dropDownBox().NoLostFocus(value); }
 
-QSize VmCalDropDownWidget::sizeHint() const { return {120, fontMetrics().height() + 10}; }
+QSize VmCalDropDownWidget::sizeHint() const {
+    const Size size = Own().dropDown.UsualSize();
+    return {size.width, size.height};
+}
 
-QSize VmCalDropDownWidget::minimumSizeHint() const { return {40, fontMetrics().height() + 10}; }
+QSize VmCalDropDownWidget::minimumSizeHint() const { return sizeHint(); }
 
 /// Keys that close the calendar are no shortcuts of the form while it is open, and that which
 /// copies never is.

@@ -58,9 +58,15 @@ void VmCalendarWidget::setNoRepaintControl(bool value) { calendar().NoRepaintCon
 
 void VmCalendarWidget::setAlwaysDateChanged(bool value) { calendar().AlwaysDateChanged(value); }
 
-QSize VmCalendarWidget::sizeHint() const { return {250, 200}; }
+QSize VmCalendarWidget::sizeHint() const {
+    const Size size = Own().calendar.UsualSize();
+    return {size.width, size.height};
+}
 
-QSize VmCalendarWidget::minimumSizeHint() const { return {120, 100}; }
+QSize VmCalendarWidget::minimumSizeHint() const {
+    const Size size = Own().calendar.LeastSize();
+    return {size.width, size.height};
+}
 
 void VmCalendarWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);

@@ -184,7 +184,10 @@ void QtDropDownForm::changeEvent(QEvent* event) {
             break;
         case QEvent::PaletteChange:
         case QEvent::StyleChange:
-        case QEvent::FontChange: m_form.Calendar().RepaintControl(); break;
+        case QEvent::FontChange:
+            m_hosting.FontChanged();
+            m_form.Calendar().RepaintControl();
+            break;
         default: break;
     }
 }

@@ -66,6 +66,7 @@ public:
     bool keepDropDownOnScreen() const;
     MonthYearSelStyle monthYearSelStyle() const;
 
+    /// Holds the longest date of the format, in the font as it is.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -42,6 +42,8 @@ public:
     QDate dateValue() const;
     MonthYearSelStyle monthYearSelStyle() const;
 
+    /// Cells with room below their numbers, and the size below which something is cut; both follow
+    /// the fonts, the language, and what is shown.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
