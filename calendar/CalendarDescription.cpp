@@ -14,6 +14,16 @@ std::string WeekDayName(const CalendarView& view, int column, std::string_view f
     return view.dates.Format(DateOf(weekDay), form);                       // day 0 is a Saturday
 }
 
+const char* NameOf(Arrow arrow) noexcept {
+    switch (arrow) {
+        case Arrow::YearBack: return "Previous year";
+        case Arrow::YearForward: return "Next year";
+        case Arrow::MonthBack: return "Previous month";
+        case Arrow::MonthForward: break;
+    }
+    return "Next month";
+}
+
 std::optional<DayDescription> DescribeDay(const CalendarView& view, DayNumber day) {
     const MonthGrid grid = GridOf(view.state, view.layout);
     const auto cell = grid.DayCellRect(day);
@@ -39,6 +49,15 @@ CalendarDescription DescribeCalendar(const CalendarView& view) {
     CalendarDescription description;
     description.title = MonthTitle(view, "mmmm");
     description.titlePlace = view.layout.MonthBand();
+    if (view.state.monthYearSelStyle == VmMonthSelArrows) {
+        constexpr Arrow kFromTheLeft[] = {Arrow::YearBack, Arrow::MonthBack, Arrow::MonthForward,
+                                          Arrow::YearForward};
+        for (const Arrow arrow : kFromTheLeft) {
+            description.arrows.push_back({arrow,
+                                          view.layout.arrows[static_cast<std::size_t>(arrow)],
+                                          ShownAfter(view.state, MonthsOf(arrow)).has_value()});
+        }
+    }
     for (int column = 0; view.layout.hasWeekDayRow && column < grid.ColumnCount(); ++column) {
         const Rect cells = grid.ColumnRect(column);
         const Rect row = view.layout.WeekDayRow();

@@ -28,18 +28,36 @@ struct WeekDayDescription {
     Rect place;
 };
 
+struct ArrowDescription {
+    Arrow arrow = Arrow::YearBack;
+    Rect place;
+    bool leads = true;  // to a month within the limits
+};
+
 /// What a calendar shows, for those who do not see it: a host translates it to what its platform
 /// tells screen readers. Made when it is asked for, and kept by nobody.
 struct CalendarDescription {
     std::string title;  // "March 2026"
     Rect titlePlace;
+    std::vector<ArrowDescription> arrows;      // in the arrows style
     std::vector<WeekDayDescription> weekDays;  // by columns; none where there is no row of them
     std::vector<DayDescription> days;          // row by row, all cells
+};
+
+/// What readers hear of when it has changed.
+struct CalendarNews {
+    int month = 0;  // `MonthIndex` of the shown one
+    DayNumber selected = 0;
+    bool focused = false;  // the calendar itself has the keyboard focus
+    friend bool operator==(const CalendarNews&, const CalendarNews&) = default;
 };
 
 CalendarDescription DescribeCalendar(const CalendarView& view);
 /// Nothing when the day has no cell.
 std::optional<DayDescription> DescribeDay(const CalendarView& view, DayNumber day);
+
+/// What an arrow button does, in English.
+const char* NameOf(Arrow arrow) noexcept;
 
 // The words that are painted too.
 

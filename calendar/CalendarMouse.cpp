@@ -146,6 +146,11 @@ void VmCalendar::OnDayPicked(DayNumber day) {
     if (m_platform.windowing.TakesInput() && IsSelectable(day)) Pick(day);
 }
 
+void VmCalendar::OnArrowPicked(Arrow arrow) {
+    const bool isShown = m_state.monthYearSelStyle == VmMonthSelArrows;
+    if (isShown && m_platform.windowing.TakesInput()) TurnBy(MonthsOf(arrow));
+}
+
 void VmCalendar::Pick(DayNumber day) {
     if (day != DayOf(m_state.dateValue)) {
         if (RequestUserDate(day)) SelectDate(DateOf(day));

@@ -156,6 +156,10 @@ std::optional<DayDescription> VmCalendar::Describe(DayNumber day) {
     return DescribeDay(View(), day);
 }
 
+CalendarNews VmCalendar::News() const {
+    return {MonthIndex(DayOf(m_state.shownDate)), DayOf(m_state.dateValue), m_focused};
+}
+
 CalendarView VmCalendar::View() const {
     return {.state = m_state,
             .layout = m_layout,

@@ -248,6 +248,7 @@ public:
     CalendarDescription Describe();
     /// Nothing for a day that is not to be seen.
     std::optional<DayDescription> Describe(DayNumber day);
+    CalendarNews News() const;
 
     // What a host tells the calendar. Coordinates are pixels of the client area.
 
@@ -295,6 +296,8 @@ public:
     /// The user has picked that day by other means than the mouse, as by a screen reader: does what
     /// a click on it does, without the events of the mouse.
     void OnDayPicked(DayNumber day);
+    /// The same for an arrow button; nothing in another style.
+    void OnArrowPicked(Arrow arrow);
     /// Asks the container before the user's input selects that day. False: it may not, or a handler
     /// has moved the date or ended the control.
     bool RequestUserDate(DayNumber day);

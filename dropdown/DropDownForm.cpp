@@ -114,6 +114,13 @@ void DropDownForm::OnTimer() {
     }
 }
 
+void DropDownForm::PickDay(DayNumber day) {
+    const VmCalDropDown* const owner = m_owner;
+    m_calendar.OnDayPicked(day);
+    const bool chosen = DayOf(m_calendar.SelectedDate()) == day;
+    if (chosen && m_owner && m_owner == owner) m_owner->CloseDropDown();
+}
+
 bool DropDownForm::IsCursorInside(bool& known) const {
     const auto cursor = m_platform.windowing.GetCursorPos();
     known = cursor.has_value();

@@ -57,6 +57,9 @@ public:
     void TrackMouse();
     void OnTimer();
 
+    /// The user has picked that day of the calendar by a screen reader: closes, as a click does.
+    void PickDay(DayNumber day);
+
 private:
     void ConnectDates();
     void ConnectInput();

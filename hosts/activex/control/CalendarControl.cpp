@@ -10,6 +10,7 @@ namespace velmora {
 CalendarControl::CalendarControl()
     : ControlFace(kCalendarClass),
       m_calendar({Drawing(), Window(), DateServices(), *this}),
+      m_access(Window(), m_calendar),
       m_drops(m_calendar, DateServices(), static_cast<::_VmCalendar&>(*this)) {
     ConnectToCore();
     Relay(m_calendar.Events().Click, 1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calendar/VmCalendar.h"
+#include "hosts/activex/access/CalendarAccess.h"
 #include "hosts/activex/control/ControlFace.h"
 #include "hosts/activex/win32/WinClock.h"
 
@@ -27,12 +28,14 @@ private:
     VmCalendar& Control() override { return m_calendar; }
     const VmCalendar& Control() const override { return m_calendar; }
     DropRegistration<VmCalendar>& Drops() override { return m_drops; }
+    WindowAccess& Access() override { return m_access; }
 
     void Paint(HDC context, std::span<const Rect> exposed) override;
     bool OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     void OnWindowRecreated() override;
 
     VmCalendar m_calendar;
+    CalendarAccess m_access;
     DropRegistration<VmCalendar> m_drops;
     std::optional<WinClock> m_clock;  // while there is a window
 };

@@ -131,6 +131,8 @@ protected:
     /// The numbers under which both publish the events that both raise, and the fonts.
     void ConnectToCore() {
         auto& events = Control().Events();
+        events.MonthChanged.Connect([this](std::int16_t&) { Access().Changed(); });
+        events.YearChanged.Connect([this](std::int16_t&) { Access().Changed(); });
         Relay(events.DateChanged, 2);
         Relay(events.DayChanged, 3);
         Relay(events.KeyUp, 5);

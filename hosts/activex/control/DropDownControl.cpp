@@ -1,6 +1,7 @@
 #include "hosts/activex/control/DropDownControl.h"
 
 #include "hosts/activex/win32/WinInput.h"
+#include "hosts/activex/win32/WinText.h"
 
 #include <span>
 
@@ -21,11 +22,14 @@ DropDownControl::DropDownControl()
     : ControlFace(kDropDownClass),
       m_form(ThreadDropDownForm()),
       m_box({Drawing(), Window(), DateServices(), *this}, m_form->Form()),
+      m_access(Window(), m_box, *m_form),
       m_drops(m_box, DateServices(), static_cast<::_VmCalDropDown&>(*this)) {
     m_box.Events().DropDown.Connect([this](bool&) {
         m_form->Follow(AmbientFont(), std::make_shared<DateLocale>(DateServices().Locale()));
         m_box.KeepDropDownOnScreen(KeepsDropDownOnScreen());
     });
+    m_box.Events().DropDown.Connect([this](bool&) { m_access.Changed(); });
+    m_box.Events().CloseUp.Connect([this] { m_access.Changed(); });
     ConnectToCore();
     Relay(m_box.Events().CloseUp, 1);
     Relay(m_box.Events().DropDown, 4);
@@ -63,7 +67,22 @@ void DropDownControl::Paint(HDC context, std::span<const Rect>) {
     m_box.OnPaint(WinDrawing::SurfaceOf(context));
 }
 
+/// The window's text is the one that it shows.
+LRESULT DropDownControl::GiveText(UINT message, WPARAM size, LPARAM buffer) const {
+    const std::wstring text = ToWide(m_box.Text());
+    if (message == WM_GETTEXTLENGTH) return static_cast<LRESULT>(text.size());
+    if (size == 0) return 0;
+    auto* const out = reinterpret_cast<wchar_t*>(buffer);
+    const std::size_t copied = text.copy(out, size - 1);
+    out[copied] = L'\0';
+    return static_cast<LRESULT>(copied);
+}
+
 bool DropDownControl::OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+    if (message == WM_GETTEXT || message == WM_GETTEXTLENGTH) {
+        result = GiveText(message, w, l);
+        return true;
+    }
     const HWND window = Window().Window();
     return window && DispatchInput(m_box, window, message, w, l, result);
 }

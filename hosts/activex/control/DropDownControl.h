@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dropdown/VmCalDropDown.h"
+#include "hosts/activex/access/BoxAccess.h"
 #include "hosts/activex/control/ControlFace.h"
 #include "hosts/activex/win32/WinFormWindow.h"
 
@@ -38,9 +39,11 @@ private:
     VmCalDropDown& Control() override { return m_box; }
     const VmCalDropDown& Control() const override { return m_box; }
     DropRegistration<VmCalDropDown>& Drops() override { return m_drops; }
+    WindowAccess& Access() override { return m_access; }
 
     void Paint(HDC context, std::span<const Rect> exposed) override;
     bool OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+    LRESULT GiveText(UINT message, WPARAM size, LPARAM buffer) const;
     void OnWindowRecreated() override;
     void OnAmbientChanged() override;
     void OnFontChanged(const FontRef& font) override;
@@ -48,6 +51,7 @@ private:
 
     std::shared_ptr<WinFormWindow> m_form;
     VmCalDropDown m_box;
+    BoxAccess m_access;
     DropRegistration<VmCalDropDown> m_drops;
 };
 

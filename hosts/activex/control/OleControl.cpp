@@ -345,6 +345,7 @@ DISPID OleControl::IdOf(std::string_view property) {
 }
 
 void OleControl::PropertyChanged(std::string_view name) {
+    Access().Changed();
     if (m_loading) return;
     const Hold hold(*this);
     m_dirty = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hosts/activex/access/WindowAccess.h"
 #include "hosts/activex/com/ComError.h"
 #include "hosts/activex/com/ConnectionPoint.h"
 #include "hosts/activex/com/ObjectBridge.h"
@@ -195,6 +196,8 @@ protected:
     virtual void ReadProperties(PropertyBag& bag) = 0;
     virtual void WriteProperties(PropertyBag& bag) = 0;
     virtual ObjectBridge& Objects() = 0;
+    /// What screen readers see of it.
+    virtual WindowAccess& Access() = 0;
     /// Paints the client area of `Window()`'s size at the origin of the context, without its child
     /// controls.
     virtual void Paint(HDC context, std::span<const Rect> exposed) = 0;

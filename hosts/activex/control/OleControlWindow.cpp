@@ -78,6 +78,7 @@ bool OleControl::Serve(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     if (ServeInShell(message, w, l, result)) return true;
     const HWND window = m_window.Window();
     if (!window) return message != WM_DESTROY;  // a handler has destroyed it
+    if (Access().OnAccessMessage(message, w, l, result)) return true;
     if (IsInput(message) && !m_site.IsInUse()) return false;
     return OnMessage(message, w, l, result);
 }
@@ -116,6 +117,7 @@ LRESULT OleControl::DialogCode(const MSG* message) const {
 }
 
 void OleControl::EndWindow() {
+    Access().End();
     m_window.Detach();
     m_activation.OnWindowEnded();
     FollowDpi();

@@ -38,8 +38,11 @@ public:
 protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
     int WindowHeight(const Rect& place) const override;
+    AccessItem Described() const override;
 
 private:
+    void Act(std::size_t) override { Send(CB_SHOWDROPDOWN, !DroppedDown()); }
+    std::wstring Shown() const;
     void PostChoice();
     void MeasureHeight();
 
@@ -89,10 +92,24 @@ void NativeMonthList::ListIndex(int index) {
     if (Window() && ListIndex() != index) Send(CB_SETCURSEL, static_cast<WPARAM>(index));
 }
 
+/// The chosen month; nothing without one.
+std::wstring NativeMonthList::Shown() const {
+    const auto index = static_cast<std::size_t>(ListIndex());
+    return index < m_items.size() ? m_items[index] : std::wstring();
+}
+
+AccessItem NativeMonthList::Described() const {
+    const bool open = DroppedDown();
+    return {.role = ROLE_SYSTEM_COMBOBOX,
+            .state = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_HASPOPUP |
+                     (open ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED),
+            .name = "Month",
+            .value = ToUtf8(Shown()),
+            .action = open ? "Close" : "Open"};
+}
+
 void NativeMonthList::Paint(HDC context) const {
-    const bool known = 0 <= m_index && m_index < static_cast<int>(m_items.size());
-    PaintComboBox(context, Place(), m_font.Get(),
-                  known ? m_items[static_cast<std::size_t>(m_index)] : std::wstring());
+    PaintComboBox(context, Place(), m_font.Get(), Shown());
 }
 
 /// A choice made by the mouse is told after the closing of the list, one made by the keys before.

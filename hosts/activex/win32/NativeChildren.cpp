@@ -47,6 +47,7 @@ NativeChild::NativeChild(const ChildSite& site, const wchar_t* windowClass, DWOR
 /// What the window still tells its parent while it goes finds no child.
 NativeChild::~NativeChild() {
     std::erase(m_children, this);
+    End();
     if (!m_window) return;
     SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_own));
     DestroyWindow(m_window);
@@ -56,10 +57,13 @@ LRESULT CALLBACK NativeChild::Procedure(HWND window, UINT message, WPARAM w, LPA
     auto* const child = reinterpret_cast<NativeChild*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (message == WM_NCDESTROY) {
         const WNDPROC own = child->m_own;
+        child->End();
         child->m_window = nullptr;
         SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own));
         return CallWindowProcW(own, window, message, w, l);
     }
+    LRESULT answer = 0;
+    if (child->OnAccessMessage(message, w, l, answer)) return answer;
     if (const auto result = child->OnMessage(message, w, l)) return *result;
     return child->Own(message, w, l);
 }
@@ -70,6 +74,15 @@ LRESULT NativeChild::Own(UINT message, WPARAM w, LPARAM l) const {
 
 LRESULT NativeChild::Send(UINT message, WPARAM w, LPARAM l) const {
     return SendMessageW(m_window, message, w, l);
+}
+
+std::vector<AccessItem> NativeChild::Items() {
+    RECT client{};
+    GetClientRect(m_window, &client);
+    AccessItem item = Described();
+    item.place = {0, 0, client.right, client.bottom};
+    if (!IsWindowEnabled(m_window)) item.state |= STATE_SYSTEM_UNAVAILABLE;
+    return {item};
 }
 
 void NativeChild::CommitEdits() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calendar/SelectorInput.h"
+#include "hosts/activex/access/WindowAccess.h"
 #include "platform/Windowing.h"
 
 #include <windows.h>
@@ -40,12 +41,11 @@ private:
 
 /// A window of one of the system's classes, or a stand-in for it that is painted by the calendar's
 /// view. When the window is destroyed with the one around it, the object becomes a stand-in.
-class NativeChild {
+///
+/// Screen readers are told of it here, as the system has no name for it.
+class NativeChild : public WindowAccess {
 public:
-    NativeChild(const NativeChild&) = delete;
-    NativeChild& operator=(const NativeChild&) = delete;
-
-    HWND Window() const noexcept { return m_window; }
+    HWND Window() const noexcept override { return m_window; }
     bool IsVisible() const noexcept { return m_visible; }
     /// Draws the child at its place.
     virtual void Paint(HDC context) const = 0;
@@ -60,6 +60,8 @@ protected:
 
     /// The result when the child's own procedure is not to see the message.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) = 0;
+    /// To screen readers, without its place.
+    virtual AccessItem Described() const = 0;
     /// What the window is told for a height, which may be more than the height.
     virtual int WindowHeight(const Rect& place) const { return place.Height(); }
     LRESULT Own(UINT message, WPARAM w, LPARAM l) const;
@@ -74,6 +76,7 @@ protected:
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+    std::vector<AccessItem> Items() override;
 
     SelectorInput& m_input;
     std::vector<NativeChild*>& m_children;

@@ -36,6 +36,7 @@ public:
 
 protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
+    AccessItem Described() const override;
 
 private:
     Size OwnExtent() const;
@@ -80,6 +81,17 @@ void NativeSelectorBar::Position(int minimum, int maximum, int value) {
     info.nMax = maximum;
     info.nPos = value;
     SetScrollInfo(Window(), SB_CTL, &info, TRUE);
+}
+
+/// The spinner runs over negated years, the other bar over months behind December 1899.
+AccessItem NativeSelectorBar::Described() const {
+    if (m_isVertical) {
+        return {.role = ROLE_SYSTEM_SPINBUTTON, .name = "Year", .value = std::to_string(-m_value)};
+    }
+    const DayNumber month = AddMonths(DayFromCivil(1899, 12, 1), m_value);
+    return {.role = ROLE_SYSTEM_SCROLLBAR,
+            .name = "Month",
+            .value = std::to_string(MonthOf(month)) + '/' + std::to_string(YearOf(month))};
 }
 
 /// The thumb is asked for in 32 bits, as the message has only 16.

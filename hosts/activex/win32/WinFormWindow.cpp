@@ -91,11 +91,18 @@ void WinFormHosting::ShowAboutBox(const AboutText& text) {
 WinFormWindow::WinFormWindow()
     : m_hosting(m_windowing, m_form),
       m_dates(SharedDateLocale(), LocalNow),
-      m_form({m_drawing, m_windowing, m_dates, m_hosting}, *this) {}
+      m_form({m_drawing, m_windowing, m_dates, m_hosting}, *this),
+      m_access(m_windowing, m_form) {
+    CalendarEvents& events = m_form.Calendar().Events();
+    events.DateChanged.Connect([this](Date&) { m_access.Changed(); });
+    events.MonthChanged.Connect([this](std::int16_t&) { m_access.Changed(); });
+    events.YearChanged.Connect([this](std::int16_t&) { m_access.Changed(); });
+}
 
 WinFormWindow::~WinFormWindow() {
     const HWND window = m_windowing.Window();
     if (!window) return;
+    m_access.End();
     m_windowing.Detach();
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     EndFormWindow(window);
@@ -136,6 +143,7 @@ void WinFormWindow::Show(const Rect& screen) {
                  SWP_NOACTIVATE);
     m_form.Calendar().OnWindowChanged();
     ShowWindow(window, SW_SHOWNOACTIVATE);
+    m_access.Changed();
 }
 
 Rect WinFormWindow::WorkArea() const {
@@ -207,11 +215,13 @@ LRESULT WinFormWindow::OnMessage(HWND window, UINT message, WPARAM w, LPARAM l) 
             break;
         case WM_NCDESTROY:
             SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+            m_access.End();
             m_windowing.Detach();
             break;
         default: break;
     }
     LRESULT result = 0;
+    if (m_access.OnAccessMessage(message, w, l, result)) return result;
     if (DispatchInput(m_form.Calendar(), window, message, w, l, result)) return result;
     return DefWindowProcW(window, message, w, l);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dropdown/DropDownForm.h"
+#include "hosts/activex/access/CalendarAccess.h"
 #include "hosts/activex/win32/WinDrawing.h"
 #include "hosts/activex/win32/WinWindowing.h"
 #include "platform/dates/Dates.h"
@@ -92,6 +93,7 @@ private:
     RECT m_boxPlace{};  // on the screen, when it was opened
     bool m_wasInFront = false;
     DropDownForm m_form;  // ends before what it stands on
+    CalendarAccess m_access;
 };
 
 /// The drop-down form of the calling thread, held by each of its boxes.

@@ -31,6 +31,12 @@ public:
 
 protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
+    AccessItem Described() const override {
+        return {.role = ROLE_SYSTEM_TEXT,
+                .state = STATE_SYSTEM_FOCUSABLE,
+                .name = "Year",
+                .value = Text()};
+    }
 
 private:
     std::wstring WideText() const;
