@@ -70,6 +70,7 @@ Painted PaintedWithQt(const Look& look, double ratio, Path path = Path::Direct) 
     QWidget widget;
     widget.setPalette(PaletteOfLooks());
     NotingDrawing drawing(&widget);
+    drawing.Classic(true);
     Painted result;
     Paint(look, drawing, [&](const Rect& part, const auto& paint) {
         QImage image(QSize(look.size.width, look.size.height) * ratio, QImage::Format_RGB32);

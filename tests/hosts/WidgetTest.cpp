@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QTest>
 #include <QTimer>
 
@@ -14,7 +16,8 @@ namespace velmora {
 namespace {
 
 TEST(VmCalendarWidget, PropertiesFollowTheTable) {
-    ExpectFollowsTheTable<Widget>(test::kCalendarRows, {"extendedNavigation", "oleDropMode"});
+    ExpectFollowsTheTable<Widget>(test::kCalendarRows,
+                                  {"classicLook", "extendedNavigation", "oleDropMode"});
 }
 
 TEST(VmCalendarWidget, ReportsItsOwnDisablingAlone) {
@@ -167,6 +170,49 @@ public:
     int closings = 0;
 };
 
+/// Its controls and frames are plain areas, and counted.
+class PlainStyle : public QProxyStyle {
+public:
+    mutable int drawn = 0;
+
+    void drawComplexControl(ComplexControl, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget*) const override {
+        Draw(*painter, *option, Qt::magenta);
+    }
+    void drawPrimitive(PrimitiveElement, const QStyleOption* option, QPainter* painter,
+                       const QWidget*) const override {
+        Draw(*painter, *option, Qt::cyan);
+    }
+
+private:
+    void Draw(QPainter& painter, const QStyleOption& option, QColor color) const {
+        ++drawn;
+        painter.fillRect(option.rect, color);
+    }
+};
+
+TEST(VmCalendarWidget, ItsStyleDrawsButtonsAndTheBoxOnce) {
+    PlainStyle style;
+    QWidget window;
+    auto* const calendar = new Widget(&window);
+    auto* const box = new Box(&window);
+    calendar->setMonthYearSelStyle(Widget::MonthSelArrows);
+    for (const auto& [widget, at, drawings] :
+         {std::tuple<VmDateWidget*, QPoint, int>(calendar, {8, 12}, 2), {box, {270, 110}, 2}}) {
+        widget->setStyle(&style);
+        Prepare(*widget);
+        style.drawn = 0;
+        for (int i = 0; i < 2; ++i) {
+            const QImage image = widget->grab().toImage();
+            EXPECT_EQ(image.pixelColor(at), QColor(Qt::magenta));
+            EXPECT_EQ(image.pixelColor(0, 9) == QColor(Qt::cyan), widget == box) << "frame";
+        }
+        EXPECT_EQ(style.drawn, drawings);
+        widget->setClassicLook(true);
+        EXPECT_NE(widget->grab().toImage().pixelColor(at), QColor(Qt::magenta));
+    }
+}
+
 /// However the font comes to the widget; one that has been set stays.
 TEST(VmCalendarWidget, SizesFollowTheFont) {
     const QFont before = QApplication::font();
@@ -204,8 +250,9 @@ TEST(VmCalendarWidget, SizesFollowTheFont) {
 }
 
 TEST(VmCalDropDownWidget, PropertiesFollowTheTable) {
-    ExpectFollowsTheTable<Box>(test::kBoxRows, {"date", "dropDownState", "extendedNavigation",
-                                                "keepDropDownOnScreen", "oleDropMode"});
+    ExpectFollowsTheTable<Box>(test::kBoxRows,
+                               {"classicLook", "date", "dropDownState", "extendedNavigation",
+                                "keepDropDownOnScreen", "oleDropMode"});
 }
 
 TEST(VmCalDropDownWidget, WhateverHappensToTheBoxEndsItsCalendar) {

@@ -225,6 +225,15 @@ void Canvas::Icon(const Rect& area, const Picture& picture) {
     Scale(Device(area), picture.Image(), QRectF(picture.Image().rect()), &picture);
 }
 
+void Canvas::Image(const Rect& area, const QImage& image) {
+    if (CanDraw()) PlaceImage(Device(area), image, {});
+}
+
+Size Canvas::DeviceSize(const Rect& area) const noexcept {
+    const Rect box = Device(area);
+    return {box.Width(), box.Height()};
+}
+
 void Canvas::Scale(const Rect& box, const QImage& image, const QRectF& from, const Picture* whole) {
     const Rect clip = Intersect(box, DeviceClip());
     if (IsEmpty(clip)) return;

@@ -46,6 +46,10 @@ public:
     void Copy(const Rect& area, const Canvas& source, Point from);
     void Stretch(const Rect& area, const Canvas& source, const Rect& from);
     void Icon(const Rect& area, const Picture& picture);
+    /// One pixel of the image is one device pixel.
+    void Image(const Rect& area, const QImage& image);
+    /// How many device pixels there are in that area.
+    Size DeviceSize(const Rect& area) const noexcept;
 
 protected:
     virtual bool CanDraw() const noexcept { return true; }

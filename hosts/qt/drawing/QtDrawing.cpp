@@ -220,16 +220,35 @@ int QtDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rec
     return surface != SurfaceHandle::None ? CanvasOf(surface)->Text(text, rect, flags) : 0;
 }
 
+/// Of any other extent a picture would be a waste.
+bool QtDrawing::IsStyled(SurfaceHandle surface, const Rect& rect) const {
+    constexpr std::int32_t kMostPixels = 1 << 20;
+    if (m_isClassic || m_widget == nullptr || gdi::IsEmpty(rect)) return false;
+    const Size size = CanvasOf(surface)->DeviceSize(rect);
+    return size.width > 0 && size.height > 0 && size.width <= kMostPixels / size.height;
+}
+
 void QtDrawing::DrawFrameControl(SurfaceHandle surface, const Rect& rect, FrameControl type,
                                  std::uint32_t state) {
     if (surface == SurfaceHandle::None || type != FrameControl::ScrollBar) return;
-    gdi::PaintScrollButton(*CanvasOf(surface), gdi::Clamped(rect), state, FrameColorsOf(Palette()));
+    gdi::Canvas& canvas = *CanvasOf(surface);
+    if (!IsStyled(surface, rect)) {
+        return gdi::PaintScrollButton(canvas, gdi::Clamped(rect), state, FrameColorsOf(Palette()));
+    }
+    canvas.Image(rect, SharedCaches::Instance().frames.Button(*m_widget, canvas.DeviceSize(rect),
+                                                              state, canvas.Ratio()));
 }
 
 void QtDrawing::DrawEdge(SurfaceHandle surface, const Rect& rect, std::uint32_t edge,
                          std::uint32_t sides) {
     if (surface == SurfaceHandle::None) return;
-    gdi::PaintEdge(*CanvasOf(surface), gdi::Clamped(rect), edge, sides, FrameColorsOf(Palette()));
+    gdi::Canvas& canvas = *CanvasOf(surface);
+    if (edge != kSunken || sides != kAllSides || !IsStyled(surface, rect)) {
+        return gdi::PaintEdge(canvas, gdi::Clamped(rect), edge, sides, FrameColorsOf(Palette()));
+    }
+    canvas.Fill(rect, Palette().color(QPalette::Active, QPalette::Window).rgb() | 0xFF000000);
+    canvas.Image(rect, SharedCaches::Instance().frames.Box(*m_widget, canvas.DeviceSize(rect),
+                                                           canvas.Ratio()));
 }
 
 void QtDrawing::DrawFocusRect(SurfaceHandle surface, const Rect& rect) {

@@ -37,6 +37,11 @@ public:
     /// not; from the application's palette when null. The widget must live longer.
     explicit QtDrawing(QWidget* widget = nullptr) : m_widget(widget) {}
 
+    /// Whether buttons and the frame of a box are raised and sunken as ever, and not those of the
+    /// widget's style. Without a widget they always are.
+    bool Classic() const noexcept { return m_isClassic; }
+    void Classic(bool value) noexcept { m_isClassic = value; }
+
     /// Something to draw on for as long as it lives, within one use of an active painter. The
     /// painter's coordinates are the surface's; its state is restored at the end.
     class Surface {
@@ -103,7 +108,10 @@ private:
     double RatioLike(SurfaceHandle like) const;
     QPalette Palette() const;
 
+    bool IsStyled(SurfaceHandle surface, const Rect& rect) const;
+
     QWidget* m_widget;
+    bool m_isClassic = false;
 };
 
 }  // namespace velmora

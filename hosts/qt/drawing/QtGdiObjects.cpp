@@ -104,6 +104,7 @@ SharedCaches& SharedCaches::Instance() {
 void SharedCaches::Clear() {
     SharedCaches& caches = Instance();
     caches.texts.Clear();
+    caches.frames.Clear();
     caches.m_pictures.clear();
     caches.m_scratch = {};
     caches.m_clearsAtExit = false;

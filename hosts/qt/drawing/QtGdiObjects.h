@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hosts/qt/drawing/QtStyleFrames.h"
 #include "hosts/qt/drawing/QtText.h"
 #include "platform/Drawing.h"
 
@@ -126,6 +127,7 @@ public:
     static SharedCaches& Instance();
 
     TextCache texts;
+    StylePictures frames;
 
     /// Null if the picture has no pixels to draw. The object lives as long as the image.
     const Picture* PictureOf(const StdPicture& picture);

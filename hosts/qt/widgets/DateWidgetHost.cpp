@@ -172,6 +172,11 @@ void VmDateWidget::Host::MouseUp(const QMouseEvent& event) {
     With([&]<class Control>(Control& to) { TellMouse(to, &Control::OnMouseUp, event); });
 }
 
+void VmDateWidget::Host::ClassicLook(bool value) {
+    m_drawing.Classic(value);
+    With([](auto& control) { control.RepaintControl(); });
+}
+
 void VmDateWidget::Host::EnabledChanged() {
     WindowChanged();
     if (!m_windowing.TakeEnabledChange()) return;

@@ -43,6 +43,8 @@ public:
     virtual void LoseMouse() = 0;
     /// Makes the control know all that the user has done in its children. False when it is gone.
     virtual bool TakeSelectorInput() { return true; }
+    bool ClassicLook() const noexcept { return m_drawing.Classic(); }
+    virtual void ClassicLook(bool value);
     virtual void EnabledChanged();
     virtual void LocaleChanged();
     /// Palette, style or font; with them the properties that follow them.

@@ -68,6 +68,11 @@ void VmCalDropDownWidget::Host::WindowChanged() {
     dropDown.OnWindowChanged();
 }
 
+void VmCalDropDownWidget::Host::ClassicLook(bool value) {
+    VmDateWidget::Host::ClassicLook(value);
+    if (m_form->Form().GetOwner() == &dropDown) m_form->FollowOwner();
+}
+
 void VmCalDropDownWidget::Host::LocaleChanged() {
     VmDateWidget::Host::LocaleChanged();
     LookChanged();

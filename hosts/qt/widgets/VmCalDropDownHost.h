@@ -43,6 +43,8 @@ public:
     /// Hidden, moved or resized, or a widget around it was. In the middle of that no slot may
     /// delete the widget, so what it closes is announced afterwards.
     void WindowChanged() override;
+    using VmDateWidget::Host::ClassicLook;
+    void ClassicLook(bool value) override;
     void LocaleChanged() override;
     /// An open calendar looks as the widget does.
     void LookChanged() override;

@@ -6,6 +6,12 @@
 /// The properties that both widgets have, each by its row.
 namespace velmora {
 
+bool VmDateWidget::classicLook() const { return m_host->ClassicLook(); }
+void VmDateWidget::setClassicLook(bool value) {
+    m_host->ClassicLook(value);
+    m_host->PropertyChanged("classicLook");
+}
+
 QDate VmDateWidget::dateMax() const { return m_host->Get<QDate>(kDateMax); }
 void VmDateWidget::setDateMax(QDate value) { m_host->Let(kDateMax, value); }
 

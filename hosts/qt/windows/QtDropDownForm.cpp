@@ -98,6 +98,10 @@ void QtDropDownForm::FollowOwner() {
     setPalette(palette);
     setFont(font);
     setLocale(m_box->locale());
+    const bool isClassic = m_box->property("classicLook").toBool();
+    if (isClassic == m_drawing.Classic()) return;
+    m_drawing.Classic(isClassic);
+    m_form.Calendar().RepaintControl();
 }
 
 void QtDropDownForm::Show(const Rect& screen) {

@@ -31,6 +31,7 @@ using PictureRef = std::shared_ptr<StdPicture>;
 /// its `border` covers the outermost pixels. Any slot may change any property or delete the widget.
 class VELMORA_QT_API VmDateWidget : public QWidget {
     Q_OBJECT
+    Q_PROPERTY(bool classicLook READ classicLook WRITE setClassicLook NOTIFY classicLookChanged)
     Q_PROPERTY(QDate dateMax READ dateMax WRITE setDateMax NOTIFY dateMaxChanged)
     Q_PROPERTY(QDate dateMin READ dateMin WRITE setDateMin NOTIFY dateMinChanged)
     Q_PROPERTY(Appearance dayAppearance READ dayAppearance WRITE setDayAppearance NOTIFY
@@ -152,6 +153,9 @@ public:
     DayRef day(int dayOfMonth) const;
     DayRef selectedDay() const;
 
+    /// Whether arrow buttons and the box have the raised and sunken edges of the other hosts. Off
+    /// by default: the widget's style draws them.
+    bool classicLook() const;
     QDate dateMax() const;
     QDate dateMin() const;
     Appearance dayAppearance() const;
@@ -187,6 +191,7 @@ public:
     QColor weekDayForeColor() const;
 
 public Q_SLOTS:
+    void setClassicLook(bool value);
     void setDateMax(QDate value);
     void setDateMin(QDate value);
     void setDayAppearance(Appearance value);
@@ -245,6 +250,7 @@ Q_SIGNALS:
     void propertyChanged(const QString& name);
 
     // The property has been set, or what it follows has changed: palette, font.
+    void classicLookChanged();
     void dateMaxChanged();
     void dateMinChanged();
     void dayAppearanceChanged();
