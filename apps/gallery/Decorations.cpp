@@ -1,5 +1,7 @@
 #include "apps/gallery/Decorations.h"
 
+#include "calendar/VmCalendar.h"
+#include "dropdown/VmCalDropDown.h"
 #include "model/VmDay.h"
 
 #include <QImage>
@@ -26,15 +28,15 @@ struct Decoration {
 
 const std::array<Decoration, 9>& Decorations() {
     static const std::array<Decoration, 9> decorations{{
-        {1, "Rent", {}, QColor(160, 0, 0)},
+        {1, "Rent", QColor(255, 205, 210), QColor(160, 0, 0)},
         {3, "", {}, {}, Motif::Letter},
-        {5, "Dentist", QColor(255, 236, 179), {}},
+        {5, "Dentist", QColor(255, 236, 179), QColor(90, 60, 0)},
         {10, "Lea 8", QColor(248, 215, 228), QColor(140, 20, 80), Motif::Cake},
-        {14, "", QColor(220, 237, 200), {}},
+        {14, "", QColor(220, 237, 200), QColor(27, 94, 32)},
         {15, "Release", QColor(27, 94, 32), QColor(Qt::white)},
-        {20, "Trip", QColor(187, 222, 251), {}, Motif::Sun},
-        {21, "Trip", QColor(187, 222, 251), {}},
-        {22, "Trip", QColor(187, 222, 251), {}, Motif::Sun},
+        {20, "Trip", QColor(187, 222, 251), QColor(13, 71, 161), Motif::Sun},
+        {21, "Trip", QColor(187, 222, 251), QColor(13, 71, 161)},
+        {22, "Trip", QColor(187, 222, 251), QColor(13, 71, 161), Motif::Sun},
     }};
     return decorations;
 }
@@ -108,6 +110,18 @@ void DecorateEveryMonth(Control& control) {
     QObject::connect(&control, &Control::yearChanged, &control, again);
 }
 
+/// `core` is the widget's own calendar or box, where colours may be those of the palette.
+template <class Widget, class Core>
+void MakeFlat(Widget& widget, Core& core) {
+    widget.setDayAppearance(Widget::Flat);
+    widget.setMonthAppearance(Widget::Flat);
+    widget.setWeekDayAppearance(Widget::Flat);
+    widget.setFirstDayOfWeek(Widget::Monday);
+    widget.setMonthYearSelStyle(Widget::MonthSelArrows);
+    core.Let(kDayDefaultBackColor, kWindowBackground);
+    Decorate(widget);
+}
+
 }  // namespace
 
 void Decorate(VmCalendarWidget& calendar) { DecorateEveryMonth(calendar); }
@@ -117,6 +131,16 @@ void Decorate(VmCalDropDownWidget& box) {
     // The month of the date and the one that was turned to last are different months.
     QObject::connect(&box, &VmCalDropDownWidget::dropDown, &box,
                      [&box] { DecorateShownMonth(box); });
+}
+
+void Adorn(VmCalendarWidget& calendar) {
+    calendar.setAppearance(VmCalendarWidget::Flat);
+    MakeFlat(calendar, calendar.calendar());
+}
+
+void Adorn(VmCalDropDownWidget& box) {
+    box.setDropDownAppearance(VmCalDropDownWidget::Flat);
+    MakeFlat(box, box.dropDownBox());
 }
 
 }  // namespace velmora

@@ -10,4 +10,9 @@ namespace velmora {
 void Decorate(VmCalendarWidget& calendar);
 void Decorate(VmCalDropDownWidget& box);
 
+/// The calendar at its best: flat, on the palette's own ground, with arrows, decorated.
+void Adorn(VmCalendarWidget& calendar);
+/// The same of a box's calendar.
+void Adorn(VmCalDropDownWidget& box);
+
 }  // namespace velmora

@@ -31,17 +31,21 @@ QWidget* MakeLivePage(QDate date) {
     auto* page = new QSplitter;
     auto* calendar = new VmCalendarWidget;
     calendar->setObjectName(QLatin1String(kLiveCalendar));
-    calendar->setMonthYearSelStyle(VmCalendarWidget::MonthSelArrows);
     calendar->setExtendedNavigation(true);
     calendar->setDateValue(date);
     calendar->setMinimumSize(280, 220);
-    Decorate(*calendar);
-    page->addWidget(calendar);
-    page->addWidget(MakeEventColumn(*calendar));
+    Adorn(*calendar);
+    auto* column = new QSplitter(Qt::Vertical);
+    column->addWidget(calendar);
+    column->addWidget(MakeEventColumn(*calendar));
+    page->addWidget(column);
     page->addWidget(new PropertyPanel(*calendar));
-    page->setSizes({480, 260, 320});
-    page->setChildrenCollapsible(false);
-    page->setStretchFactor(0, 1);
+    for (QSplitter* const splitter : {page, column}) {
+        splitter->setChildrenCollapsible(false);
+        splitter->setStretchFactor(0, 1);
+    }
+    column->setSizes({430, 160});
+    page->setSizes({700, 320});
     return page;
 }
 

@@ -5,6 +5,7 @@
 #include "apps/gallery/LivePage.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -88,6 +89,48 @@ QWidget* MakeGrid(std::span<const Tile> tiles, int columns, QDate date) {
     return page;
 }
 
+QPalette DarkPalette() {
+    QPalette dark(QColor(58, 60, 66), QColor(40, 42, 46));
+    dark.setColor(QPalette::Base, QColor(30, 31, 34));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        dark.setColor(QPalette::Active, role, QColor(223, 225, 229));
+        dark.setColor(QPalette::Inactive, role, QColor(223, 225, 229));
+    }
+    dark.setColor(QPalette::Highlight, QColor(53, 116, 240));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    return dark;
+}
+
+/// A calendar and a date box, in each of them.
+QWidget* MakeLightAndDarkPage(QDate date) {
+    auto* page = new QWidget;
+    auto* columns = new QHBoxLayout(page);
+    for (const QPalette& palette : {QPalette(), DarkPalette()}) {
+        auto* ground = new QWidget;
+        ground->setPalette(palette);
+        ground->setAutoFillBackground(true);
+        auto* calendar = new Widget;
+        auto* box = new VmCalDropDownWidget;
+        for (VmDateWidget* const widget :
+             {static_cast<VmDateWidget*>(calendar), static_cast<VmDateWidget*>(box)}) {
+            widget->setExtendedNavigation(true);
+            widget->setProperty("dateValue", date);
+        }
+        Adorn(*calendar);
+        Adorn(*box);
+        if (columns->isEmpty()) box->setObjectName(QLatin1String(kOpenedInPicture));
+        box->setDateFormat(QStringLiteral("Long Date"));
+        box->setDropDownWidth(420);
+        box->setDropDownHeight(262);
+        auto* rows = new QVBoxLayout(ground);
+        rows->addWidget(calendar, 5);
+        rows->addWidget(box, 0, Qt::AlignLeft);
+        rows->addStretch(4);
+        columns->addWidget(ground, 1);
+    }
+    return page;
+}
+
 QWidget* MakeStylesPage(QDate date) {
     static constexpr Tile kTiles[] = {
         {"No selector", Raised<Widget::MonthSelNone>},
@@ -126,6 +169,7 @@ QWidget* MakeVariantsPage(QDate date) {
 
 constexpr Page kPages[] = {
     {"calendar", "Calendar", MakeLivePage},
+    {"light-and-dark", "Light and dark", MakeLightAndDarkPage},
     {"styles", "Styles", MakeStylesPage},
     {"decorated-days", "Decorated days", MakeDecoratedPage},
     {"variants", "Work week and disabled", MakeVariantsPage},
