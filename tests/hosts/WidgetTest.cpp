@@ -94,6 +94,9 @@ TEST(VmCalendarWidget, TabReachesTheSelectorsOfEveryStyle) {
         for (QWidget* at; (at = QApplication::focusWidget()) != behind && at != widget;) {
             reached += std::string(at->metaObject()->className()) + ' ';
             const QImage focused = at->grab().toImage();
+            SendKey(at, Qt::Key_Right);
+            QApplication::processEvents();
+            EXPECT_EQ(widget->shownDate() > kMay15, style == Widget::MonthSelScrollbar);
             SendKey(at, Qt::Key_PageUp);
             QApplication::processEvents();
             EXPECT_NE(widget->shownDate(), kMay15) << reached;

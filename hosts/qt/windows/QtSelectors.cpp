@@ -164,6 +164,13 @@ SelectorBar::SelectorBar(Qt::Orientation orientation, QWidget& parent, SelectorI
     connect(this, &QScrollBar::valueChanged, this, [this] { PostValue(); });
 }
 
+/// Qt turns the keys of scroll bars round, so that Page Up goes up, and with them Left and Right.
+void SelectorBar::keyPressEvent(QKeyEvent* event) {
+    const bool isLeft = event->key() == Qt::Key_Left;
+    if (!isLeft && event->key() != Qt::Key_Right) return QScrollBar::keyPressEvent(event);
+    triggerAction(isLeft == isLeftToRight() ? SliderSingleStepSub : SliderSingleStepAdd);
+}
+
 void SelectorBar::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
     if (!hasFocus()) return;

@@ -62,6 +62,7 @@ public:
                 Handler handler);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     /// Shows the focus, which styles leave out of scroll bars.
     void paintEvent(QPaintEvent* event) override;
 
