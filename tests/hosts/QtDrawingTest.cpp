@@ -1,3 +1,5 @@
+#include "VelmoraCalendar/QtConversions.h"
+#include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "VelmoraCalendar/VmCalendarWidget.h"
 #include "calendar/Contrast.h"
 #include "calendar/VmCalendar.h"
@@ -64,6 +66,12 @@ TEST(QtDrawing, GreyTextAndEdgesAreSeenInEveryPalette) {
              {std::tuple(17, 5, 3.0), {17, 15, 3.0}, {16, 15, 1.1}, {21, 15, 1.1}}) {
             EXPECT_GE(ContrastOf(drawing.GetSysColor(color), drawing.GetSysColor(ground)), least);
         }
+        VmCalDropDownWidget box;
+        box.setPalette(palette);
+        const QImage image = box.grab().toImage();
+        const auto pixel = [&](int x, int y) { return ToOleColor(image.pixelColor(x, y)); };
+        EXPECT_GE(ContrastOf(pixel(0, 9), pixel(3, 9)), 1.3) << "the frame on the left";
+        EXPECT_GE(ContrastOf(pixel(image.width() - 1, 9), pixel(3, 9)), 1.3) << "and the right";
     }
 }
 

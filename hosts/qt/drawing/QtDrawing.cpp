@@ -88,40 +88,48 @@ QColor DisabledText(const QPalette& palette) {
     return text;
 }
 
-/// A colour of edges; in palettes of high contrast, where all shades are the ground's, the text's.
-QColor EdgeColor(const QPalette& palette, QPalette::ColorRole role) {
-    constexpr double kLeast = 1.1;
-    const QColor edge = palette.color(QPalette::Active, role);
-    const QColor face = palette.color(QPalette::Active, QPalette::Button);
-    const bool isSeen = ContrastOf(ToRgb(edge), ToRgb(face)) >= kLeast;
-    return isSeen ? edge : palette.color(QPalette::Active, QPalette::ButtonText);
-}
-
-/// What takes computing, of the palette that was asked last.
+/// What takes computing, of the palette that was asked last. In palettes of high contrast the
+/// shades are all the ground's: there `edge` takes the place of those that are not seen on it.
 struct Shades {
     qint64 palette;  // by its cache key
-    QColor disabledText, dark, shadow;
+    QColor disabledText;
+    bool hasDark;
+    bool hasShadow;
+    QColor edge;
+
+    QColor Of(const QPalette& from, QPalette::ColorRole role) const {
+        const bool isShade = role == QPalette::Dark || role == QPalette::Light ||
+                             role == QPalette::Midlight || role == QPalette::Shadow;
+        const bool isSeen = hasDark && (hasShadow || role != QPalette::Shadow);
+        return isShade && !isSeen ? edge : from.color(QPalette::Active, role);
+    }
 };
 
 const Shades& ShadesOf(const QPalette& palette) {
-    static Shades last{-1, {}, {}, {}};
-    if (last.palette != palette.cacheKey()) {
-        last = {palette.cacheKey(), DisabledText(palette), EdgeColor(palette, QPalette::Dark),
-                EdgeColor(palette, QPalette::Shadow)};
-    }
+    static Shades last{-1, {}, true, true, {}};
+    if (last.palette == palette.cacheKey()) return last;
+    const auto color = [&](QPalette::ColorRole role) {
+        return palette.color(QPalette::Active, role);
+    };
+    const auto isSeen = [&](QPalette::ColorRole role) {
+        constexpr double kLeast = 1.1;
+        return ContrastOf(ToRgb(color(role)), ToRgb(color(QPalette::Button))) >= kLeast;
+    };
+    last = {palette.cacheKey(), DisabledText(palette), isSeen(QPalette::Dark),
+            isSeen(QPalette::Shadow), color(QPalette::ButtonText)};
     return last;
 }
 
 gdi::FrameColors FrameColorsOf(const QPalette& palette) {
     const Shades& shades = ShadesOf(palette);
     const auto pixel = [&](QPalette::ColorRole role) {
-        return palette.color(QPalette::Active, role).rgb() | 0xFF000000;
+        return shades.Of(palette, role).rgb() | 0xFF000000;
     };
     return {pixel(QPalette::Button),
             pixel(QPalette::Light),
             pixel(QPalette::Midlight),
-            shades.dark.rgb() | 0xFF000000,
-            shades.shadow.rgb() | 0xFF000000,
+            pixel(QPalette::Dark),
+            pixel(QPalette::Shadow),
             pixel(QPalette::ButtonText),
             shades.disabledText.rgb() | 0xFF000000};
 }
@@ -163,9 +171,7 @@ Rgb QtDrawing::GetSysColor(int index) {
     const QPalette palette = Palette();
     const auto role = kSystemRoles[static_cast<std::size_t>(index)];
     if (index == kDisabledText) return ToRgb(ShadesOf(palette).disabledText);
-    if (role == QPalette::Dark) return ToRgb(ShadesOf(palette).dark);
-    if (role == QPalette::Shadow) return ToRgb(ShadesOf(palette).shadow);
-    return ToRgb(palette.color(QPalette::Active, role));
+    return ToRgb(ShadesOf(palette).Of(palette, role));
 }
 
 ObjectHandle QtDrawing::CreateBrushIndirect(const LogBrush& brush) {
@@ -220,10 +226,12 @@ int QtDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rec
     return surface != SurfaceHandle::None ? CanvasOf(surface)->Text(text, rect, flags) : 0;
 }
 
-/// Of any other extent a picture would be a waste.
+/// In palettes of high contrast styles have no edges that are seen; of other extents a picture
+/// would be a waste.
 bool QtDrawing::IsStyled(SurfaceHandle surface, const Rect& rect) const {
     constexpr std::int32_t kMostPixels = 1 << 20;
     if (m_isClassic || m_widget == nullptr || gdi::IsEmpty(rect)) return false;
+    if (!ShadesOf(Palette()).hasDark) return false;
     const Size size = CanvasOf(surface)->DeviceSize(rect);
     return size.width > 0 && size.height > 0 && size.width <= kMostPixels / size.height;
 }

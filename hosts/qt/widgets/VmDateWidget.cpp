@@ -1,5 +1,6 @@
 #include "VelmoraCalendar/VmDateWidget.h"
 
+#include "hosts/qt/drawing/QtGdiObjects.h"
 #include "hosts/qt/widgets/DateWidgetHost.h"
 #include "hosts/qt/windows/QtInput.h"
 
@@ -65,8 +66,8 @@ void VmDateWidget::changeEvent(QEvent* event) {
     switch (event->type()) {
         case QEvent::EnabledChange: m_host->EnabledChanged(); break;
         case QEvent::LocaleChange: m_host->LocaleChanged(); break;
+        case QEvent::StyleChange: gdi::SharedCaches::Instance().frames.Clear(); [[fallthrough]];
         case QEvent::PaletteChange:
-        case QEvent::StyleChange:
         case QEvent::FontChange: m_host->LookChanged(); break;
         default: break;
     }
