@@ -71,7 +71,12 @@ void DoDeed(TestCalendar& test, ByteReader& deeds) {
             test.drawing.failAt = test.drawing.creations + 1 + deeds.Take<std::uint8_t>() % 64;
             break;
         default:
-            if (deed < 128) return test.calendar->RepaintControl();
+            if (deed < 64) return test.calendar->RepaintControl();
+            if (deed < 128) {
+                test.calendar->ExtendedNavigation(deed < 112);
+                test.calendar->OnWheel(deeds.Take<std::int16_t>(), deed >> 3);
+                return;
+            }
             Set(*test.calendar, deeds);
     }
 }
