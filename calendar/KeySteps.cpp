@@ -11,6 +11,12 @@ DayNumber Visible(const CalendarState& state, DayNumber day, int direction) noex
     return day;
 }
 
+/// Of a month of the work week the nearest day that has a cell.
+DayNumber Nearest(const CalendarState& state, DayNumber day) noexcept {
+    const DayNumber on = Visible(state, day, 1);
+    return MonthsBetween(day, on) == 0 ? on : Visible(state, day, -1);
+}
+
 }  // namespace
 
 std::optional<DayNumber> DayByKey(const CalendarState& state, DayNumber from, std::int16_t keyCode,
@@ -22,13 +28,16 @@ std::optional<DayNumber> DayByKey(const CalendarState& state, DayNumber from, st
         case kKeyUp: return from - 7;
         case kKeyDown: return from + 7;
         case kKeyPageUp:
-        case kKeyPageDown: return AddMonths(from, MonthsOf(keyCode, shift));
+        case kKeyPageDown: {
+            const DayNumber day = AddMonths(from, MonthsOf(keyCode, shift));
+            return state.extendedNavigation ? Nearest(state, day) : day;
+        }
         case kKeyHome:
             if (!state.extendedNavigation) break;
-            return ctrl ? today : Visible(state, FirstOfMonth(from), 1);
+            return Nearest(state, ctrl ? today : FirstOfMonth(from));
         case kKeyEnd:
             if (!state.extendedNavigation || ctrl) break;
-            return Visible(state, LastOfMonth(from), -1);
+            return Nearest(state, LastOfMonth(from));
         default: break;
     }
     return std::nullopt;

@@ -385,8 +385,13 @@ key Ctrl+Return; let ShowWeekend 0
 key End          -> DateChanged(2025-05-30) DayChanged(30) = 2025-05-30
 key PageDown     -> DateChanged(2025-06-30) MonthChanged(6) = 2025-06-30
 key Home         -> DateChanged(2025-06-02) DayChanged(2) = 2025-06-02
-let DateMin 2024-01-01; let DateMax 2025-07-01; key Ctrl+Home
-wheel Down       -> MonthChanged(7) = (2025-07)
+key Ctrl+PageUp  -> DateChanged(2024-06-03) DayChanged(3) YearChanged(2024) = 2024-06-03
+key Up           -> DateChanged(2024-05-27) DayChanged(27) MonthChanged(5) = 2024-05-27
+key End          -> DateChanged(2024-05-31) DayChanged(31) = 2024-05-31
+key PageUp       -> DateChanged(2024-04-30) DayChanged(30) MonthChanged(4) = 2024-04-30
+key Ctrl+PageUp  -> DateChanged(2023-04-28) DayChanged(28) YearChanged(2023) = 2023-04-28
+let DateMin 2023-01-01; let DateMax 2023-05-01; key Ctrl+Home
+wheel Down       -> MonthChanged(5) = (2023-05)
 wheel Down; let Enabled 0; wheel Up
 calendar; let ExtendedNavigation 1; let MonthYearSelStyle 1
 let DateMax 2024-07-01 = {band} <4,3> ^~YearForward
