@@ -6,12 +6,15 @@ namespace velmora {
 
 std::string MonthTitle(const CalendarView& view, std::string_view month) {
     const DayNumber shown = DayOf(view.state.shownDate);
-    return view.dates.Format(DateOf(shown), month) + ' ' + std::to_string(YearOf(shown));
+    return view.dates.Format(DateOf(shown), month) + ' ' + view.dates.Number(YearOf(shown));
+}
+
+int WeekDayOfColumn(const CalendarView& view, int column) noexcept {
+    return (view.state.GridFirstDay() % 7 + 6 + column) % 7;  // Sunday is 1 there
 }
 
 std::string WeekDayName(const CalendarView& view, int column, std::string_view form) {
-    const int weekDay = (view.state.GridFirstDay() % 7 + 7 + column) % 7;  // 0 Saturday, 1 Sunday..
-    return view.dates.Format(DateOf(weekDay), form);                       // day 0 is a Saturday
+    return view.dates.Format(DateOf(WeekDayOfColumn(view, column) + 1), form);  // 1 is a Sunday
 }
 
 const char* NameOf(Arrow arrow) noexcept {

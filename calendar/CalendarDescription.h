@@ -63,7 +63,9 @@ const char* NameOf(Arrow arrow) noexcept;
 
 /// The month as "mmmm" or "mmm", and the year.
 std::string MonthTitle(const CalendarView& view, std::string_view month);
-/// The week day of a column as "dddd" or "ddd".
+/// The week day of a column, Sunday is 0.
+int WeekDayOfColumn(const CalendarView& view, int column) noexcept;
+/// The same as "dddd" or "ddd".
 std::string WeekDayName(const CalendarView& view, int column, std::string_view form);
 
 }  // namespace velmora

@@ -32,15 +32,6 @@ constexpr Rect Inset(const Rect& rect, int x, int y) noexcept {
     return {rect.left + x, rect.top + y, rect.right - x, rect.bottom - y};
 }
 
-/// The first character of UTF-8 text.
-std::string FirstLetter(const std::string& text) {
-    std::size_t length = std::min<std::size_t>(text.size(), 1);
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) {
-        ++length;
-    }
-    return text.substr(0, length);
-}
-
 /// A day's own colour, or the default when it has none.
 OLE_COLOR ColorOr(const Variant& own, OLE_COLOR fallback) noexcept {
     const auto* color = own.As<std::int32_t>();
@@ -235,9 +226,11 @@ void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
 
 std::string CalendarPainter::WeekDayCaption(int column) const {
     const VmWeekDayDisplayConstants display = m_view.state.weekDayDisplay;
-    const std::string name =
-        WeekDayName(m_view, column, display == VmWeekDayAbbrName ? "ddd" : "dddd");
-    return display == VmWeekDayLetter ? FirstLetter(name) : name;
+    if (display == VmWeekDayLetter) {
+        const auto weekDay = static_cast<std::size_t>(WeekDayOfColumn(m_view, column));
+        return WeekDayLetter(m_view.dates.Locale(), weekDay);
+    }
+    return WeekDayName(m_view, column, display == VmWeekDayAbbrName ? "ddd" : "dddd");
 }
 
 void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> exposed) {
@@ -320,7 +313,7 @@ void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const R
     m_drawing.FillRect(surface, inner, GroundBrush(colors.back));
     if (!raised) PaintGridLines(surface, cell);
 
-    const std::string number = std::to_string(DayOfMonth(day));
+    const std::string number = m_view.dates.Number(DayOfMonth(day));
     if (decoration && decoration->Picture()) {
         PaintPicture(surface, *decoration->Picture(), number, inner);
     }

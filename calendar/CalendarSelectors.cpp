@@ -1,5 +1,6 @@
 #include "calendar/VmCalendar.h"
 #include "platform/Keys.h"
+#include "platform/dates/DateText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,9 +10,9 @@ namespace velmora {
 namespace {
 
 /// A whole 16-bit number, or nothing.
-std::optional<std::int16_t> ToYear(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+std::optional<std::int16_t> ToYear(std::string_view typed) {
+    const std::string plain = WithPlainDigits(typed);
+    const std::string_view text = TrimmedSpaces(plain);
     std::int16_t year = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), year);
     if (error != std::errc() || stop != text.data() + text.size()) return std::nullopt;

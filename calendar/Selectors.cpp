@@ -1,7 +1,5 @@
 #include "calendar/Selectors.h"
 
-#include <utility>
-
 namespace velmora {
 namespace {
 
@@ -15,19 +13,15 @@ void PlaceChild(ChildControl* child, bool visible, const Rect& rect) {
 
 }  // namespace
 
-void Selectors::MonthNames(std::vector<std::string> names) {
-    m_monthNames = std::move(names);
-    if (m_monthList) {
-        m_monthList->Items(m_monthNames);
-        PushMonth();
-    }
+void Selectors::FollowLocale() {
+    PushMonthNames();
+    PushYear();
 }
 
 void Selectors::Prepare(VmMonthYearSelStyleConstants style, LayoutMetrics& metrics) {
     if (style == VmMonthSelCombo) {
         if (!m_monthList && (m_monthList = m_windowing.CreateMonthList())) {
-            m_monthList->Items(m_monthNames);
-            PushMonth();
+            PushMonthNames();
         }
         if (!m_yearText) m_yearText = m_windowing.CreateYearText();
         if (!m_yearSpinnerBar) {
@@ -71,7 +65,6 @@ void Selectors::Month(int month) {
 }
 
 void Selectors::Year(int year) {
-    m_yearTextValue = std::to_string(year);
     m_yearSpinner.value = -year;
     PushYear();
 }
@@ -93,12 +86,18 @@ void Selectors::MonthPositionRange(int first, int last) {
     PushDate();
 }
 
+void Selectors::PushMonthNames() {
+    if (!m_monthList) return;
+    m_monthList->Items(m_dates.Locale().monthNames);
+    PushMonth();
+}
+
 void Selectors::PushMonth() {
     if (m_monthList) m_monthList->ListIndex(m_listIndex);
 }
 
 void Selectors::PushYear() {
-    if (m_yearText) m_yearText->Text(m_yearTextValue);
+    if (m_yearText) m_yearText->Text(m_dates.Number(-m_yearSpinner.value));
     if (m_yearSpinnerBar) {
         m_yearSpinnerBar->Position(m_yearSpinner.minimum, m_yearSpinner.maximum,
                                    m_yearSpinner.value);

@@ -2,10 +2,9 @@
 
 #include "calendar/CalendarLayout.h"
 #include "platform/Windowing.h"
+#include "platform/dates/Dates.h"
 
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace velmora {
 
@@ -23,10 +22,10 @@ public:
         int value = 0;
     };
 
-    explicit Selectors(Windowing& windowing) : m_windowing(windowing) {}
+    Selectors(Windowing& windowing, const Dates& dates) : m_windowing(windowing), m_dates(dates) {}
 
-    /// The twelve month names, January first.
-    void MonthNames(std::vector<std::string> names);
+    /// The date services speak another language now.
+    void FollowLocale();
 
     /// Makes the native controls of a style where they are missing; their sizes are in the metrics.
     void Prepare(VmMonthYearSelStyleConstants style, LayoutMetrics& metrics);
@@ -45,7 +44,6 @@ public:
     void Year(int year);
     void YearRange(int firstYear, int lastYear);
     const Position& YearSpinner() const noexcept { return m_yearSpinner; }
-    const std::string& YearText() const noexcept { return m_yearTextValue; }
 
     /// The scroll bar's position on the `MonthIndex` scale.
     void MonthPosition(int monthIndex);
@@ -53,14 +51,14 @@ public:
     const Position& DateScroll() const noexcept { return m_dateScroll; }
 
 private:
+    void PushMonthNames();
     void PushMonth();
     void PushYear();
     void PushDate();
 
     Windowing& m_windowing;
-    std::vector<std::string> m_monthNames;
+    const Dates& m_dates;
     int m_listIndex = -1;
-    std::string m_yearTextValue;
     Position m_yearSpinner;
     Position m_dateScroll;
     std::unique_ptr<ComboBox> m_monthList;

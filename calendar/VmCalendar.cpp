@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
-#include <vector>
 
 namespace velmora {
 namespace {
@@ -11,18 +10,15 @@ namespace {
 constexpr AboutText kAbout{"Velmora Calendar Controls", VELMORA_VERSION,
                            "https://velmoracalendar.example/"};
 
-std::vector<std::string> MonthNamesOf(const Dates& dates) {
-    return {dates.Locale().monthNames.begin(), dates.Locale().monthNames.end()};
-}
-
 }  // namespace
 
 VmCalendar::VmCalendar(const Platform& platform)
-    : m_platform(platform), m_days(std::make_shared<VmDays>()), m_selectors(platform.windowing) {
+    : m_platform(platform),
+      m_days(std::make_shared<VmDays>()),
+      m_selectors(platform.windowing, platform.dates) {
     m_days->WhenItemChanges([this](std::int16_t position) {
         InvalidateDay(FirstOfMonth(DayOf(m_state.shownDate)) + position - 1);
     });
-    m_selectors.MonthNames(MonthNamesOf(platform.dates));
 }
 
 VmCalendar::~VmCalendar() {
@@ -263,7 +259,7 @@ void VmCalendar::FocusIs(bool here) {
 }
 
 void VmCalendar::OnLocaleChanged() {
-    m_selectors.MonthNames(MonthNamesOf(m_platform.dates));
+    m_selectors.FollowLocale();
     RepaintControl();
 }
 

@@ -18,6 +18,7 @@ DateLocale TakeLocale(ByteReader& bytes) {
     locale.hours24 = choice % 2 == 0;
     if (choice / 8 % 2 == 0) locale.dateSeparator = ".";
     if (choice / 16 % 4 == 0) locale.timeSeparator = ".";
+    if (choice % 5 == 0) locale.zeroDigit = 0x0660;  // Arabic
     return locale;
 }
 

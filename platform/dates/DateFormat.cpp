@@ -240,12 +240,7 @@ void Formatter::DateField(const Element& element, bool besideDay) {
 }
 
 void Formatter::Number(int value, int digits) {
-    char buffer[12];
-    char* begin = std::end(buffer);
-    for (; value != 0 || digits > 0; value /= 10, --digits) {
-        *--begin = static_cast<char>('0' + value % 10);
-    }
-    m_text.append(begin, std::end(buffer));
+    AppendNumber(m_text, value, digits, m_locale.zeroDigit);
 }
 
 void Formatter::Pattern(std::string_view pattern) {

@@ -1,6 +1,7 @@
 #include "platform/dates/DateLocale.h"
 
 #include <algorithm>
+#include <set>
 
 namespace velmora {
 namespace {
@@ -8,7 +9,25 @@ namespace {
 constexpr std::string_view kEndsPlainText = "'dMy";
 constexpr std::string_view kEndsQuotedText = "'";
 
+/// The first character of UTF-8 text.
+std::string_view FirstLetter(std::string_view text) noexcept {
+    std::size_t length = std::min<std::size_t>(text.size(), 1);
+    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) {
+        ++length;
+    }
+    return text.substr(0, length);
+}
+
 }  // namespace
+
+std::string WeekDayLetter(const DateLocale& locale, std::size_t weekDay) {
+    constexpr std::size_t kFew = 3;
+    std::set<std::string_view> letters;
+    for (const std::string& name : locale.weekDayNames) letters.insert(FirstLetter(name));
+    const std::string& own = locale.weekDayLetters[weekDay];
+    if (letters.size() <= kFew && !own.empty()) return own;
+    return std::string(FirstLetter(locale.weekDayNames[weekDay]));
+}
 
 std::optional<PatternPiece> PatternReader::Next() noexcept {
     while (m_at < m_pattern.size()) {

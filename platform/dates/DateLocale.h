@@ -21,6 +21,8 @@ struct DateLocale {
                                             "Thursday", "Friday", "Saturday"};
     std::array<std::string, 7> weekDayAbbreviations{"Sun", "Mon", "Tue", "Wed",
                                                     "Thu", "Fri", "Sat"};
+    /// The shortest ones, of a letter or two; empty where there are none.
+    std::array<std::string, 7> weekDayLetters{"S", "M", "T", "W", "T", "F", "S"};
     /// The forms beside the day of the month, where those differ ("marzec", but "15 marca").
     std::array<std::string, 12> monthNamesInDates, monthAbbreviationsInDates;
     std::array<std::string, 7> weekDayNamesInDates, weekDayAbbreviationsInDates;
@@ -34,10 +36,15 @@ struct DateLocale {
     std::string timeSeparator = ":";
     std::string morning = "AM";
     std::string afternoon = "PM";
-    bool hours24 = false;  // how "Long Time" and "General Date" show the time
+    bool hours24 = false;       // how "Long Time" and "General Date" show the time
+    char32_t zeroDigit = U'0';  // the first of the ten in which numbers are shown
 
     friend bool operator==(const DateLocale&, const DateLocale&) = default;
 };
+
+/// The first letter of the week day's name, Sunday is 0; where those of most days are the same, as
+/// in Chinese and Hebrew, the locale's own.
+std::string WeekDayLetter(const DateLocale& locale, std::size_t weekDay);
 
 /// One piece of a locale's pattern: a field, or text that stands for itself.
 struct PatternPiece {

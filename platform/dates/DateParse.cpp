@@ -90,7 +90,7 @@ private:
     FoundName WholeMonth(std::string_view text, FoundName best = {}) const;
     FoundName AbbreviatedMonth(std::string_view text, FoundName best = {}) const;
     FoundName FindWeekDay(std::string_view text) const;
-    bool IsPatternWord(std::string_view word) const;
+    std::size_t PatternWordLength(std::string_view text) const;
 
     std::optional<DayNumber> DayOf(const Found& found) const;
     std::optional<DayNumber> DayWithMonthName(const Found& found) const;
@@ -112,8 +112,9 @@ std::optional<Written> Parser::Parse(std::string_view text) const {
     constexpr std::size_t kLongestText = 512;  // bytes
     text = TrimmedSpaces(text);
     if (text.empty() || text.size() > kLongestText) return std::nullopt;
-    const TextCursor cursor(text);
-    if (const auto day = IsoDay(text)) return Written{day};
+    const std::string plain = WithPlainDigits(text);
+    const TextCursor cursor(plain);
+    if (const auto day = IsoDay(plain)) return Written{day};
     if (const auto date = ByPattern(cursor, m_locale.shortDatePattern)) return date;
     if (const auto date = ByPattern(cursor, m_locale.longDatePattern)) return date;
     if (const auto date = BySense(cursor)) return date;
@@ -264,6 +265,7 @@ bool Parser::ReadElement(TextCursor& cursor, Found& found, bool apart) const {
     const auto number = cursor.ReadNumber(4);
     if (!number || cursor.AtDigit() || found.count == found.numbers.size()) return false;
     found.numbers[found.count++] = *number;
+    if (number->digits <= 2) cursor.Skip(OrdinalLength(cursor.Rest()));
     return true;
 }
 
@@ -279,10 +281,9 @@ bool Parser::ReadFoundName(TextCursor& cursor, Found& found) const {
         cursor.Skip(weekDay.length);
         return true;
     }
-    const std::size_t word = WordLength(cursor.Rest());
-    if (word == 0 || !IsPatternWord(cursor.Rest().substr(0, word))) return false;
+    const std::size_t word = PatternWordLength(cursor.Rest());
     cursor.Skip(word);
-    return true;
+    return word != 0;
 }
 
 FoundName Parser::FindMonth(std::string_view text) const {
@@ -317,20 +318,25 @@ FoundName Parser::FindWeekDay(std::string_view text) const {
     return LongestName(kEnglishWeekDayAbbreviations, text, name);
 }
 
-/// Whether the locale's own patterns have the word as text, as in "2 de marzo de 2024".
-bool Parser::IsPatternWord(std::string_view word) const {
+/// Bytes of a word that the locale's own patterns have as text, as in "2 de marzo de 2024"; in
+/// Hebrew the name of the month follows it at once. Else 0.
+std::size_t Parser::PatternWordLength(std::string_view text) const {
     for (const std::string_view pattern : {std::string_view(m_locale.shortDatePattern),
                                            std::string_view(m_locale.longDatePattern)}) {
         for (PatternReader reader(pattern); const auto piece = reader.Next();) {
             if (piece->field != 0) continue;
-            std::string_view text = TrimmedSpaces(piece->text);
-            while (!text.empty() && kSeparators.find(text.back()) != std::string_view::npos) {
-                text.remove_suffix(1);
+            std::string_view word = TrimmedSpaces(piece->text);
+            while (!word.empty() && kSeparators.find(word.back()) != std::string_view::npos) {
+                word.remove_suffix(1);
             }
-            if (text.size() == word.size() && PrefixLength(text, word) != 0) return true;
+            const std::size_t length = PrefixLength(text, word);
+            if (length == 0) continue;
+            if (length == WordLength(text) || FindMonth(text.substr(length)).number != 0) {
+                return length;
+            }
         }
     }
-    return false;
+    return 0;
 }
 
 // What the numbers mean.

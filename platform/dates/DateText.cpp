@@ -46,6 +46,38 @@ Character FoldedAt(std::string_view text, std::size_t at) noexcept {
     return {kBareByte + lead, 1};
 }
 
+/// Where the ten digits of each script begin, in order.
+constexpr char32_t kZeroDigits[] = {0x0660, 0x06F0, 0x07C0, 0x0966, 0x09E6, 0x0A66,  0x0AE6, 0x0B66,
+                                    0x0BE6, 0x0C66, 0x0CE6, 0x0D66, 0x0E50, 0x0ED0,  0x0F20, 0x1040,
+                                    0x1090, 0x17E0, 0x1810, 0x1946, 0x1C40, 0x1C50,  0xA620, 0xA8D0,
+                                    0xA9D0, 0xA9F0, 0xAA50, 0xABF0, 0xFF10, 0x11136, 0x1E950};
+
+/// The character that `text` begins with; code 0 and one byte for what is none.
+Character CharacterAt(std::string_view text) noexcept {
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const std::size_t length = lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (length == 1 || length > text.size()) return {lead < 0x80 ? lead : char32_t{0}, 1};
+    char32_t code = lead & (0x7Fu >> length);
+    for (const char byte : text.substr(1, length - 1)) {
+        if ((static_cast<unsigned char>(byte) & 0xC0) != 0x80) return {0, 1};
+        code = code << 6 | (static_cast<unsigned char>(byte) & 0x3Fu);
+    }
+    return {code, length};
+}
+
+void AppendCharacter(std::string& text, char32_t code) {
+    const auto append = [&](char32_t bits) { text += static_cast<char>(bits); };
+    if (code < 0x80) return append(code);
+    if (code < 0x800) {
+        append(0xC0 | code >> 6);
+    } else {
+        append(code < 0x10000 ? 0xE0 | code >> 12 : 0xF0 | code >> 18);
+        if (code >= 0x10000) append(0x80 | (code >> 12 & 0x3F));
+        append(0x80 | (code >> 6 & 0x3F));
+    }
+    append(0x80 | (code & 0x3F));
+}
+
 constexpr bool IsAsciiLetter(char character) noexcept {
     return LowerAscii(character) >= 'a' && LowerAscii(character) <= 'z';
 }
@@ -74,6 +106,43 @@ std::size_t SpaceLength(std::string_view text) noexcept {
     const bool general =
         text.substr(0, 2) == "\xE2\x80" && ((last >= 0x80 && last <= 0x8F) || last == 0xAF);
     return wide || general ? 3 : 0;
+}
+
+std::string WithPlainDigits(std::string_view text) {
+    std::string plain;
+    while (!text.empty()) {
+        const Character character = CharacterAt(text);
+        const auto* const end =
+            std::upper_bound(std::begin(kZeroDigits), std::end(kZeroDigits), character.code);
+        const char32_t zero = end == std::begin(kZeroDigits) ? 0 : *(end - 1);
+        if (zero != 0 && character.code < zero + 10) {
+            plain += static_cast<char>('0' + (character.code - zero));
+        } else {
+            plain += text.substr(0, character.length);
+        }
+        text.remove_prefix(character.length);
+    }
+    return plain;
+}
+
+void AppendNumber(std::string& text, int value, int leastDigits, char32_t zero) {
+    int power = 1;
+    for (int digits = 1; digits < leastDigits || value / power >= 10; ++digits) power *= 10;
+    for (; power > 0; power /= 10) {
+        AppendCharacter(text, zero + static_cast<char32_t>(value / power % 10));
+    }
+}
+
+std::size_t OrdinalLength(std::string_view text) noexcept {
+    constexpr std::string_view kEndings[] = {"st", "nd", "rd", "th", "er", "re", "e",  "ème",
+                                             "º",  ".º", "ª",  ".ª", "r",  "η",  "-го"};
+    for (const std::string_view ending : kEndings) {
+        const std::size_t length = PrefixLength(text, ending);
+        if (EndsName(text, length) && (length == text.size() || !IsDigit(text[length]))) {
+            return length;
+        }
+    }
+    return 0;
 }
 
 std::size_t WordLength(std::string_view text) noexcept {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace velmora {
@@ -20,6 +21,16 @@ std::size_t PrefixLength(std::string_view text, std::string_view prefix) noexcep
 
 /// Bytes of the space or invisible direction mark that `text` begins with, else 0.
 std::size_t SpaceLength(std::string_view text) noexcept;
+
+/// The text with the digits of all scripts as ASCII ones.
+std::string WithPlainDigits(std::string_view text);
+
+/// Appends a number from 0 with at least that many of the digits that begin with `zero`.
+void AppendNumber(std::string& text, int value, int leastDigits, char32_t zero);
+
+/// Bytes of the ending by which a number that `text` goes on behind is an ordinal one, as in "4th"
+/// and "1er", else 0.
+std::size_t OrdinalLength(std::string_view text) noexcept;
 
 /// Bytes of letters (everything beyond ASCII counts as one, except spaces) that `text` begins with.
 std::size_t WordLength(std::string_view text) noexcept;

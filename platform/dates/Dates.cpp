@@ -74,6 +74,12 @@ std::string Dates::Format(Date date, std::string_view expression, int firstDayOf
     return FormatDate(*m_locale, date, expression, firstDayOfWeek, firstWeek);
 }
 
+std::string Dates::Number(int value) const {
+    std::string text;
+    AppendNumber(text, value, 1, m_locale->zeroDigit);
+    return text;
+}
+
 std::optional<Date> Dates::TryParse(std::string_view text) const {
     return ParseDate(*m_locale, text, [this] { return Today(); });
 }

@@ -46,12 +46,16 @@ public:
     std::string Format(Date date, std::string_view expression = {}, int firstDayOfWeek = 1,
                        FirstWeekOfYear firstWeek = FirstWeekOfYear::HoldsJanuary1) const;
 
+    /// A number from 0, in the digits of the locale.
+    std::string Number(int value) const;
+
     /// Reads date text in the locale's own order, ISO 8601, or with month names of the locale or of
-    /// English; a time may follow or stand alone, which is day 0 at that time. Names of week days
-    /// are passed over. Day and month alone are of this year, month and year alone the first of the
-    /// month. Where the locale's order gives no date, day and month change places. Years of one or
-    /// two digits are 1930..2029. A time alone that could be a date, as "1.10.03" where times are
-    /// written with dots, is the date. Nothing when it is no date or lies outside 100..9999.
+    /// English, in the digits of any script, the day also as an ordinal ("1er", "4th"); a time may
+    /// follow or stand alone, which is day 0 at that time. Names of week days are passed over. Day
+    /// and month alone are of this year, month and year alone the first of the month. Where the
+    /// locale's order gives no date, day and month change places. Years of one or two digits are
+    /// 1930..2029. A time alone that could be a date, as "1.10.03" where times are written with
+    /// dots, is the date. Nothing when it is no date or lies outside 100..9999.
     std::optional<Date> TryParse(std::string_view text) const;
     /// The day that the text names; of a time alone nothing.
     std::optional<DayNumber> TryParseDay(std::string_view text) const;

@@ -23,10 +23,10 @@ public:
     std::string DateText(CivilDate date, Length length) const override {
         const QString pattern =
             m_locale.dateFormat(Format(length)).replace(QRegularExpression("y+"), "yyyy");
-        return Plain(m_locale.toString(QDate(date.year, date.month, date.day), pattern));
+        return m_locale.toString(QDate(date.year, date.month, date.day), pattern).toStdString();
     }
     std::string TimeText(int hour, int minute) const override {
-        return Plain(m_locale.toString(QTime(hour, minute), QLocale::ShortFormat));
+        return m_locale.toString(QTime(hour, minute), QLocale::ShortFormat).toStdString();
     }
     std::string Meridiem(int hour) const override {
         return (hour < 12 ? m_locale.amText() : m_locale.pmText()).toStdString();
@@ -35,12 +35,6 @@ public:
 private:
     static QLocale::FormatType Format(Length length) {
         return length == Length::Short ? QLocale::ShortFormat : QLocale::LongFormat;
-    }
-    std::string Plain(QString text) const {
-        for (int digit = 0; digit <= 9; ++digit) {
-            text.replace(m_locale.toString(digit), QString::number(digit));
-        }
-        return text.toStdString();
     }
 
     QLocale m_locale;

@@ -202,6 +202,7 @@ TEST(DatesParse, ReadsWhatPeopleWriteInEnglish) {
     ExpectReadings(DatesFor("M/d/yyyy"),
                    {{"3/2/2024 |  03-02-24  | 3.2.2024 | 3 2 2024 | 3, 2, 2024 | 2024/3/2 | "
                      "2024-03-02 | 2024-03-02. | 3/2 | March 2 | 2 mar | MARCH 2, 2024 | 2-Mar-24 "
+                     "| March 2nd, 2024 | 2nd Mar 24 | ٣/٢/٢٠٢٤ | ３/２/２０２４ | 2 mar २०२४ "
                      "| 2Mar2024 | 2024 Mar 2 | Sat, 2 March 2024 | Tuesday, March 2, 2024",
                      day},
                     {"13/2/2024 | 13/2", At(2024, 2, 13)},

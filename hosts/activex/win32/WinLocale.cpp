@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 namespace velmora {
 namespace {
@@ -19,13 +20,14 @@ std::string Info(LCID locale, LCTYPE type) {
     return ToUtf8(text);
 }
 
-/// Eras have no place in a pattern: what is left of them is the text around.
+/// Eras have no place in a pattern: what is left of them is the text around, with one space.
 std::string WithoutEras(const std::string& pattern) {
     std::string plain;
-    bool quoted = false;
+    bool quoted = false, behindEra = false;
     for (const char letter : pattern) {
         if (letter == '\'') quoted = !quoted;
-        if (quoted || letter != 'g') plain += letter;
+        if (std::exchange(behindEra, !quoted && letter == 'g') && letter == ' ') continue;
+        if (!behindEra) plain += letter;
     }
     return plain;
 }
@@ -53,6 +55,7 @@ void TakeNames(DateLocale& data, LCID locale) {
         const auto day = static_cast<LCTYPE>((i + 6) % 7);  // the system begins with Monday
         TakeOver(data.weekDayNames[i], Info(locale, LOCALE_SDAYNAME1 + day));
         TakeOver(data.weekDayAbbreviations[i], Info(locale, LOCALE_SABBREVDAYNAME1 + day));
+        data.weekDayLetters[i] = Info(locale, LOCALE_SSHORTESTDAYNAME1 + day);
     }
 }
 

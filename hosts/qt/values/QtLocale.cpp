@@ -31,6 +31,7 @@ void TakeWeekDays(DateLocale& data, const QLocale& locale) {
         const int day = i == 0 ? Qt::Sunday : static_cast<int>(i);
         data.weekDayNames[i] = locale.standaloneDayName(day).toStdString();
         data.weekDayAbbreviations[i] = locale.standaloneDayName(day, kShort).toStdString();
+        data.weekDayLetters[i] = locale.standaloneDayName(day, QLocale::NarrowFormat).toStdString();
         data.weekDayNamesInDates[i] = locale.dayName(day).toStdString();
         data.weekDayAbbreviationsInDates[i] = locale.dayName(day, kShort).toStdString();
     }
@@ -85,6 +86,7 @@ DateLocale Read(const QLocale& locale) {
     data.longDatePattern = locale.dateFormat(QLocale::LongFormat).toStdString();
     data.dateSeparator = SeparatorOf(data.shortDatePattern, data.dateSeparator);
     TakeTime(data, locale);
+    data.zeroDigit = locale.zeroDigit().toUcs4().value(0, U'0');
     return data;
 }
 

@@ -25,7 +25,8 @@ public:
         wchar_t pattern[100]{};
         GetLocaleInfoW(m_locale, length == Length::Full ? LOCALE_SLONGDATE : LOCALE_SSHORTDATE,
                        pattern, 100);
-        return Written(date, std::regex_replace(pattern, std::wregex(L"y+"), L"yyyy").c_str());
+        const std::wstring plain = std::regex_replace(pattern, std::wregex(L"g+ ?"), L"");
+        return Written(date, std::regex_replace(plain, std::wregex(L"y+"), L"yyyy").c_str());
     }
     std::string TimeText(int hour, int minute) const override {
         return Written(hour, minute, TIME_NOSECONDS, nullptr);
