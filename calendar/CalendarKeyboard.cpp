@@ -45,6 +45,7 @@ bool VmCalendar::StepByKey(std::int16_t keyCode, std::int16_t shift) {
     if (IsChoice(m_state, keyCode, shift)) return ChooseSelected();
     const int months = extended ? 0 : MonthsOf(keyCode, shift);
     if (months != 0) return StepShown(months);
+    if (m_platform.windowing.IsRightToLeft()) keyCode = MirroredKey(keyCode);
     const DayNumber from = DayOf(m_state.dateValue);
     const auto day = DayByKey(m_state, from, keyCode, shift, m_platform.dates.Today());
     if (!day || !IsSelectable(*day)) return false;

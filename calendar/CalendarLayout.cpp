@@ -52,7 +52,7 @@ void LayoutArrows(CalendarLayout& layout, int captionWidth) noexcept {
     layout.arrows[static_cast<int>(Arrow::MonthForward)] = button(rightEdge - size - 1 - size);
 }
 
-/// Right to left: year spinner, year box beside it, month list.
+/// From the end of the line: year spinner, year box beside it, month list.
 void LayoutCombo(CalendarLayout& layout, const LayoutMetrics& metrics) noexcept {
     const int top = (layout.monthBandHeight - metrics.yearText.height) / 2 + 1;
     const int spinner = layout.client.width - 1 - kSelectorGap - metrics.yearSpinner.width;
@@ -61,6 +61,17 @@ void LayoutCombo(CalendarLayout& layout, const LayoutMetrics& metrics) noexcept 
     layout.yearText = RectAt(year, top, metrics.yearText);
     layout.monthList =
         RectAt(year - kSelectorGap - metrics.monthList.width, top, metrics.monthList);
+    layout.monthCaption.right = layout.monthList.left - 2;
+}
+
+void Mirror(CalendarLayout& layout) noexcept {
+    const Rect client = layout.Client();
+    layout.rightToLeft = true;
+    for (Rect& arrow : layout.arrows) arrow = Mirrored(arrow, client);
+    for (Rect* const place :
+         {&layout.monthCaption, &layout.monthList, &layout.yearText, &layout.yearSpinner}) {
+        *place = Mirrored(*place, client);
+    }
 }
 
 LayoutMetrics Bounded(LayoutMetrics metrics) noexcept {
@@ -97,6 +108,7 @@ CalendarLayout LayoutCalendar(const CalendarState& state, const LayoutMetrics& g
     LayoutRows(layout, state, metrics);
     layout.gridTop = layout.monthBandHeight + (layout.hasWeekDayRow ? layout.rowHeight : 0);
 
+    layout.monthCaption = {2, 2, metrics.client.width - 3, layout.monthBandHeight - 2};
     switch (state.monthYearSelStyle) {
         case VmMonthSelArrows: LayoutArrows(layout, metrics.captionWidth); break;
         case VmMonthSelCombo: LayoutCombo(layout, metrics); break;
@@ -106,6 +118,7 @@ CalendarLayout LayoutCalendar(const CalendarState& state, const LayoutMetrics& g
             break;
         case VmMonthSelNone: break;
     }
+    if (metrics.rightToLeft) Mirror(layout);
     return layout;
 }
 
@@ -144,7 +157,8 @@ MonthGrid GridOf(const CalendarState& state, const CalendarLayout& layout) noexc
                       .gridTop = layout.gridTop,
                       .cellWidth = layout.cellWidth,
                       .rowHeight = layout.rowHeight,
-                      .clientWidth = layout.client.width});
+                      .clientWidth = layout.client.width,
+                      .rightToLeft = layout.rightToLeft});
 }
 
 }  // namespace velmora

@@ -29,21 +29,25 @@ struct LayoutMetrics {
     Size yearText;
     Size yearSpinner;
     Size dateScroll;
+    bool rightToLeft = false;
 
     friend bool operator==(const LayoutMetrics&, const LayoutMetrics&) = default;
 };
 
 /// Where everything of a calendar is, in pixels of its client area: a one-pixel frame, the month
-/// band, the row of week-day captions when there is one, and six rows of cells.
+/// band, the row of week-day captions when there is one, and six rows of cells. From right to left
+/// all of it is mirrored: the places here, those of the grid, and the sides that alignments name.
 struct CalendarLayout {
     Size client;
+    bool rightToLeft = false;
     int columnCount = 7;
     int cellWidth = 0;
     int rowHeight = 0;
     int monthBandHeight = 0;  // from y = 0; the line at this y closes the band
     bool hasWeekDayRow = false;
     int gridTop = 0;                         // the first row of cells begins below this line
-    std::array<Rect, kArrowCount> arrows{};  // arrows style only; right and bottom exclusive
+    Rect monthCaption;                       // right and bottom exclusive, as of all that follow
+    std::array<Rect, kArrowCount> arrows{};  // arrows style only
     Rect monthList;                          // combo style only
     Rect yearText;
     Rect yearSpinner;

@@ -156,10 +156,10 @@ void CalendarPainter::PaintMonthCaption(SurfaceHandle surface) {
 void CalendarPainter::PaintArrows(SurfaceHandle surface) {
     for (int i = 0; i < kArrowCount; ++i) {
         const auto arrow = static_cast<Arrow>(i);
-        const bool left = arrow == Arrow::YearBack || arrow == Arrow::MonthBack;
+        const bool back = arrow == Arrow::YearBack || arrow == Arrow::MonthBack;
         const bool leads =
             !m_view.state.extendedNavigation || ShownAfter(m_view.state, MonthsOf(arrow));
-        std::uint32_t state = left ? kScrollLeft : kScrollRight;
+        std::uint32_t state = back != m_view.layout.rightToLeft ? kScrollLeft : kScrollRight;
         if (m_view.pressedArrow == arrow && leads) state |= kFramePushed;
         if (!m_view.enabled || !leads) state |= kFrameInactive;
         m_drawing.DrawFrameControl(surface, m_view.layout.arrows[static_cast<std::size_t>(i)],
@@ -190,17 +190,17 @@ void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
     const OwnedObject font(m_drawing,
                            m_drawing.CreateFontIndirectA(FontToLogFont(*state.monthFont)));
     const Selection selected(m_drawing, surface, font);
-    Rect place{2, 2, m_view.layout.client.width - 3, m_view.layout.monthBandHeight - 2};
+    Rect place = m_view.layout.monthCaption;
     if (state.monthYearSelStyle == VmMonthSelCombo) {
         // The list and the year box say the same; beside them the caption stands whole or not at
         // all.
-        place.right = m_view.layout.monthList.left - kTextInsetX;
         Rect extent;
         m_drawing.DrawTextA(surface, text, extent, kTextSingleLine | kTextCalcRect);
         if (extent.right > place.Width()) return;
     }
     UseTextColor(surface, state.monthForeColor);
-    m_drawing.DrawTextA(surface, text, place, kTextCenter | kTextVCenter | kTextSingleLine);
+    m_drawing.DrawTextA(surface, text, place,
+                        Directed(kTextCenter | kTextVCenter | kTextSingleLine));
 }
 
 void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
@@ -265,8 +265,10 @@ void CalendarPainter::PaintGridTop(SurfaceHandle surface) {
 /// order by which each cell keeps its corners.
 void CalendarPainter::PaintGridEdges(SurfaceHandle surface) {
     const CalendarLayout& layout = m_view.layout;
-    const Rect grid{m_grid.ColumnRect(0).left, layout.gridTop + 1,
-                    m_grid.ColumnRect(m_grid.ColumnCount() - 1).right,
+    const Rect first = m_grid.ColumnRect(0);
+    const Rect last = m_grid.ColumnRect(m_grid.ColumnCount() - 1);
+    const Rect grid{std::min(first.left, last.left), layout.gridTop + 1,
+                    std::max(first.right, last.right),
                     layout.gridTop + kGridRows * layout.rowHeight};
     const auto rows = [&](const OwnedObject& pen, int offset) {
         const Selection selected(m_drawing, surface, pen);
@@ -363,15 +365,20 @@ void CalendarPainter::PaintPicture(SurfaceHandle surface, const StdPicture& pict
     const auto place = static_cast<VmPictureAlignmentConstants>(m_view.state.dayNumberAlignment);
     const Rect text = PlaceDayPicture(place, {extent.right, extent.bottom}, room, room);
     DrawDayPicture(m_drawing, surface, picture, m_view.state.dayPictureAlignment, inner, text,
-                   m_view.pixelsPerInch);
+                   m_view.pixelsPerInch, m_view.layout.rightToLeft);
 }
 
 void CalendarPainter::DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,
                                   VmTextAlignmentConstants alignment) {
     Rect room = Inset(inner, kTextInsetX, kTextInsetY);
-    const std::uint32_t flags = AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix;
+    const std::uint32_t flags =
+        Directed(AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix);
     const auto cut = CutToWidth(text, room.Width(), flags);
     m_drawing.DrawTextA(surface, cut ? *cut : text, room, flags);
+}
+
+std::uint32_t CalendarPainter::Directed(std::uint32_t textFlags) const noexcept {
+    return m_view.layout.rightToLeft ? MirroredText(textFlags) : textFlags;
 }
 
 bool CalendarPainter::IsSelected(DayNumber day) const noexcept {

@@ -81,6 +81,7 @@ private:
     Zone ZoneOf(std::span<const Rect> exposed) const noexcept;
     CellColors ColorsOf(DayNumber day, const VmDay* decoration, bool selected) const;
     CellColors ReadableColors(OLE_COLOR CalendarState::*fore, OLE_COLOR back) const;
+    std::uint32_t Directed(std::uint32_t textFlags) const noexcept;
     bool IsSelected(DayNumber day) const noexcept;
     ObjectHandle GroundBrush(OLE_COLOR color);
     void UseTextColor(SurfaceHandle surface, OLE_COLOR color);

@@ -93,7 +93,7 @@ Size PictureSize(const StdPicture& picture, double pixelsPerInch) noexcept {
 
 void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& picture,
                     VmPictureAlignmentConstants alignment, const Rect& cell, const Rect& text,
-                    double pixelsPerInch) {
+                    double pixelsPerInch, bool mirrored) {
     const Size size = PictureSize(picture, pixelsPerInch);
     if (size.width <= 0 || size.height <= 0) return;
     const ObjectHandle handle = drawing.PictureHandle(picture);
@@ -101,6 +101,7 @@ void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& p
 
     const bool isIcon = picture.Type() == PictureType::Icon;  // never stretched or tiled
     Rect area = PlaceDayPicture(alignment, size, cell, text);
+    if (mirrored) area = Mirrored(area, cell);
     if (isIcon) area = RectAt(area.left, area.top, kIconSize);
     std::optional<Clip> clip;  // it takes as long as the picture
     if (alignment == VmPictTile || !IsInside(area, cell)) clip.emplace(drawing, surface, cell);

@@ -18,9 +18,9 @@ Rect PlaceDayPicture(VmPictureAlignmentConstants alignment, Size picture, const 
 Size PictureSize(const StdPicture& picture, double pixelsPerInch) noexcept;
 
 /// Draws a day's picture clipped to its cell; nothing for one that has no size or that the host
-/// cannot draw.
+/// cannot draw. Mirrored in its cell it goes by where `text` is when it is not.
 void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& picture,
                     VmPictureAlignmentConstants alignment, const Rect& cell, const Rect& text,
-                    double pixelsPerInch);
+                    double pixelsPerInch, bool mirrored);
 
 }  // namespace velmora

@@ -94,6 +94,7 @@ LayoutMetrics VmCalendar::Measure() {
     }
     LayoutMetrics metrics;
     metrics.client = m_platform.windowing.ClientSize();
+    metrics.rightToLeft = m_platform.windowing.IsRightToLeft();
     m_selectors.Prepare(m_state.monthYearSelStyle, metrics);
     if (m_state.monthYearSelStyle == VmMonthSelArrows) {
         metrics.captionWidth = WidestCaption(m_platform.drawing, *m_state.monthFont);

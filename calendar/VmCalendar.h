@@ -263,7 +263,7 @@ public:
     /// The window itself has the keyboard focus, none of its children; the selected day shows it.
     void OnGotFocus() { FocusIs(true); }
     void OnLostFocus() { FocusIs(false); }
-    /// The date services speak another language now.
+    /// The date services speak another language now, or the window runs in the other direction.
     void OnLocaleChanged();
     /// The clock may show another day: the time of the last answer has passed, clock or time zone
     /// have been set, or the machine has slept. Repaints when today's cell has moved, and answers
@@ -275,7 +275,8 @@ public:
     /// key code is 0 when the calendar used the key. Arrow keys move `DateValue`, wherever the user
     /// has turned the grid; the grid follows when the month's number changes. So a date can be
     /// selected that is not to be seen. Page keys move the grid, and select where it arrives.
-    /// `ExtendedNavigation` has it otherwise: all keys move `DateValue`, and the grid follows.
+    /// `ExtendedNavigation` has it otherwise: all keys move `DateValue`, and the grid follows. From
+    /// right to left the left arrow key leads to the next day, which is the cell at the left.
     void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);
     void OnKeyPress(std::int16_t& keyAscii);
     /// Whether the key belongs to the calendar before its container's own keys, or to the child

@@ -76,6 +76,7 @@ bool VmCalDropDown::ActOnKey(std::int16_t keyCode, std::int16_t shift) {
 /// One step from this box's own date, or from its open calendar's.
 bool VmCalDropDown::StepByKey(std::int16_t keyCode, std::int16_t shift) {
     const DayNumber from = DayOf(OwnsForm() ? m_form.Calendar().SelectedDate() : DateValue());
+    if (m_platform.windowing.IsRightToLeft()) keyCode = MirroredKey(keyCode);
     const auto day = DayByKey(m_store.Values(), from, keyCode, shift, m_platform.dates.Today());
     if (!day || !IsInLimits(m_store.Values(), *day)) return false;
     if (*day == from) return true;  // Home on the first day

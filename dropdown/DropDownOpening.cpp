@@ -137,8 +137,8 @@ void VmCalDropDown::Abandon() {
     m_form.Close();
 }
 
-/// Below the box, flush with its left edge or ending one pixel left of its right edge. Screen
-/// pixels.
+/// Below the box, flush with its left edge or ending one pixel left of its right edge, or mirrored.
+/// Screen pixels.
 Rect VmCalDropDown::DropDownPlace() const {
     const Size box = m_platform.windowing.ClientSize();
     const Size desktop = m_form.DesktopSize();
@@ -149,7 +149,9 @@ Rect VmCalDropDown::DropDownPlace() const {
     };
     const int width = scaled(m_box.widthPixels, std::max(desktop.width, 1));
     const int height = scaled(m_box.heightPixels, std::max(desktop.height, 1));
-    const int left = m_box.alignment == VmRightJustified ? box.width - 1 - width : 0;
+    const int start = m_box.alignment == VmRightJustified ? box.width - 1 - width : 0;
+    const bool mirrored = m_platform.windowing.IsRightToLeft();
+    const int left = mirrored ? box.width - width - start : start;
     Point corner = m_platform.windowing.ClientToScreen({left, box.height});
     if (m_keepOnScreen) {
         const Rect work = m_form.WorkArea();

@@ -17,6 +17,7 @@ struct DropDownView {
     bool enabled = true;
     bool focused = false;
     bool buttonDown = false;
+    bool rightToLeft = false;  // mirrored
 };
 
 /// A sunken edge, the drop-down button at the right, and the text: grey when disabled, highlighted

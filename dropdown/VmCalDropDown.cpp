@@ -144,10 +144,14 @@ void VmCalDropDown::OnPaint(SurfaceHandle surface) {
                             .font = Font(),
                             .enabled = TakesInput(),
                             .focused = m_hasFocus,
-                            .buttonDown = m_buttonDown};
+                            .buttonDown = m_buttonDown,
+                            .rightToLeft = m_platform.windowing.IsRightToLeft()};
     PaintDropDown(m_platform.drawing, surface, view);
 }
 
-void VmCalDropDown::OnLocaleChanged() { UpdateDateText(DateValue()); }
+void VmCalDropDown::OnLocaleChanged() {
+    UpdateDateText(DateValue());
+    RepaintControl();
+}
 
 }  // namespace velmora

@@ -144,6 +144,7 @@ public:
     void OnLostFocus();
     /// Hidden, disabled, moved or resized, or its window was: an open drop-down closes.
     void OnWindowChanged();
+    /// As that of the calendar.
     void OnLocaleChanged();
     /// On return the key code is 0 when the box used the key.
     void OnKeyDown(std::int16_t& keyCode, std::int16_t& shift);

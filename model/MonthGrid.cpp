@@ -71,11 +71,19 @@ int MonthGrid::RowOf(DayNumber day) const noexcept {
     return static_cast<int>(FloorDiv(fromFirstRow, 7)) + m_firstRowOffset;  // any day / 7 fits
 }
 
-Rect MonthGrid::ColumnRect(int column) const noexcept {
+/// As distances from the side at which the first column stands.
+Rect MonthGrid::ColumnFromStart(int column) const noexcept {
     const int spare = (std::max(m_shape.clientWidth, 2) - 2) % ColumnCount();
     const std::int64_t width = m_shape.cellWidth;
     return {Saturated(width * column + 1 + std::min(column, spare)), 0,
             Saturated(width * (column + 1) + std::min(column + 1, spare)), 0};
+}
+
+Rect MonthGrid::ColumnRect(int column) const noexcept {
+    const Rect from = ColumnFromStart(column);
+    if (!m_shape.rightToLeft) return from;
+    const std::int64_t last = std::int64_t{m_shape.clientWidth} - 1;
+    return {Saturated(last - from.right), 0, Saturated(last - from.left), 0};
 }
 
 std::optional<Rect> MonthGrid::DayCellRect(DayNumber day) const noexcept {
@@ -98,16 +106,19 @@ std::optional<DayNumber> MonthGrid::DateFromPoint(float x, float y) const noexce
     const double height = m_shape.rowHeight;
     const double width = std::max(m_shape.cellWidth, 1);
     const double rowAt = (double{y} - m_shape.gridTop - 1) / height;
-    const double columnAt = (double{x} - 1) / width;
+    const double across = m_shape.rightToLeft ? m_shape.clientWidth - 1.0 - x : x;
+    const double columnAt = (across - 1) / width;
     if (!(height > 0 && 0 <= rowAt && rowAt < kGridRows && 0 <= columnAt)) return std::nullopt;
     const int row = static_cast<int>(rowAt);
     int column = static_cast<int>(std::min<double>(columnAt, ColumnCount()));
-    Rect cell = ColumnRect(column);
-    while (column > 0 && static_cast<double>(x) < cell.left) cell = ColumnRect(--column);
+    Rect cell = ColumnFromStart(column);
+    while (column > 0 && across < cell.left) cell = ColumnFromStart(--column);
     const Rect rows = RowRect(row);
     cell.top = rows.top;
     cell.bottom = rows.bottom;
-    if (column >= ColumnCount() || !PtInCellRect(cell, x, y)) return std::nullopt;
+    if (column >= ColumnCount() || !PtInCellRect(cell, static_cast<float>(across), y)) {
+        return std::nullopt;
+    }
     return m_first - m_firstColumn + 7 * (row - m_firstRowOffset) + column;
 }
 

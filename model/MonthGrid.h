@@ -24,6 +24,7 @@ struct GridShape {
     std::int32_t cellWidth = 0;
     std::int32_t rowHeight = 0;
     std::int32_t clientWidth = 0;
+    bool rightToLeft = false;  // the first column is the rightmost one
 
     friend bool operator==(const GridShape&, const GridShape&) = default;
 };
@@ -33,7 +34,8 @@ struct GridShape {
 /// any size give an answer.
 ///
 /// Cell rectangles are pixels of the client area with all four bounds inside the cell. Cells tile
-/// the width: the first (client width - 2) mod columns of them are one pixel wider.
+/// the width: the first (client width - 2) mod columns of them are one pixel wider. From right to
+/// left the columns are mirrored.
 class MonthGrid {
 public:
     explicit MonthGrid(const GridShape& shape) noexcept;
@@ -49,7 +51,8 @@ public:
 
     /// Nothing when the date has no cell.
     std::optional<Rect> DayCellRect(DayNumber day) const noexcept;
-    /// Left and right of a column's cells; top and bottom are 0.
+    /// Left and right of the cells of a column, which are counted from the week's first day; top
+    /// and bottom are 0.
     Rect ColumnRect(int column) const noexcept;
     /// Top and bottom of a row's cells; left and right are 0.
     Rect RowRect(int row) const noexcept;
@@ -64,6 +67,8 @@ private:
     /// The most days of a neighbouring month that the grid can show: a week above the first row and
     /// six days beside the first.
     static constexpr int kMargin = 13;
+
+    Rect ColumnFromStart(int column) const noexcept;
 
     GridShape m_shape;
     DayNumber m_first;  // of the shown month

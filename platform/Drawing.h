@@ -43,7 +43,15 @@ enum TextFlags : std::uint32_t {
     kTextSingleLine = 0x20,
     kTextCalcRect = 0x400,  // draws nothing, sets right and bottom of the rectangle to the text's
     kTextNoPrefix = 0x800,  // "&" is an ordinary character
+    /// What has no direction of its own, as digits and commas between words, follows from right to
+    /// left; a host may also go by the first letter that has one.
+    kTextRightToLeft = 0x20000,
 };
+
+/// The flags for the same text in a mirrored window.
+constexpr std::uint32_t MirroredText(std::uint32_t flags) noexcept {
+    return kTextRightToLeft | ((flags & kTextCenter) != 0 ? flags : flags ^ kTextRight);
+}
 
 enum class BackgroundMode { Transparent = 1, Opaque = 2 };
 

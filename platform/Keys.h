@@ -19,6 +19,12 @@ inline constexpr std::int16_t kKeyRight = 39;
 inline constexpr std::int16_t kKeyDown = 40;
 inline constexpr std::int16_t kKeyF4 = 115;
 
+/// The key that leads the same way in a mirrored window.
+constexpr std::int16_t MirroredKey(std::int16_t keyCode) noexcept {
+    if (keyCode == kKeyLeft) return kKeyRight;
+    return keyCode == kKeyRight ? kKeyLeft : keyCode;
+}
+
 /// Bits of a shift state.
 inline constexpr std::int16_t kShiftShift = 1;
 inline constexpr std::int16_t kShiftCtrl = 2;

@@ -55,6 +55,12 @@ struct Rect {
     friend constexpr bool operator==(const Rect&, const Rect&) = default;
 };
 
+/// What is so far from the left of `area` as this is from its right. Exclusive ends.
+constexpr Rect Mirrored(const Rect& rect, const Rect& area) noexcept {
+    const std::int32_t ends = area.left + area.right;
+    return {ends - rect.right, rect.top, ends - rect.left, rect.bottom};
+}
+
 constexpr Rect RectAt(std::int32_t left, std::int32_t top, Size size) noexcept {
     return {left, top, left + size.width, top + size.height};
 }

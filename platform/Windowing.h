@@ -67,6 +67,8 @@ public:
     virtual WindowHandle Handle() const = 0;
     virtual Size ClientSize() const = 0;
     virtual double PixelsPerInch() const = 0;
+    /// Whether its surroundings run from right to left: then places are mirrored, as keys are.
+    virtual bool IsRightToLeft() const = 0;
 
     /// Enabled, and so is every window around it.
     virtual bool TakesInput() const = 0;

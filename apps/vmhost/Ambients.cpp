@@ -15,6 +15,7 @@ HRESULT Ambients::Get(DISPID id, const std::string& displayName, Value& value) c
         case DISPID_AMBIENT_SUPPORTSMNEMONICS: value = supportsMnemonics; break;
         case DISPID_AMBIENT_DISPLAYASDEFAULT: value = displayAsDefault; break;
         case kAmbientKeepDropDownOnScreen: value = keepDropDownOnScreen; break;
+        case DISPID_AMBIENT_RIGHTTOLEFT: value = rightToLeft; break;
         case DISPID_AMBIENT_AUTOCLIP: value = true; break;
         case DISPID_AMBIENT_APPEARANCE: value = short{1}; break;
         case DISPID_AMBIENT_LOCALEID: value = Value::Color(locale); break;

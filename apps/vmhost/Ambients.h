@@ -22,6 +22,7 @@ struct Ambients {
     bool supportsMnemonics = true;
     bool displayAsDefault = false;
     bool keepDropDownOnScreen = true;
+    bool rightToLeft = false;
     LCID locale = LOCALE_USER_DEFAULT;
     std::string scaleUnits = "Twip";
     OLE_COLOR backColor = 0x8000000F;

@@ -59,6 +59,7 @@ public:
 
     void Resize(Size size) {
         test.screen = {0, 0, size.width, size.height};
+        test.rightToLeft = size.width % 2 == 0;
         m_screen = std::make_shared<Pixels>(size);
         m_fresh = std::make_shared<Pixels>(size);
         test.calendar->OnWindowChanged();

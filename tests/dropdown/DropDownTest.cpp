@@ -160,16 +160,20 @@ TEST_F(DropDown, OpensWhereItsHandlerWantsIt) {
         bool keepOnScreen;
         const char* shown;
         double pixelsPerInch = 96;
-    } cases[] = {{test.a.window->screen, VmLeftJustified, 250, 180, false, "100,72 250x180"},
-                 {test.a.window->screen, VmLeftJustified, 251, 180, false, "100,72 377x270", 144},
-                 {test.a.window->screen, VmRightJustified, 250, 180, true, "0,72 500x360", 192},
-                 {test.a.window->screen, VmRightJustified, 250, 180, false, "-1,72 250x180"},
-                 {test.a.window->screen, VmRightJustified, 100, 180, true, "149,72 100x180"},
-                 {test.a.window->screen, VmRightJustified, 250, 180, true, "0,72 250x180"},
-                 {test.a.window->screen, VmLeftJustified, 2147483647, 1, false, "100,72 640x1"},
-                 {low, VmLeftJustified, 250, 180, false, "500,462 250x180"},
-                 {low, VmLeftJustified, 250, 180, true, "390,260 250x180"},
-                 {low, VmLeftJustified, 700, 470, true, "0,0 640x470"}};
+        bool rightToLeft = false;
+    } cases[] = {
+        {test.a.window->screen, VmLeftJustified, 250, 180, false, "100,72 250x180"},
+        {test.a.window->screen, VmLeftJustified, 251, 180, false, "100,72 377x270", 144},
+        {test.a.window->screen, VmRightJustified, 250, 180, true, "0,72 500x360", 192},
+        {test.a.window->screen, VmRightJustified, 250, 180, false, "-1,72 250x180"},
+        {test.a.window->screen, VmRightJustified, 100, 180, true, "149,72 100x180"},
+        {test.a.window->screen, VmRightJustified, 250, 180, true, "0,72 250x180"},
+        {test.a.window->screen, VmLeftJustified, 2147483647, 1, false, "100,72 640x1"},
+        {test.a.window->screen, VmLeftJustified, 250, 180, false, "0,72 250x180", 96, true},
+        {test.a.window->screen, VmRightJustified, 100, 1, false, "101,72 100x1", 96, true},
+        {low, VmLeftJustified, 250, 180, false, "500,462 250x180"},
+        {low, VmLeftJustified, 250, 180, true, "390,260 250x180"},
+        {low, VmLeftJustified, 700, 470, true, "0,0 640x470"}};
     const auto* now = cases;
     box.Events().DropDown.Connect([&](bool&) {
         box.DropDownAlignment(now->alignment);
@@ -180,6 +184,7 @@ TEST_F(DropDown, OpensWhereItsHandlerWantsIt) {
         now = &each;
         test.a.window->screen = each.box;
         test.a.window->pixelsPerInch = each.pixelsPerInch;
+        test.a.window->rightToLeft = each.rightToLeft;
         box.KeepDropDownOnScreen(each.keepOnScreen);
         test.Key(test.a, kKeyF4);
         EXPECT_EQ(test.log.back(), std::string("show ") + each.shown);

@@ -57,6 +57,12 @@ class CorePlayer : public InputPlayer {
         }
     }
 
+    void Turn() override {
+        (m_calendar ? *m_calendar : *m_box->a.window).rightToLeft = true;
+        if (m_box) m_box->calendarWindow.rightToLeft = true;
+        m_calendar ? Calendar().OnLocaleChanged() : Box().OnLocaleChanged();
+    }
+
     void Key(const Stroke& stroke) override {
         if (stroke.code == kKeyEscape) m_held = false;
         if (m_calendar) Commit();

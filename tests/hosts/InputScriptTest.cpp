@@ -103,6 +103,8 @@ protected:
         }
     }
 
+    void Turn() override { m_window->setLayoutDirection(Qt::RightToLeft); }
+
     void Key(const Stroke& stroke) override {
         static const std::map<int, int> kKeys = {
             {13, Qt::Key_Return}, {16, Qt::Key_Shift},  {17, Qt::Key_Control},  {18, Qt::Key_Alt},

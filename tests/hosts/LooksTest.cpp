@@ -176,6 +176,7 @@ TEST(VmCalendarWidget, RepaintOfAPartShowsWhatARepaintOfAllShows) {
         std::string done = "resize";
         if (walk.Random(1, 100) == 1) {
             widget.resize(walk.Random(120, 200), walk.Random(100, 180));
+            widget.setLayoutDirection(static_cast<Qt::LayoutDirection>(walk.Random(0, 1)));
         } else {
             done = walk.Step();
         }

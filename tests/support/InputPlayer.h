@@ -106,6 +106,7 @@ protected:
     virtual void Make(Kind kind) = 0;
     /// A whole number, or a day number for a date.
     virtual void Let(const std::string& property, int value, bool isDate) = 0;
+    virtual void Turn() = 0;
     virtual void Key(const Stroke& stroke) = 0;
     virtual void Mouse(Act act, const Hand& hand) = 0;
     virtual void LoseMouse() = 0;
@@ -139,6 +140,8 @@ protected:
             LetText(what, more);
         } else if (verb == "key" || verb == "repeat") {
             Type(what, verb == "repeat");
+        } else if (verb == "turn") {
+            Turn();
         } else if (verb == "lose") {
             LoseMouse();
         } else if (verb == "wheel") {

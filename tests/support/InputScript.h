@@ -12,6 +12,7 @@ namespace velmora::test {
 ///
 ///     calendar, box           a new control at 15 May 2024, its (open) calendar 282 x 210 pixels,
 ///                             weeks from Monday: a new part
+///     turn                    its window runs from right to left from now on
 ///     let NAME VALUE          a property, by code
 ///     watch                   from now on "!NAME" tells of each property that has changed
 ///     key [Ctrl+]NAME         with the modifier's own press and release around it; `repeat` twice
@@ -182,6 +183,14 @@ right title; click MonthBack; click YearForward
 let DateValue 2024-07-31 -> DateChanged(2024-07-31) MonthChanged(7) = 2024-07-31
 click MonthForward -> MonthChanged(8) = (2024-08)
 click 5,5        -> DateChanged(2024-08-30) DayChanged(30) MonthChanged(8) = 2024-08-30
+calendar; turn
+click 3,1        -> DateChanged(2024-05-12) DayChanged(12) = 2024-05-12 <3,1>
+key Left         -> DateChanged(2024-05-13) DayChanged(13) = 2024-05-13 {12,13} <4,7>
+key Right        -> DateChanged(2024-05-12) DayChanged(12) = 2024-05-12
+let MonthYearSelStyle 1
+click MonthForward -> MonthChanged(4) = (2024-04)
+press YearBack   = <> ^YearForward
+release YearBack -> YearChanged(2025) = (2025-04)
 calendar; answer KeyDown 38
 key Right        -> DateChanged(2024-05-08) DayChanged(8) = 2024-05-08
 answer KeyDown 0; key Right
@@ -304,6 +313,10 @@ click MonthForward -> MonthChanged(7) = (2024-07)
 key Right        -> DateChanged(2024-06-13) DayChanged(13) MonthChanged(6) = 2024-06-13
 click MonthForward -> MonthChanged(7) = (2024-07)
 focus away       -> MonthChanged(6) CloseUp() = (2024-06)
+box; turn
+key Left         -> DateChanged(2024-05-16) DayChanged(16) = 2024-05-16
+key F4           -> DropDown(False)
+click 3,7        -> DateChanged(2024-05-06) DayChanged(6) | CloseUp() = 2024-05-06
 box
 key F4           -> DropDown(False)
 click 4,3        -> DayChanged(15) | CloseUp()

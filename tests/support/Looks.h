@@ -62,6 +62,11 @@ inline void PressArrow(TestCalendar& test, Arrow arrow) {
     test.calendar->OnMouseDown(1, 0, static_cast<float>(at.left), static_cast<float>(at.top));
 }
 
+inline void Turn(TestCalendar& test) {
+    test.rightToLeft = true;
+    test.calendar->OnLocaleChanged();
+}
+
 inline std::vector<Look> Looks() {
     constexpr Size kUsual{252, 202};
     constexpr Size kRoomy{280, 302};
@@ -110,6 +115,11 @@ inline std::vector<Look> Looks() {
          kUsual,
          {{"SelectedDayBackColor", 0xC0FFFF}, {"TodayBackColor", 0x400000}},
          [](TestCalendar& test) { test.calendar->OnGotFocus(); }},
+        {"right_to_left", {256, 202}, {{"MonthYearSelStyle", arrows}}, &Turn},
+        {"right_to_left_flat",
+         {340, 202},
+         {{"DayAppearance", flat}, {"MonthYearSelStyle", combo}, {"DayPictureAlignment", 11}},
+         &Turn},
         {"caption_beside_the_list", {340, 202}, {{"MonthYearSelStyle", combo}}},
         {"no_room_beside_the_list", {222, 162}, {{"MonthYearSelStyle", combo}}},
         {"narrow", {66, 72}, {{"MonthYearSelStyle", arrows}, {"WeekDayDisplay", fullName}}},
@@ -138,6 +148,11 @@ inline std::vector<BoxLook> BoxLooks() {
          [](TestBoxes& test) {
              test.a.control->OnMouseDown(1, 0, 140, 10);
              test.a.control->OnMouseUp(1, 0, 140, 10);
+         }},
+        {"box_right_to_left", kUsual,
+         [](TestBoxes& test) {
+             test.a.window->rightToLeft = true;
+             test.a.control->OnGotFocus();
          }},
         {"box_tall", {120, 44}, [](TestBoxes&) {}},
         {"box_18_wide", {18, 22}, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},

@@ -81,6 +81,7 @@ public:
     Rect screen;
     bool enabled = true;
     double pixelsPerInch = 96;
+    bool rightToLeft = false;
     bool captured = false;
     std::optional<Point> cursor;
     std::function<void()> focused;
@@ -95,6 +96,7 @@ public:
         return {screen.right - screen.left, screen.bottom - screen.top};
     }
     double PixelsPerInch() const override { return pixelsPerInch; }
+    bool IsRightToLeft() const override { return rightToLeft; }
     bool Enabled() const override { return enabled; }
     void Enabled(bool value) override { enabled = value; }
     bool TakesInput() const override { return enabled; }

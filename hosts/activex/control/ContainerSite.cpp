@@ -90,6 +90,8 @@ LCID ContainerSite::Locale() const {
                                                                  : GetUserDefaultLCID();
 }
 
+bool ContainerSite::IsRightToLeft() const { return AmbientBool(DISPID_AMBIENT_RIGHTTOLEFT, false); }
+
 FontRef ContainerSite::Font() const {
     OwnedVariant value;
     ComPtr<IFont> font;

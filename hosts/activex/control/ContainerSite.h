@@ -37,6 +37,7 @@ public:
     /// Asks for the two again, which are asked for with every message.
     void ReadModes();
     LCID Locale() const;
+    bool IsRightToLeft() const;
     /// A copy of the container's font, else of the system's dialog font; never null.
     FontRef Font() const;
     std::wstring DisplayName() const;

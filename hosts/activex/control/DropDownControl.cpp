@@ -25,7 +25,8 @@ DropDownControl::DropDownControl()
       m_access(Window(), m_box, *m_form),
       m_drops(m_box, DateServices(), static_cast<::_VmCalDropDown&>(*this)) {
     m_box.Events().DropDown.Connect([this](bool&) {
-        m_form->Follow(AmbientFont(), std::make_shared<DateLocale>(DateServices().Locale()));
+        m_form->Follow(AmbientFont(), std::make_shared<DateLocale>(DateServices().Locale()),
+                       Window().IsRightToLeft());
         m_box.KeepDropDownOnScreen(KeepsDropDownOnScreen());
     });
     m_box.Events().DropDown.Connect([this](bool&) { m_access.Changed(); });
@@ -90,11 +91,6 @@ bool DropDownControl::OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& resul
 void DropDownControl::OnWindowRecreated() {
     OnDropModeChanged();
     m_box.OnWindowChanged();
-}
-
-void DropDownControl::OnAmbientChanged() {
-    m_box.OnLocaleChanged();
-    m_box.RepaintControl();
 }
 
 std::string_view DropDownControl::PropertyOfKey(std::string_view key) const {

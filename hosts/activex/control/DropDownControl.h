@@ -45,7 +45,6 @@ private:
     bool OnMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     LRESULT GiveText(UINT message, WPARAM size, LPARAM buffer) const;
     void OnWindowRecreated() override;
-    void OnAmbientChanged() override;
     void OnFontChanged(const FontRef& font) override;
     std::string_view PropertyOfKey(std::string_view key) const override;
 

@@ -237,6 +237,7 @@ STDMETHODIMP OleControl::OnAmbientPropertyChange(DISPID property) {
         switch (property) {
             case DISPID_UNKNOWN:
             case DISPID_AMBIENT_LOCALEID:
+            case DISPID_AMBIENT_RIGHTTOLEFT:
             case DISPID_AMBIENT_FONT:
             case DISPID_AMBIENT_BACKCOLOR:
             case DISPID_AMBIENT_FORECOLOR:
@@ -259,6 +260,7 @@ STDMETHODIMP OleControl::FreezeEvents(BOOL freeze) {
 }
 
 void OleControl::ReadLocale() {
+    m_window.RightToLeft(m_site.IsRightToLeft());
     const LCID locale = m_site.Locale();
     if (locale == m_locale) return;
     m_dates.Locale(SharedDateLocale(locale));

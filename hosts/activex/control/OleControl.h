@@ -210,7 +210,8 @@ protected:
     virtual void OnWindowChanged() = 0;
     /// The native window has been made, or is being destroyed with all its children.
     virtual void OnWindowRecreated() = 0;
-    /// `DateServices()` speak another language, or the container's font or units have changed.
+    /// `DateServices()` speak another language or in another direction, or the container's font or
+    /// units have changed.
     virtual void OnAmbientChanged() = 0;
     /// `Window().OLEDropMode` has been set, or a window has come for it.
     virtual void OnDropModeChanged() {}
@@ -272,6 +273,7 @@ private:
     void LoadFrom(PropertyBag& bag);
     void SaveTo(PropertyBag& bag);
 
+    /// With the direction that it is written in.
     void ReadLocale();
     DISPID IdOf(std::string_view property);
 

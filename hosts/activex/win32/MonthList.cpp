@@ -109,7 +109,7 @@ AccessItem NativeMonthList::Described() const {
 }
 
 void NativeMonthList::Paint(HDC context) const {
-    PaintComboBox(context, Place(), m_font.Get(), Shown());
+    PaintComboBox(context, Place(), m_font.Get(), Shown(), IsRightToLeft());
 }
 
 /// A choice made by the mouse is told after the closing of the list, one made by the keys before.

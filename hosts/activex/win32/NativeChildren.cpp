@@ -4,6 +4,12 @@
 
 namespace velmora {
 
+void SetMirrored(HWND window, bool mirrored) {
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_EXSTYLE);
+    const LONG_PTR wanted = mirrored ? style | WS_EX_LAYOUTRTL : style & ~WS_EX_LAYOUTRTL;
+    if (wanted != style) SetWindowLongPtrW(window, GWL_EXSTYLE, wanted);
+}
+
 ChildFont::ChildFont(int dpi) {
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
@@ -31,7 +37,10 @@ SIZE ChildFont::Measure(const std::wstring& text) const {
 }
 
 NativeChild::NativeChild(const ChildSite& site, const wchar_t* windowClass, DWORD style)
-    : m_input(site.input), m_children(site.children), m_dpi(site.dpi) {
+    : m_input(site.input),
+      m_children(site.children),
+      m_dpi(site.dpi),
+      m_rightToLeft(site.rightToLeft) {
     m_children.push_back(this);
     if (!site.parent) return;
     const DWORD extended = style & WS_BORDER ? WS_EX_CLIENTEDGE : 0;
@@ -39,6 +48,7 @@ NativeChild::NativeChild(const ChildSite& site, const wchar_t* windowClass, DWOR
                                0, site.parent, nullptr, nullptr, nullptr);
     if (!m_window) return;
     EnableWindow(m_window, IsWindowEnabled(site.parent));
+    RightToLeft(site.rightToLeft);
     SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     m_own = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
@@ -87,6 +97,13 @@ std::vector<AccessItem> NativeChild::Items() {
 
 void NativeChild::CommitEdits() const {
     for (NativeChild* const child : m_children) child->CommitEdit();
+}
+
+void NativeChild::RightToLeft(bool rightToLeft) {
+    m_rightToLeft = rightToLeft;
+    if (!m_window) return;
+    SetMirrored(m_window, rightToLeft);
+    InvalidateRect(m_window, nullptr, TRUE);
 }
 
 void NativeChild::MoveTo(const Rect& rect) {

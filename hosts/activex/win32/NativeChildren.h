@@ -19,9 +19,13 @@ namespace velmora {
 struct ChildSite {
     HWND parent;  // null: they are stand-ins
     int dpi;
+    bool rightToLeft;
     SelectorInput& input;
     std::vector<class NativeChild*>& children;  // those that live
 };
+
+/// Whether the system draws the window in a mirror, and counts from its right.
+void SetMirrored(HWND window, bool mirrored);
 
 /// The font of the system's messages, for a resolution.
 class ChildFont {
@@ -47,6 +51,7 @@ class NativeChild : public WindowAccess {
 public:
     HWND Window() const noexcept override { return m_window; }
     bool IsVisible() const noexcept { return m_visible; }
+    void RightToLeft(bool rightToLeft);
     /// Draws the child at its place.
     virtual void Paint(HDC context) const = 0;
     /// What the child tells its parent: `WM_COMMAND` with the code, or a scroll message.
@@ -73,6 +78,7 @@ protected:
     void Show(bool visible);
     const Rect& Place() const noexcept { return m_place; }
     int Dpi() const noexcept { return m_dpi; }
+    bool IsRightToLeft() const noexcept { return m_rightToLeft; }
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
@@ -83,6 +89,7 @@ private:
     const int m_dpi;
     Rect m_place;
     bool m_visible = false;
+    bool m_rightToLeft = false;
     HWND m_window = nullptr;
     WNDPROC m_own = nullptr;
 };

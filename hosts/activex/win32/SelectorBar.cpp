@@ -30,7 +30,9 @@ public:
     void Position(int minimum, int maximum, int value) override;
 
     void Paint(HDC context) const override {
-        PaintScrollBar(context, Place(), m_isVertical, {m_minimum, m_maximum, m_value});
+        const bool mirrored = !m_isVertical && IsRightToLeft();
+        const int value = mirrored ? m_minimum + m_maximum - m_value : m_value;
+        PaintScrollBar(context, Place(), m_isVertical, {m_minimum, m_maximum, value});
     }
     void OnNotification(UINT message, WPARAM w) override;
 

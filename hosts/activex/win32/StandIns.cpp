@@ -19,13 +19,14 @@ RECT PaintSunkenBox(HDC context, const Rect& place) {
     return box;
 }
 
-void PaintBoxText(HDC context, RECT box, HFONT font, const std::wstring& text) {
+void PaintBoxText(HDC context, RECT box, HFONT font, const std::wstring& text, bool rightToLeft) {
     InflateRect(&box, -kMargin, 0);
     const HGDIOBJ before = SelectObject(context, font);
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
     DrawTextW(context, text.data(), static_cast<int>(text.size()), &box,
-              DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+              DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX |
+                  (rightToLeft ? DT_RIGHT | DT_RTLREADING : DT_LEFT));
     SelectObject(context, before);
 }
 
@@ -39,17 +40,23 @@ int ThumbStart(const BarPosition& position, int room, int thumb) {
 
 }  // namespace
 
-void PaintComboBox(HDC context, const Rect& place, HFONT font, const std::wstring& text) {
+void PaintComboBox(HDC context, const Rect& place, HFONT font, const std::wstring& text,
+                   bool rightToLeft) {
     RECT box = PaintSunkenBox(context, place);
     RECT button = box;
-    button.left = std::max(box.left, box.right - GetSystemMetrics(SM_CXVSCROLL));
+    const LONG width = std::min<LONG>(GetSystemMetrics(SM_CXVSCROLL), box.right - box.left);
+    if (rightToLeft) {
+        box.left = button.right = box.left + width;
+    } else {
+        box.right = button.left = box.right - width;
+    }
     DrawFrameControl(context, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX);
-    box.right = button.left;
-    PaintBoxText(context, box, font, text);
+    PaintBoxText(context, box, font, text, rightToLeft);
 }
 
-void PaintTextBox(HDC context, const Rect& place, HFONT font, const std::wstring& text) {
-    PaintBoxText(context, PaintSunkenBox(context, place), font, text);
+void PaintTextBox(HDC context, const Rect& place, HFONT font, const std::wstring& text,
+                  bool rightToLeft) {
+    PaintBoxText(context, PaintSunkenBox(context, place), font, text, rightToLeft);
 }
 
 void PaintScrollBar(HDC context, const Rect& place, bool isVertical, const BarPosition& position) {

@@ -10,8 +10,10 @@
 /// they have no windows.
 namespace velmora {
 
-void PaintComboBox(HDC context, const Rect& place, HFONT font, const std::wstring& text);
-void PaintTextBox(HDC context, const Rect& place, HFONT font, const std::wstring& text);
+void PaintComboBox(HDC context, const Rect& place, HFONT font, const std::wstring& text,
+                   bool rightToLeft);
+void PaintTextBox(HDC context, const Rect& place, HFONT font, const std::wstring& text,
+                  bool rightToLeft);
 
 struct BarPosition {
     int minimum;

@@ -108,8 +108,10 @@ WinFormWindow::~WinFormWindow() {
     EndFormWindow(window);
 }
 
-void WinFormWindow::Follow(FontRef ambientFont, std::shared_ptr<const DateLocale> locale) {
+void WinFormWindow::Follow(FontRef ambientFont, std::shared_ptr<const DateLocale> locale,
+                           bool rightToLeft) {
     if (ambientFont) m_hosting.Font(std::move(ambientFont));
+    m_windowing.RightToLeft(rightToLeft);
     if (!locale || locale.get() == &m_dates.Locale()) return;
     m_dates.Locale(std::move(locale));
     m_form.Calendar().OnLocaleChanged();

@@ -66,9 +66,9 @@ public:
     ~WinFormWindow() override;
 
     DropDownForm& Form() noexcept { return m_form; }
-    /// The font and the language of the box that is about to open it: to be told in the box's
-    /// `DropDown` event at the latest.
-    void Follow(FontRef ambientFont, std::shared_ptr<const DateLocale> locale);
+    /// The font, the language and its direction of the box that is about to open it: to be told in
+    /// the box's `DropDown` event at the latest.
+    void Follow(FontRef ambientFont, std::shared_ptr<const DateLocale> locale, bool rightToLeft);
     /// Null as long as it has never been shown.
     HWND Window() const noexcept { return m_windowing.Window(); }
 

@@ -57,9 +57,11 @@ WinWindowing::~WinWindowing() {
     if (m_madeCursor) DestroyCursor(m_madeCursor);
 }
 
+/// A mirrored parent must not mirror what mirrors itself.
 void WinWindowing::Attach(HWND window) {
     m_window = window;
     m_input.Clear();
+    SetMirrored(window, false);
     EnableWindow(window, m_enabled);
     if (m_dropMode != 0) OnDropModeChanged();
 }
@@ -70,6 +72,11 @@ void WinWindowing::Detach() {
     m_extent = ClientSize();
     m_window = nullptr;
     m_input.Clear();
+}
+
+void WinWindowing::RightToLeft(bool rightToLeft) {
+    m_rightToLeft = rightToLeft;
+    for (NativeChild* const child : m_children) child->RightToLeft(rightToLeft);
 }
 
 int WinWindowing::Dpi() const { return m_window ? DpiOf(m_window) : ScreenDpi(); }
@@ -148,7 +155,7 @@ void WinWindowing::SetFocus() {
     if (m_window) ::SetFocus(m_window);
 }
 
-ChildSite WinWindowing::Site() { return {m_window, Dpi(), m_input, m_children}; }
+ChildSite WinWindowing::Site() { return {m_window, Dpi(), m_rightToLeft, m_input, m_children}; }
 
 std::unique_ptr<ComboBox> WinWindowing::CreateMonthList() { return MakeMonthList(Site()); }
 

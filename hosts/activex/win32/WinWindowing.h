@@ -40,6 +40,9 @@ public:
     WindowHandle Handle() const override;
     Size ClientSize() const override;
     double PixelsPerInch() const override { return Dpi(); }
+    bool IsRightToLeft() const override { return m_rightToLeft; }
+    /// Mirrors the selectors as well; whoever sets it tells the control.
+    void RightToLeft(bool rightToLeft);
 
     bool Enabled() const override;
     void Enabled(bool enabled) override;
@@ -91,6 +94,7 @@ private:
     std::int32_t m_dropMode = 0;
     std::int16_t m_pointer = 0;
     bool m_enabled = true;
+    bool m_rightToLeft = false;
     SelectorInput m_input;
     std::vector<NativeChild*> m_children;  // those that live
 };

@@ -25,7 +25,9 @@ public:
     std::string Text() const override { return ToUtf8(WideText()); }
     void Text(const std::string& text) override;
 
-    void Paint(HDC context) const override { PaintTextBox(context, Place(), m_font.Get(), m_text); }
+    void Paint(HDC context) const override {
+        PaintTextBox(context, Place(), m_font.Get(), m_text, IsRightToLeft());
+    }
     void OnNotification(UINT message, WPARAM w) override;
     void CommitEdit() override;
 

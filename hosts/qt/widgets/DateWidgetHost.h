@@ -46,6 +46,7 @@ public:
     bool ClassicLook() const noexcept { return m_drawing.Classic(); }
     virtual void ClassicLook(bool value);
     virtual void EnabledChanged();
+    /// Language, or the direction that it is written in.
     virtual void LocaleChanged();
     /// Palette, style or font; with them the properties that follow them.
     virtual void LookChanged();

@@ -65,7 +65,8 @@ void VmDateWidget::changeEvent(QEvent* event) {
     if (!m_host) return;
     switch (event->type()) {
         case QEvent::EnabledChange: m_host->EnabledChanged(); break;
-        case QEvent::LocaleChange: m_host->LocaleChanged(); break;
+        case QEvent::LocaleChange:
+        case QEvent::LayoutDirectionChange: m_host->LocaleChanged(); break;
         case QEvent::StyleChange: gdi::SharedCaches::Instance().frames.Clear(); [[fallthrough]];
         case QEvent::PaletteChange:
         case QEvent::FontChange: m_host->LookChanged(); break;

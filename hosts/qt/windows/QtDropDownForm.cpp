@@ -98,6 +98,7 @@ void QtDropDownForm::FollowOwner() {
     setPalette(palette);
     setFont(font);
     setLocale(m_box->locale());
+    setLayoutDirection(m_box->layoutDirection());
     const bool isClassic = m_box->property("classicLook").toBool();
     if (isClassic == m_drawing.Classic()) return;
     m_drawing.Classic(isClassic);
@@ -192,6 +193,7 @@ void QtDropDownForm::changeEvent(QEvent* event) {
             m_hosting.FontChanged();
             m_form.Calendar().RepaintControl();
             break;
+        case QEvent::LayoutDirectionChange: m_form.Calendar().RepaintControl(); break;
         default: break;
     }
 }

@@ -57,6 +57,8 @@ Size QtWindowing::ClientSize() const { return {m_widget.width(), m_widget.height
 
 double QtWindowing::PixelsPerInch() const { return m_widget.logicalDpiX(); }
 
+bool QtWindowing::IsRightToLeft() const { return m_widget.isRightToLeft(); }
+
 bool QtWindowing::Enabled() const { return !m_widget.testAttribute(Qt::WA_ForceDisabled); }
 
 void QtWindowing::Enabled(bool enabled) {

@@ -20,6 +20,7 @@ public:
     WindowHandle Handle() const override;
     Size ClientSize() const override;
     double PixelsPerInch() const override;
+    bool IsRightToLeft() const override;
 
     bool Enabled() const override;
     void Enabled(bool enabled) override;

@@ -24,8 +24,10 @@ private:
         ServeWaiting(form.Get());
         EXPECT_EQ(VisibleWindows(), 1) << "the form";
         EXPECT_EQ(GetCapture(), nullptr);
-        form->ChangeAmbient(DISPID_AMBIENT_SCALEUNITS,
-                            [](Ambients& ambients) { ambients.scaleUnits = "Pixel"; });
+        form->ChangeAmbient(DISPID_AMBIENT_SCALEUNITS, [](Ambients& ambients) {
+            ambients.scaleUnits = "Pixel";
+            ambients.rightToLeft = false;
+        });
         m_site = kind == Kind::Calendar ? &Add(kCalendarClass, "C", {150, 10, 432, 220})
                                         : &Add(kBoxClass, "B", {150, 10, 271, 31});
         m_site->onRequestEdit = [this](const std::string&) { return !m_refuses; };
@@ -50,6 +52,10 @@ private:
             PutProperty(m_site->Control(), property, isDate ? Value::Date(value) : Value(value));
         EXPECT_TRUE(put.Succeeded()) << property << ' ' << put.Text();
         m_refuses = refuses;
+    }
+    void Turn() override {
+        form->ChangeAmbient(DISPID_AMBIENT_RIGHTTOLEFT,
+                            [](Ambients& ambients) { ambients.rightToLeft = true; });
     }
     void Key(const Stroke& stroke) override {
         if (GetFocus() != Window()) SetFocus(Window());

@@ -220,6 +220,9 @@ TEST_F(Control, FollowsTheContainersLanguageAndFont) {
         SendMessageW(MonthList(), CB_GETLBTEXT, 4, reinterpret_cast<LPARAM>(name));
         EXPECT_STREQ(name, may);
     }
+    container->ambients[DISPID_AMBIENT_RIGHTTOLEFT] = true;
+    AmbientChanged(DISPID_AMBIENT_RIGHTTOLEFT);
+    EXPECT_TRUE(GetWindowLongPtrW(MonthList(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL);
     As<IViewObjectEx>()->SetAdvise(DVASPECT_CONTENT, 0, container.Get());
     for (const DISPID id : {DISPID_UNKNOWN, DISPID_AMBIENT_BACKCOLOR}) {
         container->TakeLog();
