@@ -200,7 +200,7 @@ void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
     }
     UseTextColor(surface, state.monthForeColor);
     m_drawing.DrawTextA(surface, text, place,
-                        Directed(kTextCenter | kTextVCenter | kTextSingleLine));
+                        Directed(kTextCenter | kTextVCenter | kTextSingleLine | kTextEndEllipsis));
 }
 
 void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
@@ -211,6 +211,7 @@ void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
                            m_drawing.CreateFontIndirectA(FontToLogFont(*state.weekDayFont)));
     const Selection selected(m_drawing, surface, font);
     UseTextColor(surface, state.weekDayForeColor);
+    const VmWeekDayDisplayConstants display = WeekDayDisplayThatFits(surface);
     for (int column = 0; column < m_grid.ColumnCount(); ++column) {
         Rect cell = m_grid.ColumnRect(column);
         cell.top = m_view.layout.WeekDayRow().top;
@@ -219,13 +220,26 @@ void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
         if (state.weekDayAppearance == VmAppearance3D) {
             PaintCellEdges(surface, cell, m_highlightPen, m_shadowPen);
         }
-        DrawAligned(surface, WeekDayCaption(column), Exclusive(cell),
-                    state.weekDayCaptionAlignment);
+        DrawAligned(surface, WeekDayCaption(column, display), Exclusive(cell),
+                    state.weekDayCaptionAlignment, kTextEndEllipsis);
     }
 }
 
-std::string CalendarPainter::WeekDayCaption(int column) const {
-    const VmWeekDayDisplayConstants display = m_view.state.weekDayDisplay;
+/// Where one abbreviation is too long for its column, as those of languages that have none, letters
+/// stand above all of them.
+VmWeekDayDisplayConstants CalendarPainter::WeekDayDisplayThatFits(SurfaceHandle surface) {
+    const VmWeekDayDisplayConstants wanted = m_view.state.weekDayDisplay;
+    for (int column = 0; wanted == VmWeekDayAbbrName && column < m_grid.ColumnCount(); ++column) {
+        Rect extent;
+        m_drawing.DrawTextA(surface, WeekDayCaption(column, wanted), extent,
+                            kTextSingleLine | kTextCalcRect | kTextNoPrefix);
+        const Rect room = Inset(Exclusive(m_grid.ColumnRect(column)), kTextInsetX, kTextInsetY);
+        if (extent.right > room.Width()) return VmWeekDayLetter;
+    }
+    return wanted;
+}
+
+std::string CalendarPainter::WeekDayCaption(int column, VmWeekDayDisplayConstants display) const {
     if (display == VmWeekDayLetter) {
         const auto weekDay = static_cast<std::size_t>(WeekDayOfColumn(m_view, column));
         return WeekDayLetter(m_view.dates.Locale(), weekDay);
@@ -369,10 +383,10 @@ void CalendarPainter::PaintPicture(SurfaceHandle surface, const StdPicture& pict
 }
 
 void CalendarPainter::DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,
-                                  VmTextAlignmentConstants alignment) {
+                                  VmTextAlignmentConstants alignment, std::uint32_t more) {
     Rect room = Inset(inner, kTextInsetX, kTextInsetY);
     const std::uint32_t flags =
-        Directed(AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix);
+        Directed(AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix | more);
     const auto cut = CutToWidth(text, room.Width(), flags);
     m_drawing.DrawTextA(surface, cut ? *cut : text, room, flags);
 }

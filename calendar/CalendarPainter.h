@@ -46,8 +46,8 @@ public:
     /// What lies in the rectangles, and possibly more of it: single cells and bands are drawn in
     /// place, anything else is a paint of the whole.
     void PaintExposed(SurfaceHandle window, std::span<const Rect> exposed);
-    /// The week day's name as the column shows it.
-    std::string WeekDayCaption(int column) const;
+    /// The week day's name as a column shows it that has room for it.
+    std::string WeekDayCaption(int column, VmWeekDayDisplayConstants display) const;
 
 private:
     struct CellColors {
@@ -76,7 +76,7 @@ private:
     void PaintPicture(SurfaceHandle surface, const StdPicture& picture, std::string_view number,
                       const Rect& inner);
     void DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,
-                     VmTextAlignmentConstants alignment);
+                     VmTextAlignmentConstants alignment, std::uint32_t more = 0);
 
     Zone ZoneOf(std::span<const Rect> exposed) const noexcept;
     CellColors ColorsOf(DayNumber day, const VmDay* decoration, bool selected) const;
@@ -85,6 +85,7 @@ private:
     bool IsSelected(DayNumber day) const noexcept;
     ObjectHandle GroundBrush(OLE_COLOR color);
     void UseTextColor(SurfaceHandle surface, OLE_COLOR color);
+    VmWeekDayDisplayConstants WeekDayDisplayThatFits(SurfaceHandle surface);
 
     Drawing& m_drawing;
     const CalendarView& m_view;

@@ -114,7 +114,9 @@ Size VmCalendar::SizeFor(double lines) {
                             .pressedArrow = {}};
     const CalendarPainter painter(m_platform.drawing, view);
     std::vector<std::string> names, titles;
-    for (int column = 0; column < 7; ++column) names.push_back(painter.WeekDayCaption(column));
+    for (int column = 0; column < 7; ++column) {
+        names.push_back(painter.WeekDayCaption(column, state.weekDayDisplay));
+    }
     for (int month = 1; month <= 12; ++month) {
         state.shownDate = DateOf(DayFromCivil(2999, month, 1));
         titles.push_back(MonthTitle(view, state.monthDisplay == VmMonthAbbrName ? "mmm" : "mmmm"));

@@ -43,6 +43,7 @@ enum TextFlags : std::uint32_t {
     kTextSingleLine = 0x20,
     kTextCalcRect = 0x400,  // draws nothing, sets right and bottom of the rectangle to the text's
     kTextNoPrefix = 0x800,  // "&" is an ordinary character
+    kTextEndEllipsis = 0x8000,  // what is too long for the rectangle ends in "..."
     /// What has no direction of its own, as digits and commas between words, follows from right to
     /// left; a host may also go by the first letter that has one.
     kTextRightToLeft = 0x20000,

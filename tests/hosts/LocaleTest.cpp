@@ -1,8 +1,12 @@
 #include "VelmoraCalendar/QtConversions.h"
+#include "hosts/qt/drawing/QtDrawing.h"
 #include "hosts/qt/values/QtLocale.h"
 #include "tests/support/LocaleCases.h"
+#include "tests/support/TestCalendar.h"
 
+#include <QImage>
 #include <QLocale>
+#include <QPainter>
 #include <QRegularExpression>
 
 namespace velmora {
@@ -47,6 +51,41 @@ TEST(QtLocale, DatesLookAndReadAsTheLocaleWantsThem) {
         const Dates dates(DateLocaleOf(locale), LocalNow);
         test::ExpectLocale(dates, QtPlatformLocale(locale), each);
         EXPECT_EQ(DateLocaleOf(locale), DateLocaleOf(QLocale(each.name)));
+    }
+}
+
+/// Notes the texts that are wider than where they are drawn.
+class FittingDrawing final : public QtDrawing {
+public:
+    std::string tooWide;
+
+    void InvalidateRect(WindowHandle, const Rect*) override {}
+    int DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rect,
+                  std::uint32_t flags) override {
+        Rect extent;
+        QtDrawing::DrawTextA(surface, text, extent, kTextCalcRect);
+        if (extent.right > rect.Width() && (flags & kTextCalcRect) == 0)
+            tooWide.append(text) += ' ';
+        return QtDrawing::DrawTextA(surface, text, rect, flags);
+    }
+};
+
+TEST(QtLocale, CalendarsRunInItsDirectionWithAllOfItsNames) {
+    for (const test::LocaleCase& each : test::kLocales) {
+        SCOPED_TRACE(each.name);
+        const QLocale locale(each.name);
+        FittingDrawing drawing;
+        test::TestCalendar test({250, 200}, &drawing);
+        test.dates.Locale(DateLocaleOf(locale));
+        test.rightToLeft = locale.textDirection() == Qt::RightToLeft;
+        test.calendar->OnLocaleChanged();
+        QImage image(250, 200, QImage::Format_RGB32);
+        QPainter painter(&image);
+        test.calendar->OnPaint(QtDrawing::Surface(drawing, painter).Handle(), {&test.screen, 1});
+        EXPECT_EQ(drawing.tooWide, "");
+        const auto weekDays = test.calendar->Describe().weekDays;
+        EXPECT_EQ(weekDays[0].name, locale.standaloneDayName(Qt::Sunday).toStdString());
+        EXPECT_EQ(weekDays[0].place.left > weekDays[6].place.left, test.rightToLeft);
     }
 }
 

@@ -157,7 +157,10 @@ const FontFace& Canvas::Face() {
 
 int Canvas::Text(std::string_view text, Rect& rect, std::uint32_t flags) {
     const FontFace& face = Face();
-    const TextLine& line = SharedCaches::Instance().texts.Line(face, text, m_ratio);
+    TextCache& texts = SharedCaches::Instance().texts;
+    const bool shortens = (flags & (kTextEndEllipsis | kTextCalcRect)) == kTextEndEllipsis;
+    const TextLine& line = shortens ? texts.LineWithin(rect.Width(), face, text, m_ratio)
+                                    : texts.Line(face, text, m_ratio);
     if ((flags & kTextCalcRect) != 0) {
         rect.right = Clamped(rect.left) + line.width;
         rect.bottom = Clamped(rect.top) + face.height;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velmora::gdi {
 namespace {
@@ -179,7 +180,7 @@ const TextLine& TextCache::Line(const FontFace& face, std::string_view text, dou
     if (found != m_index.end()) {
         m_entries.splice(m_entries.begin(), m_entries, found->second);
     } else {
-        m_entries.push_front({face.id, std::string(text), LayOut(face, text), 0});
+        m_entries.push_front({face.id, std::string(text), LayOut(face, text), {}, -1, 0});
         m_index.emplace(Key{face.id, m_entries.front().text}, m_entries.begin());
     }
     Entry& entry = m_entries.front();
@@ -189,6 +190,20 @@ const TextLine& TextCache::Line(const FontFace& face, std::string_view text, dou
         Count(entry);
     }
     return entry.line;
+}
+
+const TextLine& TextCache::LineWithin(int width, const FontFace& face, std::string_view text,
+                                      double ratio) {
+    const TextLine& whole = Line(face, text, ratio);
+    if (whole.width <= width) return whole;
+    Entry& entry = m_entries.front();
+    if (std::exchange(entry.shortenedTo, width) != width) {
+        entry.shortened = QFontMetricsF(face.font)
+                              .elidedText(OneLine(text), Qt::ElideRight, std::max(width, 0))
+                              .toStdString();
+    }
+    const std::string shortened = entry.shortened;  // the entry may be dropped for it
+    return Line(face, shortened, ratio);
 }
 
 /// Makes room for an entry that has become another size.

@@ -53,6 +53,9 @@ public:
     FontFaceRef Face(const LogFont& description);
     /// Valid until the next call. Line breaks and tabulators count as spaces.
     const TextLine& Line(const FontFace& face, std::string_view text, double ratio);
+    /// The same, with an ellipsis in place of what does not fit into that many logical pixels.
+    const TextLine& LineWithin(int width, const FontFace& face, std::string_view text,
+                               double ratio);
     void Clear();
 
 private:
@@ -71,6 +74,8 @@ private:
         std::uint64_t face;
         std::string text;
         TextLine line;
+        std::string shortened;  // for the width below
+        int shortenedTo = -1;
         std::size_t bytes;  // estimate
     };
 
