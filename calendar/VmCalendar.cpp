@@ -121,7 +121,7 @@ Size VmCalendar::SizeFor(double lines) {
         state.shownDate = DateOf(DayFromCivil(2999, month, 1));
         titles.push_back(MonthTitle(view, state.monthDisplay == VmMonthAbbrName ? "mmm" : "mmmm"));
     }
-    const std::string number = "00";
+    const std::string number = m_platform.dates.Number(30);
     Size cell = ExtentOf(m_platform.drawing, *state.dayFont, {&number, 1});
     cell.height = static_cast<std::int32_t>(std::lround(cell.height * lines));
     if (lines > 1) cell.width = std::max(cell.width, cell.height * 3 / 2);
