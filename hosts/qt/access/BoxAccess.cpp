@@ -8,8 +8,12 @@
 
 namespace velmora {
 
-BoxAccess::BoxAccess(QWidget& widget, VmCalDropDown& box, const Lifetime& lifetime)
-    : DateWidgetAccess(&widget, QAccessible::ComboBox), m_box(box), m_alive(lifetime) {}
+BoxAccess::BoxAccess(QWidget& widget, VmCalDropDown& box, QWidget& form, const Lifetime& lifetime)
+    : DateWidgetAccess(&widget, QAccessible::ComboBox),
+      m_box(box),
+      m_form(form),
+      m_alive(lifetime),
+      m_told{ToQString(box.Text()), false} {}
 
 void BoxAccess::TellNews() {
     const News now{ToQString(m_box.Text()), m_box.DropDownState()};
@@ -23,26 +27,34 @@ void BoxAccess::TellNews() {
         changed.expanded = changed.collapsed = true;
         QAccessibleStateChangeEvent state(widget(), changed);
         QAccessible::updateAccessibility(&state);
+        if (!now.open && widget()->hasFocus()) {
+            QAccessibleEvent focus(widget(), QAccessible::Focus);
+            QAccessible::updateAccessibility(&focus);
+        }
     }
 }
 
-/// The bus of Unix desktops carries no text as a value: there the name has it too, as that of Qt's
-/// own combo box.
 QString BoxAccess::text(QAccessible::Text kind) const {
     const QString shown = m_alive ? ToQString(m_box.Text()) : QString();
     if (kind == QAccessible::Value) return shown;
-#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
-    if (kind == QAccessible::Name) return NameAnd(shown);
-#endif
+    if (kind == QAccessible::Name && kIsValueInName) return NameAnd(shown);
     return DateWidgetAccess::text(kind);
 }
 
 QAccessible::State BoxAccess::state() const {
     QAccessible::State state = DateWidgetAccess::state();
     state.hasPopup = state.expandable = true;
-    state.expanded = m_alive && m_box.DropDownState();
+    state.expanded = IsOpen();
     state.collapsed = !state.expanded;
     return state;
+}
+
+QAccessibleInterface* BoxAccess::child(int index) const {
+    return index == 0 && IsOpen() ? QAccessible::queryAccessibleInterface(&m_form) : nullptr;
+}
+
+int BoxAccess::indexOfChild(const QAccessibleInterface* child) const {
+    return child && child->object() == &m_form && IsOpen() ? 0 : -1;
 }
 
 QStringList BoxAccess::actionNames() const {

@@ -1,10 +1,13 @@
 #include "hosts/qt/access/CalendarAccess.h"
 
 #include "VelmoraCalendar/QtConversions.h"
+#include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/access/CalendarParts.h"
+#include "hosts/qt/drawing/QtDrawing.h"
 
 #include <QWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora {
@@ -18,19 +21,28 @@ void Tell(QAccessibleInterface& part, QAccessible::Event type) {
 }  // namespace
 
 CalendarAccess::CalendarAccess(QWidget& widget, VmCalendar& calendar, const Lifetime& lifetime)
-    : DateWidgetAccess(&widget, QAccessible::Table), m_calendar(calendar), m_alive(lifetime) {}
+    : DateWidgetAccess(&widget, QAccessible::Table),
+      m_calendar(calendar),
+      m_alive(lifetime),
+      m_told{.month = calendar.News().month} {}
+
+CalendarAccess::CalendarAccess(QWidget& widget, DropDownForm& form, const Lifetime& lifetime)
+    : DateWidgetAccess(&widget, QAccessible::Table),
+      m_calendar(form.Calendar()),
+      m_form(&form),
+      m_alive(lifetime),
+      m_told{.month = form.Calendar().News().month} {}
 
 CalendarAccess::~CalendarAccess() {
-    for (const Parts& parts : {m_days, m_weekDays}) {
+    for (const Parts& parts : {m_arrows, m_days, m_weekDays}) {
         for (const auto& [key, id] : parts) QAccessible::deleteAccessibleInterface(id);
     }
 }
 
 void CalendarAccess::TellNews() {
-    const News now{.month = MonthIndex(DayOf(m_calendar.ShownDate())),
-                   .selected = DayOf(m_calendar.SelectedDate()),
-                   .focused = widget()->hasFocus()};
-    const News before = std::exchange(m_told, now);
+    CalendarNews now = m_calendar.News();
+    now.focused = HasFocus();
+    const CalendarNews before = std::exchange(m_told, now);
     if (now == before) return;
     if (now.month != before.month) {
         Tell(*this, QAccessible::NameChanged);
@@ -70,9 +82,48 @@ QAccessibleInterface* CalendarAccess::WeekDayCell(int column) const {
     return exists ? PartOf<WeekDayPart>(m_weekDays, column) : nullptr;
 }
 
+int CalendarAccess::ArrowCount() const {
+    return m_alive && m_calendar.MonthYearSelStyle() == VmMonthSelArrows ? kArrowCount : 0;
+}
+
+QAccessibleInterface* CalendarAccess::ArrowButton(int index) const {
+    const auto arrows = Described().arrows;
+    const auto at = static_cast<std::size_t>(index);
+    return at < arrows.size() ? PartOf<ArrowPart>(m_arrows, static_cast<int>(arrows[at].arrow))
+                              : nullptr;
+}
+
 int CalendarAccess::IndexOf(int row, int column) const {
     const int rows = m_alive && m_calendar.Layout().hasWeekDayRow ? row + 1 : row;
-    return DateWidgetAccess::childCount() + rows * columnCount() + column;
+    return DateWidgetAccess::childCount() + ArrowCount() + rows * columnCount() + column;
+}
+
+int CalendarAccess::IndexOf(Arrow arrow) const {
+    const auto arrows = Described().arrows;
+    const auto found = std::ranges::find(arrows, arrow, &ArrowDescription::arrow);
+    if (found == arrows.end()) return -1;
+    return DateWidgetAccess::childCount() + static_cast<int>(found - arrows.begin());
+}
+
+bool CalendarAccess::HasFocus() const {
+    return m_form ? widget()->isVisible() : m_alive && m_calendar.News().focused;
+}
+
+bool CalendarAccess::IsFocused(const DayDescription& day) const {
+    return day.isSelected && HasFocus();
+}
+
+void CalendarAccess::Pick(DayNumber day) const {
+    if (!m_alive) return;
+    if (m_form) {
+        m_form->PickDay(day);
+    } else {
+        m_calendar.OnDayPicked(day);
+    }
+}
+
+void CalendarAccess::Pick(Arrow arrow) const {
+    if (m_alive) m_calendar.OnArrowPicked(arrow);
 }
 
 void* CalendarAccess::interface_cast(QAccessible::InterfaceType type) {
@@ -85,13 +136,20 @@ QString CalendarAccess::text(QAccessible::Text kind) const {
     return NameAnd(ToQString(Described().title));
 }
 
+QAccessibleInterface* CalendarAccess::parent() const {
+    const VmCalDropDown* const box = m_alive && m_form ? m_form->GetOwner() : nullptr;
+    if (!box) return DateWidgetAccess::parent();
+    return QAccessible::queryAccessibleInterface(QtDrawing::WidgetOf(box->hWnd()));
+}
+
 int CalendarAccess::childCount() const { return IndexOf(kGridRows, 0); }
 
 QAccessibleInterface* CalendarAccess::child(int index) const {
     const int widgets = DateWidgetAccess::childCount();
     if (index < widgets) return DateWidgetAccess::child(index);
+    if (index < widgets + ArrowCount()) return ArrowButton(index - widgets);
     const int firstDay = IndexOf(0, 0);
-    if (index < firstDay) return WeekDayCell(index - widgets);
+    if (index < firstDay) return WeekDayCell(index - widgets - ArrowCount());
     const auto days = Described().days;
     const auto cell = static_cast<std::size_t>(index - firstDay);
     return cell < days.size() ? DayCell(days[cell].day) : nullptr;
@@ -109,15 +167,15 @@ QAccessibleInterface* CalendarAccess::childAt(int x, int y) const {
     const auto day =
         m_calendar.DateFromPoint(static_cast<float>(at.x()), static_cast<float>(at.y()));
     if (day) return DayCell(*day);
-    for (int column = 0; column < columnCount(); ++column) {
-        QAccessibleInterface* const weekDay = WeekDayCell(column);
-        if (weekDay && weekDay->rect().contains(x, y)) return weekDay;
+    for (int index = DateWidgetAccess::childCount(); index < IndexOf(0, 0); ++index) {
+        QAccessibleInterface* const part = child(index);
+        if (part && part->rect().contains(x, y)) return part;
     }
     return nullptr;
 }
 
 QAccessibleInterface* CalendarAccess::focusChild() const {
-    if (!m_alive || !widget()->hasFocus()) return DateWidgetAccess::focusChild();
+    if (!m_alive || !HasFocus()) return DateWidgetAccess::focusChild();
     return DayCell(DayOf(m_calendar.SelectedDate()));
 }
 

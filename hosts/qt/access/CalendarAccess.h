@@ -7,12 +7,18 @@
 
 namespace velmora {
 
+class DropDownForm;
+
 /// A calendar to screen readers: a table named after the month, whose children are the selectors,
-/// the week days and the cells. It keeps nothing of what it tells but what it has told last.
+/// the arrow buttons, the week days and the cells. It keeps nothing of what it tells but what it
+/// has told last.
 class CalendarAccess final : public DateWidgetAccess, public QAccessibleTableInterface {
 public:
     /// `lifetime` ends before the calendar does.
     CalendarAccess(QWidget& widget, VmCalendar& calendar, const Lifetime& lifetime);
+    /// The calendar of a box that is open, and a part of that. Its selected day counts as focused,
+    /// as the keys of the box move it.
+    CalendarAccess(QWidget& widget, DropDownForm& form, const Lifetime& lifetime);
     /// Ends the parts with it: who has kept the identifier of one finds nothing.
     ~CalendarAccess() override;
 
@@ -28,9 +34,15 @@ public:
     QAccessibleInterface* WeekDayCell(int column) const;
     /// Index of the child in that place of the table; the week days are row -1.
     int IndexOf(int row, int column) const;
+    int IndexOf(Arrow arrow) const;
+    bool IsFocused(const DayDescription& day) const;
+    /// What the user does with the parts. A handler may end the widget, and this with it.
+    void Pick(DayNumber day) const;
+    void Pick(Arrow arrow) const;
 
     void* interface_cast(QAccessible::InterfaceType type) override;
     QString text(QAccessible::Text kind) const override;
+    QAccessibleInterface* parent() const override;
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
@@ -65,18 +77,17 @@ private:
     template <class Part>
     QAccessibleInterface* PartOf(Parts& parts, int key) const;
 
-    VmCalendar& m_calendar;
-    Lifetime::Watch m_alive;
-    mutable Parts m_days;  // those that somebody has asked for
-    mutable Parts m_weekDays;
+    bool HasFocus() const;
+    int ArrowCount() const;
+    QAccessibleInterface* ArrowButton(int index) const;
 
-    struct News {
-        int month = 0;
-        DayNumber selected = 0;
-        bool focused = false;
-        friend bool operator==(const News&, const News&) = default;
-    };
-    News m_told;
+    VmCalendar& m_calendar;
+    DropDownForm* const m_form = nullptr;
+    Lifetime::Watch m_alive;
+    mutable Parts m_arrows;  // those that somebody has asked for
+    mutable Parts m_days;
+    mutable Parts m_weekDays;
+    CalendarNews m_told;
 };
 
 }  // namespace velmora

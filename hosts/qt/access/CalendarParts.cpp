@@ -20,6 +20,40 @@ QAccessible::State CalendarPart::StateOfAll() const {
     return state;
 }
 
+void* ArrowPart::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::ActionInterface) return static_cast<QAccessibleActionInterface*>(this);
+    return nullptr;
+}
+
+QString ArrowPart::text(QAccessible::Text kind) const {
+    return kind == QAccessible::Name ? VmDateWidget::tr(NameOf(m_arrow)) : QString();
+}
+
+std::optional<ArrowDescription> ArrowPart::Described() const {
+    for (const ArrowDescription& each : m_calendar.Described().arrows) {
+        if (each.arrow == m_arrow) return each;
+    }
+    return std::nullopt;
+}
+
+QRect ArrowPart::rect() const {
+    const auto described = Described();
+    return described ? m_calendar.OnScreen(described->place) : QRect();
+}
+
+QAccessible::State ArrowPart::state() const {
+    QAccessible::State state = StateOfAll();
+    const auto described = Described();
+    state.invalid = !described;
+    if (described && !described->leads) state.disabled = true;
+    return state;
+}
+
+/// A handler may end the widget, and this with it.
+void ArrowPart::doAction(const QString& name) {
+    if (name == pressAction()) m_calendar.Pick(m_arrow);
+}
+
 std::optional<WeekDayDescription> WeekDayPart::Described() const {
     auto weekDays = m_calendar.Described().weekDays;
     const auto column = static_cast<std::size_t>(m_column);
@@ -77,7 +111,7 @@ QAccessible::State DayPart::state() const {
     if (!described) return state;
     state.selectable = state.focusable = described->isSelectable;
     state.selected = described->isSelected;
-    state.focused = described->isFocused;
+    state.focused = m_calendar.IsFocused(*described);
     if (!described->isSelectable) state.disabled = true;
     return state;
 }
@@ -103,8 +137,7 @@ QStringList DayPart::actionNames() const {
 
 /// A handler may end the widget, and this with it.
 void DayPart::doAction(const QString& name) {
-    VmCalendar* const calendar = m_calendar.Calendar();
-    if (calendar && name == pressAction() && isValid()) calendar->OnDayPicked(m_day);
+    if (name == pressAction() && isValid()) m_calendar.Pick(m_day);
 }
 
 }  // namespace velmora

@@ -30,6 +30,29 @@ protected:
     const CalendarAccess& m_calendar;
 };
 
+class ArrowPart final : public CalendarPart, public QAccessibleActionInterface {
+public:
+    ArrowPart(const CalendarAccess& calendar, int arrow)
+        : CalendarPart(calendar), m_arrow(static_cast<Arrow>(arrow)) {}
+
+    int Index() const override { return m_calendar.IndexOf(m_arrow); }
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    bool isValid() const override { return Index() >= 0; }
+    QString text(QAccessible::Text kind) const override;
+    QRect rect() const override;
+    QAccessible::Role role() const override { return QAccessible::Button; }
+    QAccessible::State state() const override;
+
+    QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString& name) override;
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+private:
+    std::optional<ArrowDescription> Described() const;
+
+    Arrow m_arrow;
+};
+
 class WeekDayPart final : public CalendarPart {
 public:
     WeekDayPart(const CalendarAccess& calendar, int column)

@@ -1,9 +1,10 @@
 #include "hosts/qt/widgets/DateWidgetHost.h"
 
+#include "hosts/qt/access/BarAccess.h"
 #include "hosts/qt/access/DateWidgetAccess.h"
-#include "hosts/qt/access/YearAccess.h"
 #include "hosts/qt/values/QtLocale.h"
 #include "hosts/qt/values/QtNames.h"
+#include "hosts/qt/windows/QtDropDownForm.h"
 #include "hosts/qt/windows/QtInput.h"
 #include "hosts/qt/windows/QtSelectors.h"
 
@@ -29,24 +30,19 @@ VmDateWidget::Host::Host(VmDateWidget& widget, QtWindowing& windowing, AnyContro
     QAccessible::installFactory(&AccessOf);  // the first time
 }
 
-/// Neither widgets that are on their way nor the spinner are known by the name of their class.
+/// Widgets that are on their way, and those of the library's own, are not known by the name of
+/// their class.
 QAccessibleInterface* VmDateWidget::Host::AccessOf(const QString&, QObject* object) {
-    if (auto* const bar = dynamic_cast<YearBar*>(object)) return new YearAccess(*bar);
+    if (auto* const bar = dynamic_cast<SelectorBar*>(object)) {
+        const bool isYear = dynamic_cast<YearBar*>(bar) != nullptr;
+        return new BarAccess(*bar, isYear ? BarAccess::Kind::Years : BarAccess::Kind::Months);
+    }
+    if (auto* const form = dynamic_cast<QtDropDownForm*>(object)) return form->NewAccess();
     auto* const widget = dynamic_cast<VmDateWidget*>(object);
     return widget && widget->m_host ? widget->m_host->NewAccess() : nullptr;
 }
 
-void VmDateWidget::Host::TellReaders() {
-    if (!QAccessible::isActive()) return;
-    QMetaObject::invokeMethod(
-        &m_widget,
-        [this] {
-            auto* const access =
-                dynamic_cast<DateWidgetAccess*>(QAccessible::queryAccessibleInterface(&m_widget));
-            if (access) access->TellNews();
-        },
-        Qt::QueuedConnection);
-}
+void VmDateWidget::Host::TellReaders() { DateWidgetAccess::TellReaders(m_widget); }
 
 void VmDateWidget::Host::Begin() {
     With([this](auto& control) {

@@ -45,7 +45,7 @@ VmCalDropDownWidget::Host::Host(VmCalDropDownWidget& widget)
 }
 
 QAccessibleInterface* VmCalDropDownWidget::Host::NewAccess() {
-    return new BoxAccess(m_widget, dropDown, m_lifetime);
+    return new BoxAccess(m_widget, dropDown, *m_form, m_lifetime);
 }
 
 void VmCalDropDownWidget::Host::Paint(QPainter& painter) {

@@ -2,6 +2,7 @@
 
 #include "VelmoraCalendar/QtConversions.h"
 #include "dropdown/VmCalDropDown.h"
+#include "hosts/qt/access/CalendarAccess.h"
 #include "hosts/qt/values/QtLocale.h"
 #include "hosts/qt/windows/AboutBox.h"
 #include "hosts/qt/windows/QtInput.h"
@@ -79,9 +80,18 @@ QtDropDownForm::QtDropDownForm()
     setMouseTracking(true);
     m_timer.setInterval(kTick);
     connect(&m_timer, &QTimer::timeout, this, &QtDropDownForm::Tick);
+    const auto tell = [this] { DateWidgetAccess::TellReaders(*this); };
+    CalendarEvents& events = m_form.Calendar().Events();
+    events.DateChanged.Connect([tell](Date&) { tell(); });
+    events.MonthChanged.Connect([tell](std::int16_t&) { tell(); });
+    events.YearChanged.Connect([tell](std::int16_t&) { tell(); });
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](auto state) {
         if (state != Qt::ApplicationActive && isVisible()) m_form.GetOwner()->OnLostFocus();
     });
+}
+
+QAccessibleInterface* QtDropDownForm::NewAccess() {
+    return new CalendarAccess(*this, m_form, m_lifetime);
 }
 
 void QtDropDownForm::MouseReleased() {
@@ -117,6 +127,7 @@ void QtDropDownForm::Show(const Rect& screen) {
     windowHandle()->setTransientParent(m_box->window()->windowHandle());
     setGeometry(screen.left, screen.top, screen.Width(), screen.Height());
     show();
+    DateWidgetAccess::TellReaders(*this);
 }
 
 const QScreen& QtDropDownForm::OwnersScreen() const {
@@ -141,6 +152,7 @@ void QtDropDownForm::Hide() {
     m_box = nullptr;
     if (std::exchange(m_pressed, false)) m_windowing.ReleaseIsLost(true);
     hide();
+    DateWidgetAccess::TellReaders(*this);
 }
 
 void QtDropDownForm::Timer(bool on) {

@@ -13,6 +13,8 @@
 
 #include <memory>
 
+class QAccessibleInterface;
+
 namespace velmora {
 
 /// The window of the open calendar. Its capture makes all mouse events of the application arrive
@@ -69,6 +71,8 @@ public:
     void MouseReleased();
     /// Takes the look of the box that it is open for.
     void FollowOwner();
+    /// The calendar as screen readers see it, for Qt to keep.
+    QAccessibleInterface* NewAccess();
 
 protected:
     bool event(QEvent* event) override;
@@ -99,6 +103,7 @@ private:
     QList<QPointer<QWidget>> m_watched;  // the widgets around the box, up to its window
     DropDownForm m_form;                 // ends before what it stands on
     QtTouch m_touch;
+    Lifetime m_lifetime;  // ends first
 };
 
 }  // namespace velmora
