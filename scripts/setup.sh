@@ -6,7 +6,8 @@ readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libqt6o
     qt6-tools-dev libgl-dev pkg-config python3 fonts-dejavu-core)
 readonly kLayoutPackages=(clang-format)
 readonly kSanitizePackages=(clang libclang-rt-dev)
-readonly kWindowPackages=(xvfb xdotool)
+# With an accessibility bus and a reader on it.
+readonly kWindowPackages=(xvfb xdotool dbus at-spi2-core python3-pyatspi gir1.2-atspi-2.0)
 readonly kLintPackages=(clang-tidy)
 readonly kBenchPackages=(libbenchmark-dev)
 readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-{x86-64,i686}-{posix,win32}
