@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -178,9 +179,9 @@ class PlainStyle : public QProxyStyle {
 public:
     mutable int drawn = 0;
 
-    void drawComplexControl(ComplexControl, const QStyleOptionComplex* option, QPainter* painter,
-                            const QWidget*) const override {
-        Draw(*painter, *option, Qt::magenta);
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget*) const override {
+        Draw(*painter, *option, control == CC_ScrollBar ? Qt::cyan : Qt::magenta);
     }
     void drawPrimitive(PrimitiveElement, const QStyleOption* option, QPainter* painter,
                        const QWidget*) const override {
@@ -214,6 +215,12 @@ TEST(VmCalendarWidget, ItsStyleDrawsButtonsAndTheBoxOnce) {
         widget->setClassicLook(true);
         EXPECT_NE(widget->grab().toImage().pixelColor(at), QColor(Qt::magenta));
     }
+    calendar->setMonthYearSelStyle(Widget::MonthSelCombo);
+    auto* const spinner = (calendar->grab(), calendar->findChild<QScrollBar*>());
+    spinner->setStyle(&style);
+    EXPECT_EQ(spinner->grab().toImage().pixelColor(8, 8), QColor(Qt::cyan));
+    calendar->setClassicLook(false);
+    EXPECT_EQ(spinner->grab().toImage().pixelColor(8, 8), QColor(Qt::magenta));
 }
 
 /// However the font comes to the widget; one that has been set stays.

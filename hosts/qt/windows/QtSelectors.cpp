@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPointer>
 #include <QStyleOptionFocusRect>
+#include <QStyleOptionSlider>
+#include <QStyleOptionSpinBox>
 #include <QWheelEvent>
 
 #include <string>
@@ -214,6 +216,28 @@ void YearBar::Step(int years) {
     for (QLineEdit* const edit : parentWidget()->findChildren<QLineEdit*>()) {
         if (auto* const box = dynamic_cast<YearBox*>(edit)) box->Step(years);
     }
+}
+
+void YearBar::paintEvent(QPaintEvent* event) {
+    if (parentWidget()->property("classicLook").toBool()) return SelectorBar::paintEvent(event);
+    constexpr int kText = 40;  // of the spin box, out of sight
+    QStyleOptionSlider bar;
+    initStyleOption(&bar);
+    QStyleOptionSpinBox option;
+    option.initFrom(this);
+    option.rect.adjust(isLeftToRight() ? -kText : 0, 0, isLeftToRight() ? 0 : kText, 0);
+    option.frame = true;
+    option.subControls = QStyle::SC_SpinBoxFrame | QStyle::SC_SpinBoxUp | QStyle::SC_SpinBoxDown;
+    option.stepEnabled.setFlag(QAbstractSpinBox::StepUpEnabled, value() > minimum());
+    option.stepEnabled.setFlag(QAbstractSpinBox::StepDownEnabled, value() < maximum());
+    option.state |= bar.state & QStyle::State_Sunken;
+    if (bar.activeSubControls == QStyle::SC_ScrollBarSubLine) {
+        option.activeSubControls = QStyle::SC_SpinBoxUp;
+    } else if (bar.activeSubControls == QStyle::SC_ScrollBarAddLine) {
+        option.activeSubControls = QStyle::SC_SpinBoxDown;
+    }
+    QPainter painter(this);
+    style()->drawComplexControl(QStyle::CC_SpinBox, &option, &painter);
 }
 
 void YearBar::wheelEvent(QWheelEvent* event) {

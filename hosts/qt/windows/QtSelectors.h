@@ -81,6 +81,8 @@ public:
     YearBar(QWidget& parent, SelectorInput& input);
 
 protected:
+    /// As the buttons of a spin box, unless the calendar looks classic.
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
