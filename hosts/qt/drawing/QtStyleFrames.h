@@ -4,9 +4,9 @@
 
 #include <QImage>
 
-#include <compare>
 #include <cstdint>
 #include <map>
+#include <tuple>
 
 class QStyle;
 class QWidget;
@@ -27,16 +27,10 @@ public:
     void Clear() { m_pictures.clear(); }
 
 private:
-    struct Key {
-        const QStyle* style;
-        const void* kind;  // of style, as a new one may get the place of one that is gone
-        qint64 palette;
-        std::int32_t width;
-        std::int32_t height;
-        std::uint32_t state;
-        double ratio;
-        auto operator<=>(const Key&) const = default;
-    };
+    /// The style and its kind, as a new one may get the place of one that is gone; palette, width,
+    /// height, state and ratio.
+    using Key = std::tuple<const QStyle*, const QMetaObject*, qint64, std::int32_t, std::int32_t,
+                           std::uint32_t, double>;
     template <class Draw>
     const QImage& Kept(const QWidget& widget, Size size, std::uint32_t state, double ratio,
                        Draw draw);
