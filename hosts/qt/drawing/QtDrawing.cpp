@@ -229,11 +229,11 @@ int QtDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rec
 /// In palettes of high contrast styles have no edges that are seen; of other extents a picture
 /// would be a waste.
 bool QtDrawing::IsStyled(SurfaceHandle surface, const Rect& rect) const {
-    constexpr std::int32_t kMostPixels = 1 << 20;
+    constexpr std::int32_t kMostKept = 1 << 20;
     if (m_isClassic || m_widget == nullptr || gdi::IsEmpty(rect)) return false;
     if (!ShadesOf(Palette()).hasDark) return false;
     const Size size = CanvasOf(surface)->DeviceSize(rect);
-    return size.width > 0 && size.height > 0 && size.width <= kMostPixels / size.height;
+    return size.width > 0 && size.height > 0 && size.width <= kMostKept / size.height;
 }
 
 void QtDrawing::DrawFrameControl(SurfaceHandle surface, const Rect& rect, FrameControl type,
