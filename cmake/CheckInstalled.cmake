@@ -1,6 +1,7 @@
-# Installs the library below FOLDER and uses it as others do: by CMake with and without Qt, by
-# pkg-config, from a form that uic has compiled and from the same one loaded with the plug-in. KIND
-# static takes the build tree BUILD, shared one of its own, for debugging, that is kept for the next time.
+# Installs the library below FOLDER and uses it as others do: by CMake with and without Qt, for release
+# and for debugging, by pkg-config, from a form that uic has compiled and from the same one loaded with
+# the plug-in, each header by itself with both compilers. KIND static takes the build tree BUILD,
+# shared one of its own, for debugging, that is kept for the next time. VERSION is the one of all.
 set(prefix ${FOLDER}/prefix)
 set(examples ${SOURCE}/examples)
 file(REMOVE_RECURSE ${prefix})
@@ -40,9 +41,11 @@ set(ENV{QT_QPA_PLATFORM} offscreen)
 set(outside ${SOURCE}/tests/installed)
 build_project(${FOLDER}/core ${outside} "-DPART=Core;-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON")
 run(${FOLDER}/core/outside)
-build_project(${FOLDER}/qt ${outside}
-    "-DPART=Qt;-DFORM=${examples}/qt_installed/appointment.ui")
-run(${FOLDER}/qt/outside)
+foreach(type Release Debug)
+    build_project(${FOLDER}/qt-${type} ${outside}
+        "-DPART=Qt;-DFORM=${examples}/qt_installed/appointment.ui;-DCMAKE_BUILD_TYPE=${type}")
+    run(${FOLDER}/qt-${type}/outside)
+endforeach()
 
 file(GLOB_RECURSE package ${prefix}/*/velmora-calendar.pc)
 get_filename_component(packages ${package} DIRECTORY)
@@ -52,11 +55,15 @@ foreach(pair ${outside}/core.cpp=velmora-calendar
     string(REPLACE = ";" pair ${pair})
     list(GET pair 0 source)
     list(GET pair 1 package)
+    run(bash -c "[[ $(pkg-config --modversion ${package}) == ${VERSION} ]]")
     run(bash -c "${COMPILER} ${source} $(pkg-config --cflags --libs ${package}) -o ${FOLDER}/${package}")
 endforeach()
 
 if(KIND STREQUAL shared)
     run(${SOURCE}/scripts/check-exports ${library} ${prefix}/include)
+    string(REGEX MATCH "^[0-9]+\\.[0-9]+" soversion ${VERSION})
+    run(bash -c "objdump -p ${library} | grep -q 'SONAME *libvelmora_qt.so.${soversion}$'")
+    run(${SOURCE}/scripts/check-headers ${prefix} ${FOLDER}/headers.passed ${COMPILER} clang++)
 else()
     build_project(${FOLDER}/example ${examples}/qt_installed "")
     run(${FOLDER}/example/appointment --picture ${FOLDER}/compiled.png)
