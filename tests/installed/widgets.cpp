@@ -12,6 +12,7 @@
 #include <QToolTip>
 #include <QUiLoader>
 
+#include <algorithm>
 #include <memory>
 
 using namespace velmora;
@@ -79,16 +80,35 @@ private Q_SLOTS:
     void daysHaveToolTipsAndTheBoxCopiesItsText() {
         VmCalendarWidget calendar;
         calendar.resize(280, 220);
+        calendar.setDateValue(QDate(2024, 5, 15));
         calendar.show();
-        const QPoint at(100, 117);
-        const auto day = calendar.calendar().DateFromPoint(100, 117);
-        calendar.setDayToolTip(QDate(1899, 12, 30).addDays(*day), "tip");
-        for (const QPoint& place : {at, at + QPoint(0, 40)}) {
-            QHelpEvent rest(QEvent::ToolTip, place, calendar.mapToGlobal(place));
-            QCOMPARE(QApplication::sendEvent(&calendar, &rest) && rest.isAccepted(), place == at);
-            if (place == at) QCOMPARE(QToolTip::text(), "tip");
-        }
         VmCalDropDownWidget box;
+        box.setDate(QDate(2024, 5, 15));
+        box.show();
+        QVERIFY(QTest::qWaitForWindowActive(&box));
+        box.setFocus();
+        box.setDropDownState(true);
+        const auto isOpen = [](QWidget* widget) {
+            return widget->isVisible() && widget->windowType() == Qt::ToolTip;
+        };
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto open = std::find_if(windows.begin(), windows.end(), isOpen);
+        QVERIFY(open != windows.end());
+        QVERIFY((*open)->testAttribute(Qt::WA_AlwaysShowToolTips));
+        for (int day = 1; day <= 31; ++day) {
+            calendar.setDayToolTip(QDate(2024, 5, day), "of the calendar");
+            box.setDayToolTip(QDate(2024, 5, day), "of the box");
+        }
+        for (QWidget* const shown : {static_cast<QWidget*>(&calendar), *open}) {
+            for (const QPoint& place : {shown->rect().center(), QPoint(3, 3)}) {
+                const bool isDay = place != QPoint(3, 3);
+                QHelpEvent rest(QEvent::ToolTip, place, shown->mapToGlobal(place));
+                QCOMPARE(QApplication::sendEvent(shown, &rest) && rest.isAccepted(), isDay);
+                if (isDay)
+                    QCOMPARE(QToolTip::text(), shown == *open ? "of the box" : "of the calendar");
+            }
+        }
+        box.setDropDownState(false);
         QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), box.text());
     }

@@ -11,7 +11,10 @@
 #include "platform/DrawingScopes.h"
 #include "platform/dates/Dates.h"
 
+#include <QDate>
+#include <QHash>
 #include <QPointer>
+#include <QString>
 
 #include <functional>
 #include <type_traits>
@@ -50,6 +53,8 @@ public:
     virtual void LocaleChanged();
     /// Palette, style or font; with them the properties that follow them.
     virtual void LookChanged();
+    QHash<QDate, QString> toolTips;  // of the days that have one
+
     QtDropTarget& Drops() noexcept { return m_drops; }
     /// Something that screen readers are told may have changed. They hear of it when what is under
     /// way is over; without one it costs nothing.

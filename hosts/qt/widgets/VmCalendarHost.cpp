@@ -3,9 +3,6 @@
 #include "hosts/qt/access/CalendarAccess.h"
 #include "platform/FlagScope.h"
 
-#include <QHelpEvent>
-#include <QToolTip>
-
 namespace velmora {
 
 VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
@@ -21,24 +18,6 @@ VmCalendarWidget::Host::Host(VmCalendarWidget& widget)
     Begin();
     calendar.Events().Click.Connect([this] { emit m_widget.click(); });
     calendar.Events().DblClick.Connect([this] { emit m_widget.dblClick(); });
-}
-
-bool VmCalendarWidget::Host::ShowToolTip(const QHelpEvent& event) {
-    const auto dayAt = [this](QPoint at) {
-        return calendar.DateFromPoint(static_cast<float>(at.x()), static_cast<float>(at.y()));
-    };
-    const auto day = dayAt(event.pos());
-    const QString text = day ? toolTips.value(ToQDate(*day)) : QString();
-    if (text.isEmpty()) return false;
-    const auto edge = [&](QPoint step) {
-        QPoint at = event.pos();
-        while (dayAt(at + step) == day) at += step;
-        return at;
-    };
-    const QRect cell(QPoint(edge({-1, 0}).x(), edge({0, -1}).y()),
-                     QPoint(edge({1, 0}).x(), edge({0, 1}).y()));
-    QToolTip::showText(event.globalPos(), text, &m_widget, cell);
-    return true;
 }
 
 bool VmCalendarWidget::Host::Touch(const QTouchEvent& event) {

@@ -6,13 +6,8 @@
 #include "hosts/qt/windows/QtClock.h"
 #include "hosts/qt/windows/QtTouch.h"
 
-#include <QDate>
-#include <QHash>
-#include <QString>
-
 #include <memory>
 
-class QHelpEvent;
 class QPainter;
 class QRegion;
 
@@ -25,8 +20,6 @@ public:
 
     /// False when nothing was drawn. Emits nothing before it returns.
     bool Paint(QPainter& painter, const QRegion& exposed);
-    /// False when the day under the mouse has none.
-    bool ShowToolTip(const QHelpEvent& event);
     /// Whether the finger's event has been used.
     bool Touch(const QTouchEvent& event);
     void LoseMouse() override { calendar.OnCaptureLost(); }
@@ -42,7 +35,6 @@ private:
     QtWindowing m_windowing;
 
 public:
-    QHash<QDate, QString> toolTips;
     VmCalendar calendar;  // ends before what it stands on
 
 private:

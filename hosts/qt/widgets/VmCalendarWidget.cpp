@@ -30,15 +30,6 @@ const VmCalendar& VmCalendarWidget::calendar() const noexcept { return Own().cal
 
 QDate VmCalendarWidget::shownDate() const { return ToQDate(DayOf(calendar().ShownDate())); }
 
-QString VmCalendarWidget::dayToolTip(QDate day) const { return Own().toolTips.value(day); }
-void VmCalendarWidget::setDayToolTip(QDate day, const QString& text) {
-    if (text.isEmpty()) {
-        Own().toolTips.remove(day);
-    } else {
-        Own().toolTips[day] = text;
-    }
-}
-
 VmCalendarWidget::Appearance VmCalendarWidget::appearance() const {
     return m_host->Get<Appearance>(kAppearance);
 }
@@ -115,7 +106,8 @@ bool VmCalendarWidget::event(QEvent* event) {
             break;
         case QEvent::ChildPolished: ChainChildren(); break;
         case QEvent::ToolTip:
-            if (Own().ShowToolTip(static_cast<QHelpEvent&>(*event))) return true;
+            if (ShowDayToolTip(*this, calendar(), *this, static_cast<QHelpEvent&>(*event)))
+                return true;
             break;
         case QEvent::TouchBegin:
         case QEvent::TouchUpdate:

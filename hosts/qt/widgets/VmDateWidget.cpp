@@ -48,6 +48,16 @@ DayRef VmDateWidget::day(int dayOfMonth) const {
 
 DayRef VmDateWidget::selectedDay() const { return day(property("dateValue").toDate().day()); }
 
+QString VmDateWidget::dayToolTip(QDate day) const { return m_host->toolTips.value(day); }
+
+void VmDateWidget::setDayToolTip(QDate day, const QString& text) {
+    if (text.isEmpty()) {
+        m_host->toolTips.remove(day);
+    } else {
+        m_host->toolTips[day] = text;
+    }
+}
+
 void VmDateWidget::repaintControl() {
     m_host->With([](auto& control) { control.RepaintControl(); });
 }

@@ -1,6 +1,7 @@
 #include "hosts/qt/windows/QtDropDownForm.h"
 
 #include "VelmoraCalendar/QtConversions.h"
+#include "VelmoraCalendar/VmDateWidget.h"
 #include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/access/CalendarAccess.h"
 #include "hosts/qt/values/QtLocale.h"
@@ -8,6 +9,7 @@
 #include "hosts/qt/windows/QtInput.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -77,6 +79,7 @@ QtDropDownForm::QtDropDownForm()
     setAttribute(Qt::WA_X11NetWmWindowTypeCombo);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
+    setAttribute(Qt::WA_AlwaysShowToolTips);  // as it is never the active window
     setMouseTracking(true);
     m_timer.setInterval(kTick);
     connect(&m_timer, &QTimer::timeout, this, &QtDropDownForm::Tick);
@@ -176,6 +179,14 @@ bool QtDropDownForm::event(QEvent* event) {
         case QEvent::TouchCancel:
             if (m_touch.Take(static_cast<QTouchEvent&>(*event))) return true;
             break;
+        case QEvent::ToolTip: {
+            const auto* const box = qobject_cast<const VmDateWidget*>(m_box.data());
+            if (box &&
+                ShowDayToolTip(*this, m_form.Calendar(), *box, static_cast<QHelpEvent&>(*event))) {
+                return true;
+            }
+            break;
+        }
         default: break;
     }
     return QWidget::event(event);

@@ -1,9 +1,13 @@
 #include "hosts/qt/windows/QtInput.h"
 
+#include "VelmoraCalendar/QtConversions.h"
+#include "VelmoraCalendar/VmDateWidget.h"
 #include "calendar/VmCalendar.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <utility>
@@ -103,6 +107,19 @@ MouseInput MouseInputOf(const QMouseEvent& event) {
 
 void TellWheel(VmCalendar& calendar, QWheelEvent& event) {
     event.setAccepted(calendar.OnWheel(event.angleDelta().y(), ShiftOf(event.modifiers())));
+}
+
+bool ShowDayToolTip(QWidget& widget, VmCalendar& calendar, const VmDateWidget& texts,
+                    const QHelpEvent& event) {
+    const auto day = calendar.DateFromPoint(static_cast<float>(event.pos().x()),
+                                            static_cast<float>(event.pos().y()));
+    const QString text = day ? texts.dayToolTip(ToQDate(*day)) : QString();
+    const auto cell = text.isEmpty() ? std::nullopt : calendar.Describe(*day);
+    if (!cell) return false;
+    const Rect& place = cell->place;
+    QToolTip::showText(event.globalPos(), text, &widget,
+                       {place.left, place.top, place.Width(), place.Height()});
+    return true;
 }
 
 }  // namespace velmora

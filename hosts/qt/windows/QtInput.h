@@ -4,12 +4,18 @@
 
 #include <cstdint>
 
+class QHelpEvent;
 class QKeyEvent;
 class QMouseEvent;
 class QWheelEvent;
+class QWidget;
 
-/// Keys and buttons in the numbers of the published events.
 namespace velmora {
+
+class VmCalendar;
+class VmDateWidget;
+
+// Keys and buttons in the numbers of the published events.
 
 /// The virtual-key code; 0 for a key without one. Punctuation is as on an English (US) keyboard.
 std::int16_t VirtualKeyOf(const QKeyEvent& event);
@@ -39,5 +45,10 @@ void TellMouse(Control& control, void (Control::*member)(std::int16_t, std::int1
     const auto [button, shift, x, y] = MouseInputOf(event);
     (control.*member)(button, shift, x, y);
 }
+
+/// Shows what `texts` says of the day under the mouse of the widget that the calendar fills. False
+/// when that is nothing.
+bool ShowDayToolTip(QWidget& widget, VmCalendar& calendar, const VmDateWidget& texts,
+                    const QHelpEvent& event);
 
 }  // namespace velmora

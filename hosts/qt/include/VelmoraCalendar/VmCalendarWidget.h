@@ -34,10 +34,6 @@ public:
     /// The grid shows the month of this date.
     QDate shownDate() const;
 
-    /// Shown while the mouse rests on the day; empty, as at first, for the widget's own tool tip.
-    QString dayToolTip(QDate day) const;
-    void setDayToolTip(QDate day, const QString& text);
-
     Appearance appearance() const;
     QDate dateValue() const;
     MonthYearSelStyle monthYearSelStyle() const;

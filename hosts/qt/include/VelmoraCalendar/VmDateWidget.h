@@ -153,6 +153,11 @@ public:
     DayRef day(int dayOfMonth) const;
     DayRef selectedDay() const;
 
+    /// Shown while the mouse rests on the day, in a date box on that of its open calendar; empty,
+    /// as at first, for the widget's own tool tip.
+    QString dayToolTip(QDate day) const;
+    void setDayToolTip(QDate day, const QString& text);
+
     /// Whether arrow buttons and the box have the raised and sunken edges of the other hosts. Off
     /// by default: the widget's style draws them.
     bool classicLook() const;
