@@ -10,6 +10,7 @@ set(VELMORA_DESIGNER_PLUGIN_DIR ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer CAC
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoraCalendar)
 set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/VelmoraCalendar)
+set(translations_folder ${CMAKE_INSTALL_DATADIR}/velmora-calendar/translations)
 file(RELATIVE_PATH prefix_of_pkgconfig /${pkgconfig_folder} /)
 
 # velmora_install_part(NAME DESCRIPTION target=NameInPrograms...): what one component of the package
@@ -48,13 +49,16 @@ if(VELMORA_QT)
 endif()
 
 configure_package_config_file(cmake/VelmoraCalendarConfig.cmake.in VelmoraCalendarConfig.cmake
-    INSTALL_DESTINATION ${package_folder})
+    INSTALL_DESTINATION ${package_folder} PATH_VARS translations_folder)
 write_basic_package_version_file(VelmoraCalendarConfigVersion.cmake
     COMPATIBILITY SameMinorVersion)
 install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/VelmoraCalendarConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/VelmoraCalendarConfigVersion.cmake
     DESTINATION ${package_folder})
+if(VELMORA_TRANSLATIONS)
+    install(FILES ${VELMORA_TRANSLATIONS} DESTINATION ${translations_folder})
+endif()
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 

@@ -20,6 +20,7 @@ public:
 
 class PageList : public PageControl {
 public:
+    /// The host shows them in its user's language.
     virtual void Items(std::span<const std::string_view> items) = 0;
     virtual int ListIndex() const = 0;  // -1 when nothing is chosen
     virtual void ListIndex(int index) = 0;
@@ -53,6 +54,8 @@ public:
     virtual void Changed(bool changed) = 0;
     /// A message with an OK button; returns when it has been read.
     virtual void MessageBox(const std::string& text) = 0;
+    /// A text of the pages in their user's language; as it stands where it is not known in it.
+    virtual std::string Translated(std::string_view text) const = 0;
 };
 
 inline constexpr Rgb kValidText = 0x000000;

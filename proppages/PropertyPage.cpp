@@ -153,19 +153,30 @@ bool PropertyPage::IsKept(std::size_t index) const {
     return shown && shown == m_dates.TryParse(TextOf(value, m_dates));
 }
 
+/// In the user's language, with the value in place of "%1".
+std::string PropertyPage::Message(std::string_view text, std::string_view value) const {
+    constexpr std::string_view kPlace = "%1";
+    std::string message = m_site.Translated(text);
+    if (const auto at = message.find(kPlace); at != message.npos) {
+        message.replace(at, kPlace.size(), value);
+    }
+    return message;
+}
+
 std::string PropertyPage::FaultOf(const FieldDefinition& field, const std::string& text) const {
     switch (field.kind) {
         case FieldKind::Date:
             if (!text.empty()) return {};
-            return "Property '" + std::string(field.property) + "' cannot be blank";
+            return Message("Property '%1' cannot be blank", field.property);
         case FieldKind::Number:  // it names the width for the height too; its wording is published
-            return IsNumber(text) ? "" : "Property 'DropDownWidth' must a number.";
+            if (IsNumber(text)) return {};
+            return Message("Property 'DropDownWidth' must a number.");
         case FieldKind::Format:
             if (text.empty()) return {};
             try {
                 m_dates.Format(m_dates.ToDate(m_selected->GetMember("DateValue")), text);
             } catch (const AutomationError& error) {
-                return std::string("Invalid Date Format") + error.what();
+                return Message("Invalid Date Format%1", m_site.Translated(error.what()));
             }
             return {};
         default: return {};

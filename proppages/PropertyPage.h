@@ -62,6 +62,7 @@ private:
     bool IsKept(std::size_t index) const;
     void Write(const FieldDefinition& field, const Variant& value);
     /// What is wrong with a text that must not be written; empty for nothing.
+    std::string Message(std::string_view text, std::string_view value = {}) const;
     std::string FaultOf(const FieldDefinition& field, const std::string& text) const;
 
     const PageDefinition& m_definition;

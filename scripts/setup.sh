@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2034
 
 readonly kBuildPackages=(g++ cmake ninja-build libgtest-dev qt6-base-dev libqt6opengl6-dev
-    qt6-tools-dev libgl-dev pkg-config python3 fonts-dejavu-core)
+    qt6-tools-dev qt6-l10n-tools libgl-dev pkg-config python3 fonts-dejavu-core)
 readonly kLayoutPackages=(clang-format)
 readonly kSanitizePackages=(clang libclang-rt-dev)
 # With an accessibility bus and a reader on it.
@@ -11,7 +11,7 @@ readonly kWindowPackages=(xvfb xdotool dbus at-spi2-core python3-pyatspi gir1.2-
 readonly kLintPackages=(clang-tidy)
 readonly kBenchPackages=(libbenchmark-dev)
 readonly kComponentPackages=(cmake ninja-build g++-mingw-w64-{x86-64,i686}-{posix,win32}
-    mingw-w64-tools libwine-dev googletest zip)
+    mingw-w64-tools libwine-dev googletest python3 zip)
 # With what Wine loads of the X client libraries when they are there.
 readonly kWineLibraries=(fonts-wine libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1
     libxrandr2 libxrender1)

@@ -5,8 +5,10 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QLocale>
 #include <QSysInfo>
 #include <QTimer>
+#include <QTranslator>
 
 #include <algorithm>
 #include <cstdio>
@@ -120,7 +122,13 @@ private:
         SavedSettings::UsualPath()};
 };
 
+/// The widgets' texts in the user's language, where they are known in it.
 int Main() {
+    QTranslator texts;
+    if (texts.load(QLocale(), QStringLiteral("velmora_calendar"), QStringLiteral("_"),
+                   QStringLiteral(":/translations"))) {
+        QCoreApplication::installTranslator(&texts);
+    }
     const Options options;
     Arguments arguments{options.Pictures(), options.Settings(), PageIndex(options.PageName()),
                         QDate::fromString(options.DateText(), Qt::ISODate)};

@@ -1,11 +1,16 @@
 #include "VelmoraCalendar/PropertyPageDialog.h"
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "dropdown/VmCalDropDown.h"
+#include "proppages/PageDefinitions.h"
 #include "tests/hosts/PageInput.h"
 #include "tests/support/PageScript.h"
 
+#include <QLabel>
 #include <QPointer>
 #include <QTabWidget>
+#include <QTranslator>
+
+#include <set>
 
 namespace velmora {
 namespace {
@@ -105,6 +110,37 @@ TEST(PropertyPageDialog, CancelWritesNothingAndTheEndOfTheControlEndsIt) {
     EXPECT_EQ(MessagesOf(Button(*dialog, "Apply")), "");
     EXPECT_FALSE(dialog && dialog->isVisible());
     EXPECT_EQ(PropertyPageDialog::Open(window), nullptr);
+}
+
+/// With an access key for every field in every language, and none twice on a page.
+TEST(PropertyPageDialog, SpeaksTheLanguageOfTheApplication) {
+    for (const char* const language : {"de", "fr", "ar"}) {
+        QTranslator texts;
+        ASSERT_TRUE(texts.load(QStringLiteral("velmora_calendar_%1").arg(QLatin1String(language)),
+                               QStringLiteral(VELMORA_TRANSLATIONS)));
+        for (const PageDefinition* const page : {&kGeneralPP, &kDropDownPP, &kDayPP, &kLookPP}) {
+            std::set<QChar> keys;
+            for (const FieldDefinition& field : page->fields) {
+                const QString label =
+                    texts.translate("VelmoraCalendar", std::string(field.label).c_str());
+                const auto at = label.indexOf(QLatin1Char('&'));
+                ASSERT_GE(at, 0) << language << ": " << field.label;
+                EXPECT_TRUE(keys.insert(label.at(at + 1).toLower()).second) << label.toStdString();
+            }
+        }
+        if (language != std::string_view("de")) continue;
+        QApplication::installTranslator(&texts);
+        VmCalDropDownWidget box;
+        const std::unique_ptr<PropertyPageDialog> dialog(PropertyPageDialog::Open(box));
+        QStringList shown;
+        for (const QLabel* const label : dialog->findChildren<QLabel*>()) shown += label->text();
+        EXPECT_TRUE(shown.contains(QStringLiteral("&Darstellung:")));
+        EXPECT_EQ(Shown(*dialog, "cboAppearance"), "Räumlich");
+        Enter(*dialog, "txtDateMin", "");
+        Enter(*dialog, "chkShowWeekend", "false");
+        EXPECT_EQ(MessagesOf(Button(*dialog, "Apply")),
+                  "Die Eigenschaft „DateMin“ darf nicht leer sein");
+    }
 }
 
 }  // namespace

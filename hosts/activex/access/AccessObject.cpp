@@ -1,6 +1,7 @@
 #include "hosts/activex/access/AccessObject.h"
 
 #include "hosts/activex/win32/WinText.h"
+#include "hosts/activex/win32/WinTexts.h"
 
 #include <algorithm>
 #include <new>
@@ -214,7 +215,7 @@ STDMETHODIMP AccessObject::get_accDefaultAction(VARIANT child, BSTR* action) {
     if (!action) return E_POINTER;
     *action = nullptr;
     return AskOf(child, [&](const Items& items, std::size_t item) {
-        return GiveText(items[item].action ? items[item].action : "", action);
+        return GiveText(items[item].action ? ForReaders(items[item].action) : "", action);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/activex/access/CalendarAccess.h"
 
 #include "dropdown/DropDownForm.h"
+#include "hosts/activex/win32/WinTexts.h"
 #include "hosts/activex/win32/WinWindowing.h"
 
 #include <utility>
@@ -43,7 +44,7 @@ std::vector<AccessItem> CalendarAccess::Items() {
     for (const ArrowDescription& arrow : shown.arrows) {
         items.push_back({.role = ROLE_SYSTEM_PUSHBUTTON,
                          .state = arrow.leads ? 0 : STATE_SYSTEM_UNAVAILABLE,
-                         .name = NameOf(arrow.arrow),
+                         .name = ForReaders(NameOf(arrow.arrow)),
                          .action = "Press",
                          .place = arrow.place});
     }

@@ -387,7 +387,7 @@ void OleControl::Raise(DISPID event, std::span<VARIANT> arguments) {
 
 void OleControl::ShowAboutBox(const AboutText& text) {
     const Hold hold(*this);
-    ShowAboutDialog(m_activation.OwnerOfDialogs(), text);
+    ShowAboutDialog(m_activation.OwnerOfDialogs(), text, m_site.Locale());
 }
 
 }  // namespace velmora

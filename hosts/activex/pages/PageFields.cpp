@@ -2,6 +2,7 @@
 
 #include "hosts/activex/win32/ScreenDpi.h"
 #include "hosts/activex/win32/WinText.h"
+#include "hosts/activex/win32/WinTexts.h"
 #include "platform/FontAndPicture.h"
 #include "platform/stores/NumberText.h"
 
@@ -28,7 +29,7 @@ void PageField::Enable(bool enabled) {
 
 void WinPageList::Items(std::span<const std::string_view> items) {
     m_items.clear();
-    for (const std::string_view item : items) m_items.push_back(ToWide(item));
+    for (const std::string_view item : items) m_items.push_back(Localized(item, m_locale));
     m_index = -1;
     if (Window()) Show();
 }

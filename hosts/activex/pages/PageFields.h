@@ -48,6 +48,8 @@ public:
 
 class WinPageList final : public PageFieldOf<PageList> {
 public:
+    explicit WinPageList(LCID locale) : m_locale(locale) {}
+
     void Items(std::span<const std::string_view> items) override;
     int ListIndex() const override { return m_index; }
     void ListIndex(int index) override;
@@ -56,6 +58,7 @@ public:
 private:
     void Show() override;
 
+    const LCID m_locale;
     std::vector<std::wstring> m_items;
     int m_index = -1;
 };

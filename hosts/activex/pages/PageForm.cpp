@@ -9,8 +9,11 @@
 
 namespace velmora {
 
-PageForm::PageForm(const PageDefinition& definition, const Dates& dates)
-    : m_definition(definition), m_page(definition, AddFields(), *this, dates) {}
+PageForm::PageForm(const PageDefinition& definition, const Dates& dates, LCID locale)
+    : m_definition(definition),
+      m_locale(locale),
+      m_template(IsRightToLeft(locale)),
+      m_page(definition, AddFields(), *this, dates) {}
 
 std::vector<PageControlRef> PageForm::AddFields() {
     std::vector<PageControlRef> controls;
@@ -19,7 +22,7 @@ std::vector<PageControlRef> PageForm::AddFields() {
 }
 
 PageControlRef PageForm::AddField(const FieldDefinition& field) {
-    m_template.AddRow(field.kind, ToWide(field.label),
+    m_template.AddRow(field.kind, Localized(field.label, m_locale),
                       static_cast<WORD>(kFirstId + m_fields.size()));
     const auto add = [this](auto added) -> PageControlRef {
         auto* const control = added.get();
@@ -27,7 +30,7 @@ PageControlRef PageForm::AddField(const FieldDefinition& field) {
         return control;
     };
     switch (field.kind) {
-        case FieldKind::List: return add(std::make_unique<WinPageList>());
+        case FieldKind::List: return add(std::make_unique<WinPageList>(m_locale));
         case FieldKind::CheckBox: return add(std::make_unique<WinPageCheckBox>());
         case FieldKind::Color: return add(std::make_unique<WinPageColor>());
         case FieldKind::Font: return add(std::make_unique<WinPageFont>());
@@ -157,6 +160,10 @@ void PageForm::Changed(bool changed) {
 
 void PageForm::MessageBox(const std::string& text) {
     MessageBoxW(m_window, ToWide(text).c_str(), L"VelmoraCalendar", MB_OK);
+}
+
+std::string PageForm::Translated(std::string_view text) const {
+    return ToUtf8(Localized(text, m_locale));
 }
 
 }  // namespace velmora

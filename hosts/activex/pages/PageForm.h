@@ -2,6 +2,7 @@
 
 #include "hosts/activex/pages/PageFields.h"
 #include "hosts/activex/pages/PageTemplate.h"
+#include "hosts/activex/win32/WinTexts.h"
 #include "platform/dates/Dates.h"
 #include "proppages/PropertyPage.h"
 
@@ -16,15 +17,15 @@ namespace velmora {
 /// A property page with the fields of its dialog, which is a child window while the page is open.
 class PageForm : public std::enable_shared_from_this<PageForm>, private PageSite {
 public:
-    /// `dates` lives longer.
-    PageForm(const PageDefinition& definition, const Dates& dates);
+    /// In that locale's language. `dates` lives longer.
+    PageForm(const PageDefinition& definition, const Dates& dates, LCID locale);
     ~PageForm() override { Close(); }
     PageForm(const PageForm&) = delete;
     PageForm& operator=(const PageForm&) = delete;
 
     PropertyPage& Page() noexcept { return m_page; }
-    std::string_view Title() const noexcept { return m_definition.title; }
-    std::string_view Help() const noexcept { return m_definition.help; }
+    std::wstring Title() const { return Localized(m_definition.title, m_locale); }
+    std::wstring Help() const { return Localized(m_definition.help, m_locale); }
 
     bool IsChanged() const noexcept { return m_changed; }
     /// Called when `IsChanged` has got another value. May end the page.
@@ -51,6 +52,7 @@ private:
 
     void Changed(bool changed) override;
     void MessageBox(const std::string& text) override;
+    std::string Translated(std::string_view text) const override;
 
     std::vector<PageControlRef> AddFields();
     PageControlRef AddField(const FieldDefinition& field);
@@ -61,6 +63,7 @@ private:
     void Detach() noexcept;
 
     const PageDefinition& m_definition;
+    const LCID m_locale;
     PageTemplate m_template;
     std::vector<std::unique_ptr<PageField>> m_fields;  // in the order of the definition
     PropertyPage m_page;

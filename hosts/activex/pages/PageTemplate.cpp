@@ -7,8 +7,8 @@ namespace {
 constexpr SHORT kMargin = 7;
 constexpr SHORT kRowHeight = 16;
 constexpr SHORT kFieldHeight = 13;
-constexpr SHORT kLabelWidth = 92;
-constexpr SHORT kFieldWidth = 114;
+constexpr SHORT kLabelWidth = 122;  // for the longest of all languages
+constexpr SHORT kFieldWidth = 108;
 constexpr SHORT kPageWidth = 2 * kMargin + kLabelWidth + kFieldWidth;
 constexpr SHORT kListHeight = 100;  // dropped down
 constexpr SHORT kLabelIndent = 2;   // brings label and field on one line of text
@@ -30,9 +30,9 @@ SMALL_RECT At(SHORT x, SHORT y, SHORT width, SHORT height) {
 
 }  // namespace
 
-PageTemplate::PageTemplate() {
+PageTemplate::PageTemplate(bool rightToLeft) {
     Long(WS_CHILD | WS_CLIPSIBLINGS | DS_CONTROL | DS_SETFONT | DS_FIXEDSYS);
-    Long(WS_EX_CONTROLPARENT);
+    Long(WS_EX_CONTROLPARENT | (rightToLeft ? WS_EX_LAYOUTRTL : 0));
     Word(0);
     Place(At(0, 0, kPageWidth, 2 * kMargin));
     Word(0);  // no menu

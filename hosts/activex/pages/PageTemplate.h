@@ -13,7 +13,7 @@ namespace velmora {
 /// Sizes are dialog units, so the page follows the system's dialog font and resolution.
 class PageTemplate {
 public:
-    PageTemplate();
+    explicit PageTemplate(bool rightToLeft);
 
     /// A row with that control. The label's "&" marks the access key.
     void AddRow(FieldKind kind, std::wstring_view label, WORD id);

@@ -25,10 +25,9 @@ using Microsoft::WRL::ComPtr;
 Dates DatesOf(LCID locale) { return {SharedDateLocale(locale), LocalNow}; }
 
 /// For a caller who frees it; null when there is no memory.
-LPOLESTR CopyText(std::string_view text) {
-    const std::wstring wide = ToWide(text);
-    auto* const copy = static_cast<LPOLESTR>(CoTaskMemAlloc((wide.size() + 1) * sizeof(wchar_t)));
-    return copy ? std::wcscpy(copy, wide.c_str()) : nullptr;
+LPOLESTR CopyText(const std::wstring& text) {
+    auto* const copy = static_cast<LPOLESTR>(CoTaskMemAlloc((text.size() + 1) * sizeof(wchar_t)));
+    return copy ? std::wcscpy(copy, text.c_str()) : nullptr;
 }
 
 /// Whatever calls the object or the site keeps both, and the page: any of them may be taken away
@@ -36,9 +35,8 @@ LPOLESTR CopyText(std::string_view text) {
 class PropertyPageObject final : public ComObject<IPropertyPage2, ISupportErrorInfo> {
 public:
     explicit PropertyPageObject(const PageDefinition& definition)
-        : m_dates(DatesOf(LOCALE_USER_DEFAULT)),
-          m_form(std::make_shared<PageForm>(definition, m_dates)) {
-        m_form->ChangeListener([this] { NotifySite(); });
+        : m_definition(definition), m_dates(DatesOf(LOCALE_USER_DEFAULT)) {
+        MakeForm(LOCALE_USER_DEFAULT);
     }
 
     STDMETHODIMP SetPageSite(IPropertyPageSite* site) override;
@@ -65,9 +63,14 @@ private:
         if (iid == __uuidof(IPropertyPage)) return static_cast<IPropertyPage*>(this);
         return ComObject::Find(iid);
     }
+    void MakeForm(LCID locale) {
+        m_form = std::make_shared<PageForm>(m_definition, m_dates, locale);
+        m_form->ChangeListener([this] { NotifySite(); });
+    }
     void Select(std::shared_ptr<PageTarget> target);
     void NotifySite();
 
+    const PageDefinition& m_definition;
     Dates m_dates;
     std::shared_ptr<PageForm> m_form;
     std::shared_ptr<PageTarget> m_target;
@@ -79,7 +82,10 @@ STDMETHODIMP PropertyPageObject::SetPageSite(IPropertyPageSite* site) {
     m_site = site;
     LCID locale = 0;
     if (!site || FAILED(site->GetLocaleID(&locale))) return S_OK;
-    return Guard([&] { m_dates = DatesOf(locale); });
+    return Guard([&] {
+        m_dates = DatesOf(locale);
+        if (!m_form->Window() && !m_target) MakeForm(locale);
+    });
 }
 
 STDMETHODIMP PropertyPageObject::Activate(HWND parent, LPCRECT place, BOOL) {

@@ -11,9 +11,10 @@ constexpr WORD kFontPoints = 8;
 
 }  // namespace
 
-DialogTemplate::DialogTemplate(const std::wstring& title, short width, short height) {
+DialogTemplate::DialogTemplate(const std::wstring& title, short width, short height,
+                               bool rightToLeft) {
     Add(DWORD{WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_CENTER | DS_SHELLFONT});
-    Add(DWORD{0});
+    Add(rightToLeft ? DWORD{WS_EX_LAYOUTRTL} : DWORD{0});
     for (const int word : {0, 0, 0, int{width}, int{height}, 0, 0}) {
         m_words.push_back(static_cast<WORD>(word));  // items, left, top, size, menu, class
     }

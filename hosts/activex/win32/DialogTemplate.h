@@ -15,7 +15,7 @@ public:
         short left, top, width, height;
     };
 
-    DialogTemplate(const std::wstring& title, short width, short height);
+    DialogTemplate(const std::wstring& title, short width, short height, bool rightToLeft);
 
     void Text(WORD id, const std::wstring& text, const Place& place, DWORD style = 0);
     void Button(WORD id, const std::wstring& text, const Place& place, DWORD style);

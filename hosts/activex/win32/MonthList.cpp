@@ -2,6 +2,7 @@
 #include "hosts/activex/win32/StandIns.h"
 #include "hosts/activex/win32/WinDrawing.h"
 #include "hosts/activex/win32/WinText.h"
+#include "hosts/activex/win32/WinTexts.h"
 #include "platform/Keys.h"
 
 #include <algorithm>
@@ -103,7 +104,7 @@ AccessItem NativeMonthList::Described() const {
     return {.role = ROLE_SYSTEM_COMBOBOX,
             .state = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_HASPOPUP |
                      (open ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED),
-            .name = "Month",
+            .name = ForReaders("Month"),
             .value = ToUtf8(Shown()),
             .action = open ? "Close" : "Open"};
 }

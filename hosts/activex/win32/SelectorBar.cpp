@@ -2,6 +2,7 @@
 #include "hosts/activex/win32/ScreenDpi.h"
 #include "hosts/activex/win32/StandIns.h"
 #include "hosts/activex/win32/WinDrawing.h"
+#include "hosts/activex/win32/WinTexts.h"
 
 #include <algorithm>
 #include <tuple>
@@ -88,11 +89,13 @@ void NativeSelectorBar::Position(int minimum, int maximum, int value) {
 /// The spinner runs over negated years, the other bar over months behind December 1899.
 AccessItem NativeSelectorBar::Described() const {
     if (m_isVertical) {
-        return {.role = ROLE_SYSTEM_SPINBUTTON, .name = "Year", .value = std::to_string(-m_value)};
+        return {.role = ROLE_SYSTEM_SPINBUTTON,
+                .name = ForReaders("Year"),
+                .value = std::to_string(-m_value)};
     }
     const DayNumber month = AddMonths(DayFromCivil(1899, 12, 1), m_value);
     return {.role = ROLE_SYSTEM_SCROLLBAR,
-            .name = "Month",
+            .name = ForReaders("Month"),
             .value = std::to_string(MonthOf(month)) + '/' + std::to_string(YearOf(month))};
 }
 

@@ -85,7 +85,7 @@ bool WinFormHosting::RequestEdit(std::string_view) {
 
 void WinFormHosting::ShowAboutBox(const AboutText& text) {
     const HWND active = GetActiveWindow();
-    ShowAboutDialog(active ? active : m_window.Window(), text);
+    ShowAboutDialog(active ? active : m_window.Window(), text, LOCALE_USER_DEFAULT);
 }
 
 WinFormWindow::WinFormWindow()

@@ -2,6 +2,7 @@
 #include "hosts/activex/win32/StandIns.h"
 #include "hosts/activex/win32/WinDrawing.h"
 #include "hosts/activex/win32/WinText.h"
+#include "hosts/activex/win32/WinTexts.h"
 
 namespace velmora {
 namespace {
@@ -36,7 +37,7 @@ protected:
     AccessItem Described() const override {
         return {.role = ROLE_SYSTEM_TEXT,
                 .state = STATE_SYSTEM_FOCUSABLE,
-                .name = "Year",
+                .name = ForReaders("Year"),
                 .value = Text()};
     }
 

@@ -1,7 +1,7 @@
 #include "hosts/qt/access/CalendarParts.h"
 
 #include "VelmoraCalendar/QtConversions.h"
-#include "VelmoraCalendar/VmDateWidget.h"
+#include "hosts/qt/values/QtTranslation.h"
 
 #include <utility>
 
@@ -26,7 +26,7 @@ void* ArrowPart::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QString ArrowPart::text(QAccessible::Text kind) const {
-    return kind == QAccessible::Name ? VmDateWidget::tr(NameOf(m_arrow)) : QString();
+    return kind == QAccessible::Name ? Translated(NameOf(m_arrow)) : QString();
 }
 
 std::optional<ArrowDescription> ArrowPart::Described() const {
@@ -94,7 +94,7 @@ QString DayPart::text(QAccessible::Text kind) const {
     if (kind == QAccessible::Name) return ToQString(described->name);
     if (kind != QAccessible::Description) return {};
     QStringList parts;
-    if (described->isToday) parts.append(VmDateWidget::tr("today"));
+    if (described->isToday) parts.append(Translated("today"));
     if (!described->caption.empty()) parts.append(ToQString(described->caption));
     return parts.join(QStringLiteral(", "));
 }

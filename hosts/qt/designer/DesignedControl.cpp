@@ -5,9 +5,9 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/values/QtNames.h"
+#include "hosts/qt/values/QtTranslation.h"
 #include "platform/stores/MemoryBag.h"
 
-#include <QCoreApplication>
 #include <QVariant>
 #include <QtDesigner/QDesignerFormEditorInterface>
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
@@ -70,8 +70,7 @@ void DesignedControl::LetMember(std::string_view name, const Variant& value) {
     const QVariant wanted = draft->property(property);
     if (IsSame(wanted, m_widget.property(property))) return;
     if (!std::exchange(m_inCommand, true)) {
-        m_form.beginCommand(QCoreApplication::translate("DesignedControl", "Properties of '%1'")
-                                .arg(m_widget.objectName()));
+        m_form.beginCommand(Translated("Properties of '%1'").arg(m_widget.objectName()));
     }
     m_form.cursor()->setWidgetProperty(&m_widget, QString::fromLatin1(property), wanted);
 }

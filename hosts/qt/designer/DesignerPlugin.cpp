@@ -4,6 +4,7 @@
 #include "hosts/qt/designer/ControlIcons.h"
 #include "hosts/qt/designer/PropertiesTaskMenu.h"
 #include "hosts/qt/designer/PropertyGroups.h"
+#include "hosts/qt/values/QtTranslation.h"
 
 #include <QIcon>
 #include <QtDesigner/QDesignerFormEditorInterface>
@@ -25,10 +26,9 @@ struct Control {
 constexpr Control kCalendar{
     "velmora::VmCalendarWidget",
     "<VelmoraCalendar/VmCalendarWidget.h>",
-    QT_TRANSLATE_NOOP("DesignerPlugin", "Month calendar"),
-    QT_TRANSLATE_NOOP("DesignerPlugin",
-                      "A month calendar: the user picks a date with mouse or keyboard, the program "
-                      "gives single days colours, captions and pictures."),
+    "Month calendar",
+    "A month calendar: the user picks a date with mouse or keyboard, the program gives single days "
+    "colours, captions and pictures.",
     R"(<ui language="c++" displayname="Calendar">
   <widget class="velmora::VmCalendarWidget" name="calendar">
     <property name="geometry">
@@ -44,9 +44,8 @@ constexpr Control kCalendar{
 constexpr Control kDateBox{
     "velmora::VmCalDropDownWidget",
     "<VelmoraCalendar/VmCalDropDownWidget.h>",
-    QT_TRANSLATE_NOOP("DesignerPlugin", "Date box"),
-    QT_TRANSLATE_NOOP("DesignerPlugin",
-                      "A date box: it shows a date as text and opens a month calendar below it."),
+    "Date box",
+    "A date box: it shows a date as text and opens a month calendar below it.",
     R"(<ui language="c++" displayname="Date Box">
   <widget class="velmora::VmCalDropDownWidget" name="dateBox">
     <property name="geometry">
@@ -74,8 +73,8 @@ public:
 
     QString name() const override { return QString::fromLatin1(m_control.className); }
     QString group() const override { return QStringLiteral("Velmora Calendar"); }
-    QString toolTip() const override { return DesignerPlugin::tr(m_control.toolTip); }
-    QString whatsThis() const override { return DesignerPlugin::tr(m_control.whatsThis); }
+    QString toolTip() const override { return Translated(m_control.toolTip); }
+    QString whatsThis() const override { return Translated(m_control.whatsThis); }
     QString includeFile() const override { return QString::fromLatin1(m_control.includeFile); }
     QString domXml() const override { return QString::fromLatin1(m_control.dom); }
     QIcon icon() const override { return m_control.icon(); }

@@ -2,6 +2,7 @@
 
 #include "VelmoraCalendar/PropertyPageDialog.h"
 #include "hosts/qt/designer/DesignedControl.h"
+#include "hosts/qt/values/QtTranslation.h"
 
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QExtensionManager>
@@ -11,7 +12,9 @@
 namespace velmora {
 
 PropertiesTaskMenu::PropertiesTaskMenu(QWidget& widget, QObject* parent)
-    : QObject(parent), m_widget(widget), m_properties(new QAction(tr("Properties..."), this)) {
+    : QObject(parent),
+      m_widget(widget),
+      m_properties(new QAction(Translated("Properties..."), this)) {
     connect(m_properties, &QAction::triggered, this, &PropertiesTaskMenu::ShowProperties);
 }
 

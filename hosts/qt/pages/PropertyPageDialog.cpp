@@ -5,6 +5,7 @@
 #include "dropdown/VmCalDropDown.h"
 #include "hosts/qt/pages/PropertyPageWidgets.h"
 #include "hosts/qt/values/QtLocale.h"
+#include "hosts/qt/values/QtTranslation.h"
 #include "platform/dates/Dates.h"
 #include "proppages/PropertyPage.h"
 
@@ -26,7 +27,7 @@ PropertyPageDialog::PropertyPageDialog(const QLocale& locale, QWidget* parent)
       m_tabs(new QTabWidget(this)),
       m_buttons(new QDialogButtonBox(
           QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this)) {
-    setWindowTitle(tr("Properties"));
+    setWindowTitle(Translated("Properties"));
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_tabs);
     layout->addWidget(m_buttons);

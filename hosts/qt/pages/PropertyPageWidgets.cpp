@@ -1,6 +1,7 @@
 #include "hosts/qt/pages/PropertyPageWidgets.h"
 
 #include "VelmoraCalendar/QtConversions.h"
+#include "hosts/qt/values/QtTranslation.h"
 #include "proppages/PropertyPage.h"
 
 #include <QApplication>
@@ -14,10 +15,6 @@
 
 namespace velmora {
 namespace {
-
-QString Translated(std::string_view text) {
-    return QCoreApplication::translate("velmora::PropertyPageWidget", std::string(text).c_str());
-}
 
 /// A row of the form; the control is the form's. The page fills a list while it is being made,
 /// which is no edit.
@@ -41,7 +38,7 @@ PageControlRef AddField(QFormLayout& form, const FieldDefinition& field,
 
 void QtPageList::Items(std::span<const std::string_view> items) {
     clear();
-    for (const std::string_view item : items) addItem(ToQString(item));
+    for (const std::string_view item : items) addItem(Translated(item));
 }
 
 void QtPageText::ForeColor(Rgb color) {
@@ -66,13 +63,17 @@ PropertyPageWidget::PropertyPageWidget(const PageDefinition& definition, const D
 
 PropertyPageWidget::~PropertyPageWidget() = default;
 
-QString PropertyPageWidget::Title() const { return Translated(m_definition.title); }
+QString PropertyPageWidget::Title() const { return velmora::Translated(m_definition.title); }
+
+std::string PropertyPageWidget::Translated(std::string_view text) const {
+    return velmora::Translated(text).toStdString();
+}
 
 bool PropertyPageWidget::Apply() {
     try {
         return m_page->ApplyChanges();
     } catch (const std::exception& error) {
-        MessageBox(error.what());
+        MessageBox(Translated(error.what()));
         return false;
     }
 }

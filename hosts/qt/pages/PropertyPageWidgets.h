@@ -65,6 +65,7 @@ signals:
 private:
     void Changed(bool changed) override;
     void MessageBox(const std::string& text) override;
+    std::string Translated(std::string_view text) const override;
 
     const PageDefinition& m_definition;
     std::unique_ptr<PropertyPage> m_page;

@@ -1,6 +1,7 @@
 #include "hosts/qt/windows/AboutBox.h"
 
 #include "VelmoraCalendar/QtConversions.h"
+#include "hosts/qt/values/QtTranslation.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -25,7 +26,7 @@ bool StartSystemTool() {
 QString SystemFacts() {
     const QScreen* const screen = QGuiApplication::primaryScreen();
     const QSize size = screen ? screen->size() : QSize();
-    return QStringLiteral("System: %1\nKernel: %2 %3\nProcessor: %4\nQt: %5 (%6)\nScreen: %7 x %8")
+    return Translated("System: %1\nKernel: %2 %3\nProcessor: %4\nQt: %5 (%6)\nScreen: %7 x %8")
         .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
              QSysInfo::currentCpuArchitecture(), QString::fromLatin1(qVersion()),
              QGuiApplication::platformName())
@@ -44,11 +45,11 @@ QLabel* AddLabel(QDialog& dialog, const QString& text) {
 void Fill(QDialog& dialog, const AboutText& text) {
     const QString title = ToQString(text.title);
     const QString link = ToQString(text.webLink).toHtmlEscaped();
-    dialog.setWindowTitle(QStringLiteral("About %1").arg(title));
+    dialog.setWindowTitle(Translated("About %1").arg(title));
     auto* const layout = new QVBoxLayout(&dialog);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     AddLabel(dialog, QStringLiteral("<b>%1</b>").arg(title.toHtmlEscaped()));
-    AddLabel(dialog, QStringLiteral("Version %1").arg(ToQString(text.version)));
+    AddLabel(dialog, Translated("Version %1").arg(ToQString(text.version)));
     AddLabel(dialog, QStringLiteral("<a href=\"%1\">%1</a>").arg(link));
     QLabel* const facts = AddLabel(dialog, {});
     facts->setObjectName(QStringLiteral("systemFacts"));
@@ -57,7 +58,7 @@ void Fill(QDialog& dialog, const AboutText& text) {
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &dialog);
     layout->addWidget(buttons);
     QPushButton* const information =
-        buttons->addButton(QStringLiteral("System &Information"), QDialogButtonBox::ActionRole);
+        buttons->addButton(Translated("System &Information"), QDialogButtonBox::ActionRole);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(information, &QPushButton::clicked, facts, [facts] {
         if (StartSystemTool()) return;

@@ -3,6 +3,7 @@
 #include "VelmoraCalendar/QtConversions.h"
 #include "VelmoraCalendar/VmDateWidget.h"
 #include "hosts/qt/drawing/QtDrawing.h"
+#include "hosts/qt/values/QtTranslation.h"
 #include "hosts/qt/windows/QtSelectors.h"
 
 #include <QFontMetrics>
@@ -112,7 +113,7 @@ public:
 class YearSpinner final : public QtScroll {
 public:
     YearSpinner(SelectorBar* widget, QWidget& parent)
-        : QtScroll(widget, VmDateWidget::tr("Year")), m_parent(parent) {}
+        : QtScroll(widget, Translated("Year")), m_parent(parent) {}
 
 protected:
     QSize NaturalSize(const SelectorBar&) const override {
@@ -128,11 +129,11 @@ private:
 }  // namespace
 
 std::unique_ptr<ComboBox> MakeMonthList(QWidget& parent, SelectorInput& input) {
-    return std::make_unique<MonthList>(new MonthListBox(parent, input), VmDateWidget::tr("Month"));
+    return std::make_unique<MonthList>(new MonthListBox(parent, input), Translated("Month"));
 }
 
 std::unique_ptr<TextBox> MakeYearText(QWidget& parent, SelectorInput& input) {
-    return std::make_unique<YearText>(new YearBox(parent, input), VmDateWidget::tr("Year"));
+    return std::make_unique<YearText>(new YearBox(parent, input), Translated("Year"));
 }
 
 std::unique_ptr<ScrollBar> MakeYearSpinner(QWidget& parent, SelectorInput& input) {
@@ -143,7 +144,7 @@ std::unique_ptr<ScrollBar> MakeDateScroll(QWidget& parent, SelectorInput& input)
     auto* const bar = new SelectorBar(Qt::Horizontal, parent, input, &VmCalendar::OnDateScroll);
     bar->setPageStep(12);  // months
     bar->setFocusPolicy(Qt::TabFocus);
-    return std::make_unique<QtScroll>(bar, VmDateWidget::tr("Month"));
+    return std::make_unique<QtScroll>(bar, Translated("Month"));
 }
 
 }  // namespace velmora

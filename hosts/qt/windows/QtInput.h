@@ -35,7 +35,6 @@ struct MouseInput {
 };
 MouseInput MouseInputOf(const QMouseEvent& event);
 
-class VmCalendar;
 /// Leaves it to the widgets around when the calendar has no use for it.
 void TellWheel(VmCalendar& calendar, QWheelEvent& event);
 

@@ -248,6 +248,20 @@ TEST_F(PropertyPages, EditsOutliveDeactivationAndDatesAreOfTheSitesLocale) {
     EXPECT_EQ(page.Deactivate(), S_OK);
     pages.Apply();
     EXPECT_EQ(pages.Property("DateMin"), Variant(Date(45353)));
+
+    ComPtr<IPropertyPage2> german;
+    EXPECT_EQ(CreatePropertyPage(*kPages[kGeneral], IID_PPV_ARGS(&german)), S_OK);
+    german->SetPageSite(pages.site.Get());
+    PROPPAGEINFO info{};
+    info.cb = sizeof info;
+    EXPECT_EQ(german->GetPageInfo(&info), S_OK);
+    EXPECT_EQ(std::wstring_view(info.pszTitle), L"Allgemein");
+    CoTaskMemFree(info.pszTitle);
+    CoTaskMemFree(info.pszDocString);
+    std::swap(pages.pages[kGeneral], german);
+    pages.Activate(kGeneral);
+    pages.Select("calendar");
+    EXPECT_EQ(pages.Shown("cboAppearance"), "Räumlich");
 }
 
 TEST_F(PropertyPages, CallsOutOfOrderAreRefused) {
