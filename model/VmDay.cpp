@@ -7,28 +7,37 @@
 
 namespace velmora {
 
-void VmDay::BackColor(const Variant& value) { SetColor(&VmDay::m_backColor, value, "BackColor"); }
-void VmDay::ForeColor(const Variant& value) { SetColor(&VmDay::m_foreColor, value, "ForeColor"); }
+const VmDay::Decoration VmDay::kNone;
 
-void VmDay::SetColor(Variant VmDay::*color, const Variant& value, std::string_view property) {
+VmDay::Decoration& VmDay::Own() {
+    if (!m_decoration) m_decoration = std::make_unique<Decoration>();
+    return *m_decoration;
+}
+
+void VmDay::BackColor(const Variant& value) {
+    SetColor(&Decoration::backColor, value, "BackColor");
+}
+
+void VmDay::ForeColor(const Variant& value) {
+    SetColor(&Decoration::foreColor, value, "ForeColor");
+}
+
+void VmDay::SetColor(Variant Decoration::*color, const Variant& value, std::string_view property) {
     const VarType type = value.Type();
     if (type != VarType::Empty && type != VarType::Null && type != VarType::Int32) {
         throw AutomationError(ErrorNumber::InvalidPropertyValue);
     }
-    this->*color = value;
-    m_dirty = true;
+    Own().*color = value;
     Changed(property);
 }
 
 void VmDay::Caption(std::string value) {
-    m_caption = std::move(value);
-    m_dirty = true;
+    Own().caption = std::move(value);
     Changed("Caption");
 }
 
 void VmDay::Picture(PictureRef value) {
-    m_picture = std::move(value);
-    m_dirty = true;
+    Own().picture = std::move(value);
     Changed("Picture");
 }
 

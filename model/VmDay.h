@@ -20,17 +20,17 @@ public:
         : m_dayDate(date), m_parent(std::move(parent)) {}
 
     /// Whether a decoration has been set since the day was made.
-    bool Dirty() const noexcept { return m_dirty; }
+    bool Dirty() const noexcept { return m_decoration != nullptr; }
 
     /// Cell colours. Empty or Null: the default applies; else a 32-bit integer. Error 380: any
     /// other type, a 16-bit integer included.
-    const Variant& BackColor() const noexcept { return m_backColor; }
+    const Variant& BackColor() const noexcept { return Shown().backColor; }
     void BackColor(const Variant& value);
-    const Variant& ForeColor() const noexcept { return m_foreColor; }
+    const Variant& ForeColor() const noexcept { return Shown().foreColor; }
     void ForeColor(const Variant& value);
 
     /// Text drawn in the cell on one line, clipped to it.
-    const std::string& Caption() const noexcept { return m_caption; }
+    const std::string& Caption() const noexcept { return Shown().caption; }
     void Caption(std::string value);
 
     /// The day this object stands for, without a time. Setting it moves no decoration: a day shows
@@ -39,22 +39,29 @@ public:
     void DayDate(Date value);
 
     /// Drawn in the cell; null for none.
-    const PictureRef& Picture() const noexcept { return m_picture; }
+    const PictureRef& Picture() const noexcept { return Shown().picture; }
     void Picture(PictureRef value);
 
     /// The collection that made it, or null when that has ended.
     std::shared_ptr<VmDays> Parent() const noexcept { return m_parent.lock(); }
 
 private:
-    void SetColor(Variant VmDay::*color, const Variant& value, std::string_view property);
+    /// Most days of most calendars have none.
+    struct Decoration {
+        Variant backColor;
+        Variant foreColor;
+        std::string caption;
+        PictureRef picture;
+    };
+    static const Decoration kNone;
+
+    const Decoration& Shown() const noexcept { return m_decoration ? *m_decoration : kNone; }
+    Decoration& Own();
+    void SetColor(Variant Decoration::*color, const Variant& value, std::string_view property);
     void Changed(std::string_view property);
 
-    bool m_dirty = false;
-    Variant m_backColor;
-    Variant m_foreColor;
-    std::string m_caption;
     Date m_dayDate;
-    PictureRef m_picture;
+    std::unique_ptr<Decoration> m_decoration;  // since one has been set
     std::weak_ptr<VmDays> m_parent;
 };
 
