@@ -6,8 +6,10 @@
 #include <QDataWidgetMapper>
 #include <QFile>
 #include <QHelpEvent>
+#include <QItemEditorFactory>
 #include <QSignalSpy>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QTest>
 #include <QToolTip>
 #include <QUiLoader>
@@ -58,6 +60,20 @@ private Q_SLOTS:
         box.setDate(second);
         QVERIFY(mapper.submit());
         QCOMPARE(cell.data().toDate(), second);
+
+        QItemEditorFactory editors;
+        editors.registerEditor(QMetaType::QDate,
+                               new QStandardItemEditorCreator<VmCalDropDownWidget>);
+        QStyledItemDelegate delegate;
+        delegate.setItemEditorFactory(&editors);
+        const std::unique_ptr<QWidget> editor(delegate.createEditor(nullptr, {}, cell));
+        auto* const dates = qobject_cast<VmCalDropDownWidget*>(editor.get());
+        QVERIFY(dates);
+        delegate.setEditorData(dates, cell);
+        QCOMPARE(dates->date(), second);
+        dates->setDate(first);
+        delegate.setModelData(dates, &model, cell);
+        QCOMPARE(cell.data().toDate(), first);
     }
 
     void styleSheetsArriveAndTheBorderIsDrawn() {
@@ -74,6 +90,9 @@ private Q_SLOTS:
             QCOMPARE(widget->dayDefaultForeColor(), QColor("#fedcba"));
             QCOMPARE(widget->selectedDayForeColor(), QColor("#111213"));
             QVERIFY(widget->dayFont().bold() && widget->dayFont().pointSize() == 20);
+            widget->setMonthBackColor(Qt::red);
+            widget->resetMonthBackColor();
+            QCOMPARE(widget->monthBackColor(), QColor("#102030"));
         }
     }
 
