@@ -130,7 +130,7 @@ using WriteOrder =
          kMonthForeColor, kDateMax, kDateMin, kMonthYearSelStyle, kMouseIcon, kMousePointer,
          kShowWeekend, kTodayBackColor, kTodayForeColor, kWeekDayAppearance, kWeekDayBackColor,
          kWeekDayCaptionAlignment, kWeekDayDisplay, kWeekDayFont, kWeekDayForeColor>;
-static_assert(Covers<WriteOrder>(Slots(), kIsSaved));
+static_assert(Covers<WriteOrder>(Slots(), kIsSaved) && IsWithin<Slots>(WriteOrder()));
 
 /// Two day colours are read twice.
 using ReadOrder =
@@ -142,7 +142,7 @@ using ReadOrder =
          kDateValue, kMonthYearSelStyle, kShowWeekend, kTodayBackColor, kTodayForeColor,
          kWeekDayAppearance, kWeekDayBackColor, kWeekDayDisplay, kWeekDayFont,
          kWeekDayCaptionAlignment, kWeekDayForeColor>;
-static_assert(Covers<ReadOrder>(Slots(), kIsSaved));
+static_assert(Covers<ReadOrder>(Slots(), kIsSaved) && IsWithin<Slots>(ReadOrder()));
 
 /// The order of `SetProps`.
 using CopyOrder =
@@ -153,6 +153,6 @@ using CopyOrder =
          kMousePointer, kDateMax, kDateMin, kDateValue, kMonthYearSelStyle, kShowWeekend,
          kTodayBackColor, kTodayForeColor, kWeekDayAppearance, kWeekDayBackColor, kWeekDayDisplay,
          kWeekDayFont, kWeekDayCaptionAlignment, kWeekDayForeColor>;
-static_assert(Covers<CopyOrder>(Slots(), kIsCopied));
+static_assert(Covers<CopyOrder>(Slots(), kIsCopied) && IsWithin<Slots>(CopyOrder()));
 
 }  // namespace velmora

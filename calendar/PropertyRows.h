@@ -163,10 +163,17 @@ struct Rows {
     static constexpr bool Has(std::string_view name) { return ((kRow.name == name) || ...); }
 };
 
-/// Whether an order has those rows of a list that belong in it, and no others.
+/// Whether an order has those rows of a list that belong in it, and none of the others.
 template <class Order, const auto&... kRow>
 constexpr bool Covers(Rows<kRow...>, auto belongs) {
     return ((Order::Has(kRow.name) == belongs(kRow)) && ...);
+}
+
+/// Whether each row of an order is in one of the lists.
+template <class... Lists, const auto&... kRow>
+constexpr bool IsWithin(Rows<kRow...>) {
+    const auto isListed = [](std::string_view name) { return (Lists::Has(name) || ...); };
+    return (isListed(kRow.name) && ...);
 }
 
 constexpr auto kIsSaved = [](const auto& row) { return row.saved != Saved::Never; };

@@ -92,7 +92,8 @@ using BoxOrder =
          kMonthFont, kMonthYearSelStyle, kSelectedDayBackColor, kSelectedDayForeColor,
          kTodayBackColor, kTodayForeColor, kWeekDayAppearance, kWeekDayBackColor, kWeekDayForeColor,
          kWeekDayDisplay, kWeekDayFont, kWeekDayCaptionAlignment, kShowWeekend>;
-static_assert(Covers<BoxOrder>(Slots(), kIsSaved) && Covers<BoxOrder>(BoxSlots(), kIsSaved));
+static_assert(Covers<BoxOrder>(Slots(), kIsSaved) && Covers<BoxOrder>(BoxSlots(), kIsSaved) &&
+              IsWithin<Slots, BoxSlots>(BoxOrder()));
 
 /// The calendar of a box has two of the selector styles only.
 constexpr bool IsSelStyleOfBox(VmMonthYearSelStyleConstants style) {
