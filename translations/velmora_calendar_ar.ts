@@ -13,51 +13,51 @@
     </message>
     <message>
         <source>&amp;Appearance:</source>
-        <translation>الم&amp;ظهر:</translation>
+        <translation>المظهر (&amp;A):</translation>
     </message>
     <message>
         <source>&amp;Week day captions:</source>
-        <translation>أ&amp;سماء أيام الأسبوع:</translation>
+        <translation>أسماء أيام الأسبوع (&amp;W):</translation>
     </message>
     <message>
         <source>Show week&amp;end</source>
-        <translation>إظهار &amp;عطلة نهاية الأسبوع</translation>
+        <translation>إظهار عطلة نهاية الأسبوع (&amp;E)</translation>
     </message>
     <message>
         <source>Week day a&amp;lignment:</source>
-        <translation>&amp;محاذاة أيام الأسبوع:</translation>
+        <translation>محاذاة أيام الأسبوع (&amp;L):</translation>
     </message>
     <message>
         <source>Wee&amp;k day appearance:</source>
-        <translation>مظهر أيام الأس&amp;بوع:</translation>
+        <translation>مظهر أيام الأسبوع (&amp;K):</translation>
     </message>
     <message>
         <source>&amp;Month caption:</source>
-        <translation>اسم ال&amp;شهر:</translation>
+        <translation>اسم الشهر (&amp;M):</translation>
     </message>
     <message>
         <source>M&amp;onth appearance:</source>
-        <translation>مظهر الش&amp;هر:</translation>
+        <translation>مظهر الشهر (&amp;O):</translation>
     </message>
     <message>
         <source>Month and year &amp;selectors:</source>
-        <translation>أدوات ا&amp;ختيار الشهر والسنة:</translation>
+        <translation>أدوات اختيار الشهر والسنة (&amp;S):</translation>
     </message>
     <message>
         <source>Ea&amp;rliest date:</source>
-        <translation>أ&amp;قدم تاريخ:</translation>
+        <translation>أقدم تاريخ (&amp;R):</translation>
     </message>
     <message>
         <source>La&amp;test date:</source>
-        <translation>أ&amp;حدث تاريخ:</translation>
+        <translation>أحدث تاريخ (&amp;T):</translation>
     </message>
     <message>
         <source>&amp;Date:</source>
-        <translation>ال&amp;تاريخ:</translation>
+        <translation>التاريخ (&amp;D):</translation>
     </message>
     <message>
         <source>Date &amp;format:</source>
-        <translation>ت&amp;نسيق التاريخ:</translation>
+        <translation>تنسيق التاريخ (&amp;F):</translation>
     </message>
     <message>
         <source>Drop-down</source>
@@ -69,15 +69,15 @@
     </message>
     <message>
         <source>&amp;Enabled</source>
-        <translation>م&amp;مكّن</translation>
+        <translation>ممكّن (&amp;E)</translation>
     </message>
     <message>
         <source>Drop-down &amp;width:</source>
-        <translation>&amp;عرض التقويم المنسدل:</translation>
+        <translation>عرض التقويم المنسدل (&amp;W):</translation>
     </message>
     <message>
         <source>Drop-down &amp;height:</source>
-        <translation>ا&amp;رتفاع التقويم المنسدل:</translation>
+        <translation>ارتفاع التقويم المنسدل (&amp;H):</translation>
     </message>
     <message>
         <source>Days</source>
@@ -89,19 +89,19 @@
     </message>
     <message>
         <source>&amp;First day of the week:</source>
-        <translation>أول يوم في الأ&amp;سبوع:</translation>
+        <translation>أول يوم في الأسبوع (&amp;F):</translation>
     </message>
     <message>
         <source>&amp;Number alignment:</source>
-        <translation>محاذاة ال&amp;رقم:</translation>
+        <translation>محاذاة الرقم (&amp;N):</translation>
     </message>
     <message>
         <source>&amp;Caption alignment:</source>
-        <translation>محاذاة ال&amp;تسمية:</translation>
+        <translation>محاذاة التسمية (&amp;C):</translation>
     </message>
     <message>
         <source>&amp;Picture alignment:</source>
-        <translation>محاذاة ال&amp;صورة:</translation>
+        <translation>محاذاة الصورة (&amp;P):</translation>
     </message>
     <message>
         <source>Colors and fonts</source>
@@ -113,63 +113,63 @@
     </message>
     <message>
         <source>&amp;Day background:</source>
-        <translation>&amp;خلفية الأيام:</translation>
+        <translation>خلفية الأيام (&amp;D):</translation>
     </message>
     <message>
         <source>Day &amp;text:</source>
-        <translation>&amp;نص الأيام:</translation>
+        <translation>نص الأيام (&amp;T):</translation>
     </message>
     <message>
         <source>&amp;Other months' days:</source>
-        <translation>أيام الأشهر الأخ&amp;رى:</translation>
+        <translation>أيام الأشهر الأخرى (&amp;O):</translation>
     </message>
     <message>
         <source>&amp;Selected background:</source>
-        <translation>خلفية ال&amp;تحديد:</translation>
+        <translation>خلفية التحديد (&amp;S):</translation>
     </message>
     <message>
         <source>S&amp;elected text:</source>
-        <translation>نص الت&amp;حديد:</translation>
+        <translation>نص التحديد (&amp;E):</translation>
     </message>
     <message>
         <source>Tod&amp;ay background:</source>
-        <translation>خل&amp;فية اليوم الحالي:</translation>
+        <translation>خلفية اليوم الحالي (&amp;A):</translation>
     </message>
     <message>
         <source>Today te&amp;xt:</source>
-        <translation>ن&amp;ص اليوم الحالي:</translation>
+        <translation>نص اليوم الحالي (&amp;X):</translation>
     </message>
     <message>
         <source>&amp;Month background:</source>
-        <translation>خلفية ال&amp;شهر:</translation>
+        <translation>خلفية الشهر (&amp;M):</translation>
     </message>
     <message>
         <source>Mo&amp;nth text:</source>
-        <translation>نص الش&amp;هر:</translation>
+        <translation>نص الشهر (&amp;N):</translation>
     </message>
     <message>
         <source>&amp;Week day background:</source>
-        <translation>خلفية أيام الأ&amp;سبوع:</translation>
+        <translation>خلفية أيام الأسبوع (&amp;W):</translation>
     </message>
     <message>
         <source>Wee&amp;k day text:</source>
-        <translation>نص أيام الأس&amp;بوع:</translation>
+        <translation>نص أيام الأسبوع (&amp;K):</translation>
     </message>
     <message>
         <source>Day &amp;font:</source>
-        <translation>خ&amp;ط الأيام:</translation>
+        <translation>خط الأيام (&amp;F):</translation>
     </message>
     <message>
         <source>Mont&amp;h font:</source>
-        <translation>خط ا&amp;لشهر:</translation>
+        <translation>خط الشهر (&amp;H):</translation>
     </message>
     <message>
         <source>Week da&amp;y font:</source>
-        <translation>خط أيام الأسبو&amp;ع:</translation>
+        <translation>خط أيام الأسبوع (&amp;Y):</translation>
     </message>
     <message>
         <source>Date &amp;box font:</source>
-        <translation>خط &amp;مربع التاريخ:</translation>
+        <translation>خط مربع التاريخ (&amp;B):</translation>
     </message>
     <message>
         <source>VmAppearanceFlat</source>
@@ -397,7 +397,7 @@
     </message>
     <message>
         <source>System &amp;Information</source>
-        <translation>&amp;معلومات النظام</translation>
+        <translation>معلومات النظام (&amp;I)</translation>
     </message>
     <message>
         <source>System: %1
@@ -413,7 +413,7 @@ Qt: %5 (%6)
     </message>
     <message>
         <source>&amp;System Info...</source>
-        <translation>معلومات ال&amp;نظام...</translation>
+        <translation>معلومات النظام (&amp;S)...</translation>
     </message>
     <message>
         <source>The system-information tool is not installed on this computer.</source>
