@@ -38,6 +38,7 @@ struct Site : PageSite {
     void MessageBox(const std::string&) override {}
     bool changed = false;
     bool loading = true;
+    std::string Translated(std::string_view text) const override { return std::string(text); }
 };
 
 /// The three pages over one control.
