@@ -242,7 +242,7 @@ VmWeekDayDisplayConstants CalendarPainter::WeekDayDisplayThatFits(SurfaceHandle 
 std::string CalendarPainter::WeekDayCaption(int column, VmWeekDayDisplayConstants display) const {
     if (display == VmWeekDayLetter) {
         const auto weekDay = static_cast<std::size_t>(WeekDayOfColumn(m_view, column));
-        return WeekDayLetter(m_view.dates.Locale(), weekDay);
+        return LetterOf(m_view.dates.Locale(), weekDay);
     }
     return WeekDayName(m_view, column, display == VmWeekDayAbbrName ? "ddd" : "dddd");
 }

@@ -20,7 +20,7 @@ std::string_view FirstLetter(std::string_view text) noexcept {
 
 }  // namespace
 
-std::string WeekDayLetter(const DateLocale& locale, std::size_t weekDay) {
+std::string LetterOf(const DateLocale& locale, std::size_t weekDay) {
     constexpr std::size_t kFew = 3;
     std::set<std::string_view> letters;
     for (const std::string& name : locale.weekDayNames) letters.insert(FirstLetter(name));

@@ -44,7 +44,7 @@ struct DateLocale {
 
 /// The first letter of the week day's name, Sunday is 0; where those of most days are the same, as
 /// in Chinese and Hebrew, the locale's own.
-std::string WeekDayLetter(const DateLocale& locale, std::size_t weekDay);
+std::string LetterOf(const DateLocale& locale, std::size_t weekDay);
 
 /// One piece of a locale's pattern: a field, or text that stands for itself.
 struct PatternPiece {

@@ -124,7 +124,7 @@ inline void ExpectLocale(const Dates& dates, const PlatformLocale& platform,
     ExpectDates(dates, platform);
     ExpectClock(dates, platform);
     std::set<std::string> letters;
-    for (std::size_t day = 0; day < 7; ++day) letters.insert(WeekDayLetter(dates.Locale(), day));
+    for (std::size_t day = 0; day < 7; ++day) letters.insert(LetterOf(dates.Locale(), day));
     EXPECT_GT(letters.size(), 3u);
     ExpectReadings(dates, locale);
 }
