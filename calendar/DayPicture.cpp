@@ -100,16 +100,16 @@ void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& p
     if (handle == ObjectHandle::None) return;
 
     const bool isIcon = picture.Type() == PictureType::Icon;  // never stretched or tiled
-    Rect area = PlaceDayPicture(alignment, size, cell, text);
-    if (mirrored) area = Mirrored(area, cell);
-    if (isIcon) area = RectAt(area.left, area.top, kIconSize);
+    Rect place = PlaceDayPicture(alignment, size, cell, text);
+    if (mirrored) place = Mirrored(place, cell);
+    if (isIcon) place = RectAt(place.left, place.top, kIconSize);
     std::optional<Clip> clip;  // it takes as long as the picture
-    if (alignment == VmPictTile || !IsInside(area, cell)) clip.emplace(drawing, surface, cell);
+    if (alignment == VmPictTile || !IsInside(place, cell)) clip.emplace(drawing, surface, cell);
     if (isIcon) {
-        drawing.DrawIconEx(surface, area.left, area.top, handle, kIconSize.width, kIconSize.height,
-                           kDrawIconNormal);
+        drawing.DrawIconEx(surface, place.left, place.top, handle, kIconSize.width,
+                           kIconSize.height, kDrawIconNormal);
     } else {
-        DrawBitmap(drawing, surface, picture, handle, alignment, size, area);
+        DrawBitmap(drawing, surface, picture, handle, alignment, size, place);
     }
 }
 

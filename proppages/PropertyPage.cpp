@@ -157,7 +157,7 @@ bool PropertyPage::IsKept(std::size_t index) const {
 std::string PropertyPage::Message(std::string_view text, std::string_view value) const {
     constexpr std::string_view kPlace = "%1";
     std::string message = m_site.Translated(text);
-    if (const auto at = message.find(kPlace); at != message.npos) {
+    if (const auto at = message.find(kPlace); at != std::string::npos) {
         message.replace(at, kPlace.size(), value);
     }
     return message;
