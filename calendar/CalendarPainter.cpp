@@ -201,6 +201,15 @@ void CalendarPainter::PaintMonthText(SurfaceHandle surface) {
     UseTextColor(surface, state.monthForeColor);
     m_drawing.DrawTextA(surface, text, place,
                         Directed(kTextCenter | kTextVCenter | kTextSingleLine | kTextEndEllipsis));
+    const DayNumber day = DayOf(state.dateValue);
+    const bool isSelectionShown = m_grid.IsShownMonth(day) && m_grid.DayCellRect(day);
+    if (!m_view.focused || m_view.chosen || isSelectionShown || place.Height() <= 0) return;
+    Rect extent;
+    m_drawing.DrawTextA(surface, text, extent, kTextSingleLine | kTextCalcRect);
+    const int besides = std::max((place.Width() - extent.Width()) / 2 - 3, 0);
+    const int above = std::max((place.Height() - extent.Height()) / 2 - 1, 0);
+    m_drawing.DrawFocusRect(surface, {place.left + besides, place.top + above,
+                                      place.right - besides, place.bottom - above});
 }
 
 void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {

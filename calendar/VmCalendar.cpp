@@ -282,9 +282,11 @@ void VmCalendar::Invalidate(const Rect& rect) {
 
 void VmCalendar::InvalidateDay(std::optional<DayNumber> day) {
     if (!day || !m_laidOut) return;
-    if (const auto cell = GridOf(m_state, m_layout).DayCellRect(*day)) {
-        Invalidate({cell->left, cell->top, cell->right + 1, cell->bottom + 1});
-    }
+    const MonthGrid grid = GridOf(m_state, m_layout);
+    const auto cell = grid.DayCellRect(*day);
+    if (cell) Invalidate({cell->left, cell->top, cell->right + 1, cell->bottom + 1});
+    // The title shows the focus when the selected day does not.
+    if (!cell || !grid.IsShownMonth(*day)) Invalidate(m_layout.MonthBand());
 }
 
 /// Redraws what a move of the date has changed on the screen: two cells, or all.

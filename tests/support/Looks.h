@@ -110,6 +110,7 @@ inline std::vector<Look> Looks() {
          [](TestCalendar& test) {
              test.calendar->OnDateScroll(MonthIndex(Day(2020, 4, 1)));
              test.now = DateOf(Day(2020, 5, 2), 0.5);
+             test.calendar->OnGotFocus();
          }},
         {"focused",
          kUsual,
