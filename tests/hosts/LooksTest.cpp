@@ -65,10 +65,19 @@ struct Painted {
 /// A painter with a clip of its own composes in memory; any other's image is drawn on itself.
 enum class Path { Direct, Composed };
 
+/// Of a desktop: text, ground and what is selected.
+QPalette PaletteOf(QColor text, QColor button, QColor ground, QColor selected) {
+    QPalette palette(text, button, button.lighter(150), button.darker(200), button.darker(130),
+                     text, text, ground, button);
+    palette.setColor(QPalette::Highlight, selected);
+    palette.setColor(QPalette::HighlightedText, ground);
+    return palette;
+}
+
 template <class Look>
-Painted PaintedWithQt(const Look& look, double ratio, Path path = Path::Direct) {
+Painted PaintedWithQt(const Look& look, double ratio, const QPalette& palette, Path path) {
     QWidget widget;
-    widget.setPalette(PaletteOfLooks());
+    widget.setPalette(palette);
     NotingDrawing drawing(&widget);
     drawing.Classic(true);
     Painted result;
@@ -140,10 +149,14 @@ std::optional<QImage> DifferenceOf(const Painted& painted, const QImage& wanted)
 }
 
 template <class Look>
-void ExpectReference(const Look& look, double ratio) {
-    const Painted painted = PaintedWithQt(look, ratio);
-    EXPECT_EQ(painted.image, PaintedWithQt(look, ratio, Path::Composed).image) << look.name;
-    const std::string name = look.name + (ratio == 1 ? "" : "_large");
+void ExpectReference(const Look& look, double ratio = 1, const std::string& palette = {}) {
+    const QPalette colors = palette == "_dark" ? PaletteOf(0xE0E0E0, 0x353535, 0x1E1E1E, 0x3DAEE9)
+                            : palette == "_contrast"
+                                ? PaletteOf(Qt::white, Qt::black, Qt::black, Qt::yellow)
+                                : PaletteOfLooks();
+    const Painted painted = PaintedWithQt(look, ratio, colors, Path::Direct);
+    EXPECT_EQ(painted.image, PaintedWithQt(look, ratio, colors, Path::Composed).image) << look.name;
+    const std::string name = look.name + (ratio == 1 ? "" : "_large") + palette;
     const Reference reference = ReferenceOf(name, "hosts", ".png");
     const auto file = [](const std::string& path) { return QString::fromStdString(path); };
     if (RenewsLooks()) {
@@ -160,12 +173,18 @@ void ExpectReference(const Look& look, double ratio) {
 }
 
 TEST(Looks, ArePaintedAsTheirPicturesShow) {
-    for (const BoxLook& look : BoxLooks()) ExpectReference(look, 1);
+    for (const BoxLook& look : BoxLooks()) ExpectReference(look);
     for (const Look& look : Looks()) {
-        ExpectReference(look, 1);
+        ExpectReference(look);
         if (look.name == "flat" || look.name == "disabled_arrows") ExpectReference(look, 1.5);
+        if (look.name == "raised") ExpectReference(look, 2);
+        for (const char* const palette : {"_dark", "_contrast"}) {
+            if (look.name == "raised" || look.name == "flat_days")
+                ExpectReference(look, 1, palette);
+        }
     }
     ExpectReference(BoxLooks()[1], 1.5);  // focused
+    ExpectReference(BoxLooks()[1], 1, "_dark");
 }
 
 TEST(VmCalendarWidget, RepaintOfAPartShowsWhatARepaintOfAllShows) {
