@@ -260,7 +260,8 @@ public:
     /// The window has gone or another one has come: the child controls are made anew for it with
     /// the next paint. To be called from outside of any child's own handler.
     void OnWindowRecreated();
-    /// The window itself has the keyboard focus, none of its children; the selected day shows it.
+    /// The window itself has the keyboard focus, none of its children; the selected day
+    /// shows it, or the title while that day is not shown.
     void OnGotFocus() { FocusIs(true); }
     void OnLostFocus() { FocusIs(false); }
     /// The date services speak another language now, or the window runs in the other direction.
