@@ -1,4 +1,5 @@
 #include "tests/support/Looks.h"
+#include "tests/support/PropertyCases.h"
 #include "tests/support/RepaintWalk.h"
 
 #include <gtest/gtest.h>
@@ -152,6 +153,19 @@ TEST(Repaint, OfAPartShowsWhatARepaintOfAllShows) {
 }
 
 const std::vector<std::string> kNoFaults;
+
+TEST(CalendarPainter, ShowsEachPropertyThatRepaints) {
+    const auto painted = [](decltype(Look::values) values) {
+        StrictDrawing drawing;
+        Paint(Look{{}, {250, 200}, std::move(values)}, drawing,
+              [](const Rect&, const auto& paint) { paint(StrictDrawing::kWindowSurface); });
+        return drawing.Described();
+    };
+    for (const PropertyRow& row : kCalendarRows) {
+        if (row.repaint == Repaint::Nothing) continue;
+        EXPECT_NE(painted({{row.name, ValueOf(row, row.Changed())}}), painted({})) << row.name;
+    }
+}
 
 TEST(CalendarPainter, AChangedDayRedrawsItsCellAlone) {
     TestCalendar test;

@@ -65,3 +65,19 @@
     VALUE(ID, WeekDayCaptionAlignment, VmTextAlignmentConstants, "Place of the week-day captions")
 #define PUBLISH_ShowWeekend(ID) \
     VALUE(ID, ShowWeekend, VARIANT_BOOL, "True for seven columns, False for Monday to Friday")
+
+// Those that are got and set by their row: all but the list of days and the window.
+// clang-format off
+#define PUBLISH_BY_ROW() \
+    PUBLISH_DateMax(0) PUBLISH_DateMin(0) PUBLISH_DateValue(0) PUBLISH_DayAppearance(0) \
+    PUBLISH_DayDefaultBackColor(0) PUBLISH_DayOtherMonthForeColor(0) \
+    PUBLISH_DayDefaultForeColor(0) PUBLISH_DayCaptionAlignment(0) PUBLISH_DayFont(0) \
+    PUBLISH_DayNumberAlignment(0) PUBLISH_DayPictureAlignment(0) PUBLISH_Enabled(0) \
+    PUBLISH_FirstDayOfWeek(0) PUBLISH_MonthAppearance(0) PUBLISH_MonthBackColor(0) \
+    PUBLISH_MonthDisplay(0) PUBLISH_MonthFont(0) PUBLISH_MonthForeColor(0) PUBLISH_MouseIcon(0) \
+    PUBLISH_MousePointer(0) PUBLISH_SelectedDay(0) PUBLISH_SelectedDayBackColor(0) \
+    PUBLISH_SelectedDayForeColor(0) PUBLISH_TodayBackColor(0) PUBLISH_TodayForeColor(0) \
+    PUBLISH_WeekDayAppearance(0) PUBLISH_WeekDayBackColor(0) PUBLISH_WeekDayDisplay(0) \
+    PUBLISH_WeekDayFont(0) PUBLISH_WeekDayForeColor(0) PUBLISH_WeekDayCaptionAlignment(0) \
+    PUBLISH_ShowWeekend(0)
+// clang-format on
