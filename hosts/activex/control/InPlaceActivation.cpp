@@ -217,9 +217,14 @@ STDMETHODIMP InPlaceActivation::TranslateAccelerator(MSG* message) {
             DispatchMessageW(message);
             return S_OK;
         }
+        const DWORD held = ModifiersNow();
+        if (message->message == WM_KEYDOWN && key == VK_TAB && (held & kModifierControl) == 0 &&
+            m_site.IsInUse() && m_window.FocusNext((held & kModifierShift) == 0)) {
+            return S_OK;
+        }
         const auto site = m_site.As<IOleControlSite>();
         if (!site) return S_FALSE;
-        return site->TranslateAccelerator(message, ModifiersNow()) == S_OK ? S_OK : S_FALSE;
+        return site->TranslateAccelerator(message, held) == S_OK ? S_OK : S_FALSE;
     });
 }
 

@@ -56,6 +56,8 @@ public:
     virtual void Paint(HDC context) const = 0;
     /// What the child tells its parent: `WM_COMMAND` with the code, or a scroll message.
     virtual void OnNotification(UINT message, WPARAM w) = 0;
+    /// Whether the Tab key stops here; a year's spinner is a part of its box.
+    virtual bool IsTabStop() const { return true; }
     /// Before the user turns to something that takes no focus.
     virtual void CommitEdit() {}
 

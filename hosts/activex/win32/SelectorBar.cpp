@@ -11,8 +11,8 @@
 namespace velmora {
 namespace {
 
-/// Posts its value once for all the changes that one message of the user makes. It takes no focus,
-/// so that a year that is being typed has to be committed for it.
+/// Posts its value once for all the changes that one message of the user makes. A press gives it no
+/// focus, so that a year that is being typed has to be committed for it.
 class NativeSelectorBar final : public ScrollBar, public NativeChild {
 public:
     using Handler = void (VmCalendar::*)(int);
@@ -36,6 +36,7 @@ public:
         PaintScrollBar(context, Place(), m_isVertical, {m_minimum, m_maximum, value});
     }
     void OnNotification(UINT message, WPARAM w) override;
+    bool IsTabStop() const override { return !m_isVertical; }
 
 protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
@@ -95,6 +96,7 @@ AccessItem NativeSelectorBar::Described() const {
     }
     const DayNumber month = AddMonths(DayFromCivil(1899, 12, 1), m_value);
     return {.role = ROLE_SYSTEM_SCROLLBAR,
+            .state = STATE_SYSTEM_FOCUSABLE,
             .name = ForReaders("Month"),
             .value = std::to_string(MonthOf(month)) + '/' + std::to_string(YearOf(month))};
 }
@@ -118,7 +120,9 @@ int NativeSelectorBar::Wanted(WORD code) const {
     }
 }
 
-void NativeSelectorBar::OnNotification(UINT, WPARAM w) { Change(Wanted(LOWORD(w))); }
+void NativeSelectorBar::OnNotification(UINT message, WPARAM w) {
+    if (message != WM_COMMAND) Change(Wanted(LOWORD(w)));
+}
 
 /// Also at a limit: a year that has been typed may lie before it.
 void NativeSelectorBar::Change(int value) {
@@ -148,6 +152,12 @@ std::optional<LRESULT> NativeSelectorBar::OnMessage(UINT message, WPARAM w, LPAR
             CommitEdits();
             Change(m_value - GET_WHEEL_DELTA_WPARAM(w) / WHEEL_DELTA);
             return 0;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:  // the control is told as by the selectors that tell it themselves
+            SendMessageW(GetParent(Window()), WM_COMMAND,
+                         MAKEWPARAM(0, message == WM_SETFOCUS ? EN_SETFOCUS : EN_KILLFOCUS),
+                         reinterpret_cast<LPARAM>(Window()));
+            return std::nullopt;
         case WM_CONTEXTMENU: return 0;  // its own menu would outlive a destroyed calendar
         default: return std::nullopt;
     }

@@ -214,6 +214,19 @@ bool WinWindowing::OnChildMessage(VmCalendar& calendar, UINT message, WPARAM w, 
     return !m_input.Deliver(calendar) || !m_window;
 }
 
+bool WinWindowing::FocusNext(bool forward) const {
+    std::vector<HWND> stops{m_window};
+    for (const NativeChild* const child : m_children) {
+        if (child->IsVisible() && child->IsTabStop()) stops.push_back(child->Window());
+    }
+    const auto from = std::ranges::find(stops, GetFocus());
+    if (from == stops.end() || (forward ? from + 1 == stops.end() : from == stops.begin())) {
+        return false;
+    }
+    ::SetFocus(forward ? from[1] : from[-1]);
+    return true;
+}
+
 void WinWindowing::PaintChildren(HDC context) {
     for (const NativeChild* const child : m_children) {
         if (child->IsVisible()) child->Paint(context);

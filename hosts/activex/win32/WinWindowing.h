@@ -76,6 +76,9 @@ public:
     /// handler may destroy the window and the calendar. True when the message needs nothing more;
     /// then this object and the calendar may be gone.
     bool OnChildMessage(VmCalendar& calendar, UINT message, WPARAM w, LPARAM l, LRESULT& result);
+    /// Moves the focus from the window to its selectors, one after the other, or back: false when
+    /// it has to go on to another control.
+    bool FocusNext(bool forward) const;
     /// Draws the visible selectors, windows or stand-ins, on something other than the window.
     void PaintChildren(HDC context);
 

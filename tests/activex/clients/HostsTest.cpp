@@ -1,3 +1,4 @@
+#include "hosts/activex/win32/WinText.h"
 #include "tests/activex/support/ClientTest.h"
 #include "tests/activex/support/Input.h"
 
@@ -75,6 +76,46 @@ TEST_F(Hosts, ThePointerIsOneOfTheSystemsOrAnIcon) {
     EXPECT_EQ(pointer(99), usual) << "no icon";
     PutProperty(site.Control(), "MouseIcon", Value(MakePicture(PICTYPE_ICON).Get()));
     EXPECT_TRUE(pointer(99) != usual && pointer(99) != wait);
+}
+
+TEST_F(Hosts, TabGoesThroughTheSelectorsAndOn) {
+    ControlSite& site = AddCalendar();
+    AddBox();
+    SetDate(site, 2020, 3, 15);
+    constexpr WORD kBack = 0x100 | VK_TAB;
+    const auto type = [&](WORD key) {
+        if (key == kBack) TurnKey(VK_SHIFT, true);
+        TypeKey(key & 0xFF);
+        if (key == kBack) TurnKey(VK_SHIFT, false);
+        ServeWaiting(form.Get());
+        wchar_t name[32] = L"";
+        GetClassNameW(GetFocus(), name, 32);
+        if (GetFocus() == site.ControlWindow()) return std::string("grid ");
+        return site.IsUIActive() ? ToUtf8(name) + ' ' : "box ";
+    };
+    const struct {
+        int style;
+        std::initializer_list<WORD> keys;
+        const char* path;
+    } cases[] = {
+        {0, {VK_TAB}, "box "},
+        {1, {VK_TAB, kBack}, "box grid "},
+        {2,
+         {VK_TAB, VK_TAB, kBack, kBack, VK_TAB, VK_TAB, VK_TAB},
+         "ComboBox Edit ComboBox grid ComboBox Edit box "},
+        {3, {VK_TAB, VK_RIGHT, VK_TAB}, "ScrollBar ScrollBar Calendar.MonthChanged(4) box "}};
+    for (const auto& c : cases) {
+        PutProperty(site.Control(), "MonthYearSelStyle", Value(c.style));
+        FocusOn(site);
+        std::string path;
+        for (const WORD key : c.keys) {
+            path += type(key);
+            for (const std::string& event : TakeEvents()) {
+                if (event.find(".Key") == std::string::npos) path += event + ' ';
+            }
+        }
+        EXPECT_EQ(path, c.path);
+    }
 }
 
 }  // namespace
