@@ -84,8 +84,10 @@ private:
 
     template <class Control>
     void Click(Control& control, Size size) {
-        const auto x = static_cast<float>(m_bytes.Take<std::uint8_t>() * size.width / 255);
-        const auto y = static_cast<float>(m_bytes.Take<std::uint8_t>() * size.height / 255);
+        const int across = m_bytes.Take<std::uint8_t>() * size.width / 255;
+        const int down = m_bytes.Take<std::uint8_t>() * size.height / 255;
+        const auto x = static_cast<float>(across);
+        const auto y = static_cast<float>(down);
         const auto how = m_bytes.Take<std::uint8_t>();
         if (how % 4 != 1) control.OnMouseDown(1, 0, x, y);
         control.OnMouseMove(how % 2, 0, x, y + static_cast<float>(how % 16));

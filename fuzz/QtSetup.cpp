@@ -17,4 +17,5 @@ void NeedApplication() {
 
 /// Read by the leak sanitizer. Fontconfig keeps what it has found out about odd font sizes without
 /// a pointer to it, some bytes for each process.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }

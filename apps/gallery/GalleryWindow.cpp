@@ -95,7 +95,7 @@ QString GalleryWindow::WritePictures(const QString& folder) {
     for (int i = 0; i < m_pages->count(); ++i) {
         ShowPage(i);
         const char* name = Pages()[static_cast<std::size_t>(i)].name;
-        const QString file = target.filePath(QString::fromLatin1(name) + QStringLiteral(".png"));
+        QString file = target.filePath(QString::fromLatin1(name) + QStringLiteral(".png"));
         if (!Picture().save(file)) return file;
     }
     return {};

@@ -204,7 +204,8 @@ bool MainWindow::Shoot(const std::wstring& path) const {
 void MainWindow::ShowPages() {
     const ComPtr<ControlSite> site = m_shown;
     if (!site || !site->Control()) return;
-    Guarded([&] { PageFrame(m_window, site->Control(), site->Name() + " properties").Run(); });
+    Guarded(
+        [&] { PageFrame(m_window, site->Control(), site->Name() + " properties").RunMessages(); });
     m_properties->Refresh();
 }
 
@@ -212,7 +213,7 @@ void MainWindow::ShowAbout() {
     if (m_shown) CallMethod(m_shown->Control(), "AboutBox");
 }
 
-void MainWindow::Run(std::optional<DWORD> milliseconds) {
+void MainWindow::RunMessages(std::optional<DWORD> milliseconds) {
     const ULONGLONG end = GetTickCount64() + milliseconds.value_or(0);
     while (m_window && (!milliseconds || GetTickCount64() < end)) {
         MSG message{};

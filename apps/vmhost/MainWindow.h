@@ -25,7 +25,7 @@ public:
     /// Writes the window's picture as a bitmap file.
     bool Shoot(const std::wstring& path) const;
     /// Serves messages until the window is closed, or for so long.
-    void Run(std::optional<DWORD> milliseconds);
+    void RunMessages(std::optional<DWORD> milliseconds);
 
 private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM w, LPARAM l);

@@ -208,7 +208,7 @@ bool PageFrame::PreTranslate(MSG& message) {
     return IsDialogMessageW(m_window, &message);
 }
 
-void PageFrame::Run() {
+void PageFrame::RunMessages() {
     if (m_owner) EnableWindow(m_owner, FALSE);
     MSG message{};
     while (IsOpen() && GetMessageW(&message, nullptr, 0, 0) > 0) {

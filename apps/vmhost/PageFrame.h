@@ -23,7 +23,7 @@ public:
     PageFrame& operator=(const PageFrame&) = delete;
 
     /// Serves messages until the frame is closed; the owner is disabled meanwhile.
-    void Run();
+    void RunMessages();
     void ShowPage(std::size_t index);
     /// Applies what has changed. The first page that refuses stops it and its error comes back.
     HRESULT Apply();

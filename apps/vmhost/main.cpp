@@ -47,10 +47,10 @@ bool Run(const Options& options) {
     bool done = options.load.empty() ? window.AddControls() : window.Load(options.load);
     // What is only looked at or saved needs no user: half a second for the first paint will do.
     const bool unattended = !options.save.empty() || !options.shot.empty();
-    if (options.milliseconds || unattended) window.Run(options.milliseconds.value_or(500));
+    if (options.milliseconds || unattended) window.RunMessages(options.milliseconds.value_or(500));
     if (!options.shot.empty()) done = window.Shoot(options.shot) && done;
     if (!options.save.empty()) done = window.Save(options.save) && done;
-    if (!options.milliseconds && !unattended) window.Run(std::nullopt);
+    if (!options.milliseconds && !unattended) window.RunMessages(std::nullopt);
     return done;
 }
 

@@ -3,6 +3,8 @@
 #include "platform/Hosting.h"
 #include "platform/Windowing.h"
 
+#include <QFont>
+
 class QTimer;
 class QWidget;
 
