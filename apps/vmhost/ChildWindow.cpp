@@ -1,6 +1,14 @@
 #include "apps/vmhost/ChildWindow.h"
 
+#include "hosts/activex/win32/ScreenDpi.h"
+
 namespace velmora::vmhost {
+
+LONG Scaled(LONG pixels) { return MulDiv(pixels, ScreenDpi(), 96); }
+
+RECT Scaled(const RECT& place) {
+    return {Scaled(place.left), Scaled(place.top), Scaled(place.right), Scaled(place.bottom)};
+}
 
 HWND MakeChild(HWND parent, const wchar_t* kind, const wchar_t* text, DWORD style,
                const RECT& place, int id) {

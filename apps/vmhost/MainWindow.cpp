@@ -5,7 +5,6 @@
 #include "apps/vmhost/HostError.h"
 #include "apps/vmhost/PageFrame.h"
 #include "apps/vmhost/Snapshot.h"
-#include "hosts/activex/win32/ScreenDpi.h"
 #include "hosts/activex/win32/WinText.h"
 
 #include <commctrl.h>
@@ -28,12 +27,6 @@ constexpr RECT kCalendarPlace{16, 16, 266, 216};  // 250 x 200
 constexpr RECT kBoxPlace{290, 16, 411, 37};       // 121 x 21
 
 enum Command { kPages = 100, kDesign, kSave, kLoad, kAbout };
-
-LONG Scaled(LONG pixels) { return MulDiv(pixels, ScreenDpi(), 96); }
-
-RECT Scaled(const RECT& place) {
-    return {Scaled(place.left), Scaled(place.top), Scaled(place.right), Scaled(place.bottom)};
-}
 
 POINT PointerOf(DWORD position) {
     return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};

@@ -36,9 +36,9 @@ private:
 namespace {
 
 constexpr wchar_t kWindowClass[] = L"VmHostPages";
-constexpr int kMargin = 8;
-constexpr int kTabHeight = 24;
-constexpr SIZE kButton{76, 24};
+LONG Margin() { return Scaled(8); }
+LONG TabHeight() { return Scaled(24); }
+SIZE ButtonSize() { return {Scaled(76), Scaled(24)}; }
 
 void RegisterWindowClass(WNDPROC procedure) {
     WNDCLASSW windowClass{};
@@ -93,26 +93,27 @@ void PageFrame::BuildWindow(HWND owner, const std::string& title) {
         page.cx = std::max(page.cx, loaded.size.cx);
         page.cy = std::max(page.cy, loaded.size.cy);
     }
-    const LONG bottom = kMargin + kTabHeight + page.cy + kMargin;
-    RECT frame{0, 0, page.cx + 4 * kMargin, bottom + kButton.cy + 2 * kMargin};
+    const LONG bottom = Margin() + TabHeight() + page.cy + Margin();
+    RECT frame{0, 0, page.cx + 4 * Margin(), bottom + ButtonSize().cy + 2 * Margin()};
     constexpr DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
     AdjustWindowRectEx(&frame, style, FALSE, WS_EX_CONTROLPARENT);
     RECT place{};
     if (owner) GetWindowRect(owner, &place);
-    const LONG right = page.cx + 3 * kMargin;
+    const LONG right = page.cx + 3 * Margin();
     m_window =
         CreateWindowExW(WS_EX_CONTROLPARENT, kWindowClass, ToWide(title).c_str(), style,
                         place.left + 40, place.top + 40, frame.right - frame.left,
                         frame.bottom - frame.top, owner, nullptr, GetModuleHandleW(nullptr), this);
     if (!m_window) throw HostError("opening the pages", HRESULT_FROM_WIN32(GetLastError()));
     m_tabs = MakeChild(m_window, WC_TABCONTROLW, L"", WS_CLIPSIBLINGS | WS_TABSTOP,
-                       {kMargin, kMargin, right, bottom}, 1);
-    LONG left = right - 3 * (kButton.cx + kMargin) + kMargin;
+                       {Margin(), Margin(), right, bottom}, 1);
+    LONG left = right - 3 * (ButtonSize().cx + Margin()) + Margin();
+    const auto [width, height] = ButtonSize();
     for (const auto& [text, id] :
          {std::pair(L"OK", IDOK), std::pair(L"Cancel", IDCANCEL), std::pair(L"&Apply", kApply)}) {
         MakeChild(m_window, L"BUTTON", text, WS_TABSTOP,
-                  {left, bottom + kMargin, left + kButton.cx, bottom + kMargin + kButton.cy}, id);
-        left += kButton.cx + kMargin;
+                  {left, bottom + Margin(), left + width, bottom + Margin() + height}, id);
+        left += width + Margin();
     }
     for (std::size_t index = 0; index < m_pages.size(); ++index) {
         TCITEMW item{};
@@ -129,8 +130,8 @@ RECT PageFrame::PageArea() const {
     RECT area{};
     GetWindowRect(m_tabs, &area);
     MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&area), 2);
-    return {area.left + kMargin / 2, area.top + kTabHeight, area.right - kMargin / 2,
-            area.bottom - kMargin / 2};
+    return {area.left + Margin() / 2, area.top + TabHeight(), area.right - Margin() / 2,
+            area.bottom - Margin() / 2};
 }
 
 void PageFrame::ShowPage(std::size_t index) {

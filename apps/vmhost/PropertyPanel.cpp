@@ -15,8 +15,9 @@ namespace {
 constexpr int kListId = 200;
 constexpr int kEditId = 201;
 constexpr int kSetId = 202;
-constexpr int kLine = 24;
-constexpr int kButtonWidth = 50;
+
+LONG Line() { return Scaled(24); }
+LONG ButtonWidth() { return Scaled(50); }
 
 bool IsColor(const PropertyInfo& property) { return property.name.ends_with("Color"); }
 
@@ -72,17 +73,17 @@ Value TypedValue(const std::string& text, const Value& present) {
 PropertyPanel::PropertyPanel(HWND parent, const RECT& place)
     : m_list(MakeChild(parent, WC_LISTVIEWW, L"",
                        WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
-                       {place.left, place.top, place.right, place.bottom - 2 * kLine}, kListId)),
+                       {place.left, place.top, place.right, place.bottom - 2 * Line()}, kListId)),
       m_edit(MakeChild(parent, L"EDIT", L"", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL,
-                       {place.left, place.bottom - 2 * kLine + 2, place.right - kButtonWidth,
-                        place.bottom - kLine},
+                       {place.left, place.bottom - 2 * Line() + 2, place.right - ButtonWidth(),
+                        place.bottom - Line()},
                        kEditId)),
       m_set(MakeChild(parent, L"BUTTON", L"&Set", WS_TABSTOP,
-                      {place.right - kButtonWidth, place.bottom - 2 * kLine + 2, place.right,
-                       place.bottom - kLine},
+                      {place.right - ButtonWidth(), place.bottom - 2 * Line() + 2, place.right,
+                       place.bottom - Line()},
                       kSetId)),
       m_message(MakeChild(parent, L"STATIC", L"", SS_LEFTNOWORDWRAP,
-                          {place.left, place.bottom - kLine + 4, place.right, place.bottom}, 0)) {
+                          {place.left, place.bottom - Line() + 4, place.right, place.bottom}, 0)) {
     ListView_SetExtendedListViewStyle(m_list, LVS_EX_FULLROWSELECT);
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_WIDTH;
