@@ -29,10 +29,11 @@ void* ControlSite::Find(REFIID id) {
 }
 
 void ControlSite::Create(const CLSID& classId, const Saved& saved) {
-    m_classId = classId;
     Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER,
                            IID_PPV_ARGS(m_object.GetAddressOf())),
           "making " + m_name);
+    // A manifest gives out identifiers of its own, which no other process knows.
+    Check(m_object->GetUserClassID(&m_classId), "identifying " + m_name);
     m_object->GetMiscStatus(DVASPECT_CONTENT, &m_miscStatus);
     const bool siteFirst = m_miscStatus & OLEMISC_SETCLIENTSITEFIRST;
     if (siteFirst) Check(m_object->SetClientSite(this), "placing " + m_name);

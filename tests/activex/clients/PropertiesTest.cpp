@@ -5,6 +5,8 @@
 #include "tests/activex/support/ClientTest.h"
 #include "tests/support/PropertyCases.h"
 
+#include <VelmoraCalendarInterfaces.h>
+
 #include <set>
 
 namespace velmora::vmhost {
@@ -137,6 +139,8 @@ TEST_F(Properties, FormsGoThroughFilesByEveryInterface) {
         ASSERT_EQ(form->Sites().size(), std::size(kClasses));
         EXPECT_EQ(Faces(), faces) << static_cast<int>(medium);
         EXPECT_TRUE(EqualRect(&form->Sites()[0]->Place(), &kCalendarPlace));
+        EXPECT_EQ(form->Sites()[0]->ClassId(), __uuidof(::VmCalendar))
+            << "what another process knows";
     }
     DeleteFileW(path.c_str());
 }
