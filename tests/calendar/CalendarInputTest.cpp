@@ -107,31 +107,5 @@ TEST(SelectorInput, WakesItsHostWhenSomethingBeginsToWait) {
     EXPECT_EQ(Joined(told), "wake, first, wake, rest, wake, wake, last");
 }
 
-TEST(CalendarSelectors, EscapeInTheListCancelsUntilItsKeyIsReleased) {
-    TestCalendar test;
-    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
-    test.TakeLog();
-    test.calendar->OnMonthListKeyDown(kKeyEscape);
-    test.calendar->OnMonthListClick(6);
-    test.calendar->OnMonthListKeyDown(kKeyEnter);
-    test.calendar->OnYearText("1999");
-    EXPECT_TRUE(test.TakeLog().empty());
-    test.calendar->OnSelectorEnter();
-    test.calendar->OnYearText(" 1999 ");
-    EXPECT_EQ(test.TakeLog(), (Log{"YearChanged 1999", "repaint"}));
-}
-
-TEST(CalendarSelectors, FollowTheLocale) {
-    TestCalendar test;
-    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
-    test.Paint();
-    DateLocale locale;
-    locale.monthNames[6] = "juillet";
-    test.dates.Locale(std::make_shared<DateLocale>(locale));
-    test.calendar->OnLocaleChanged();
-    EXPECT_NE(test.monthList.items.find("June, juillet, August"), std::string::npos);
-    EXPECT_EQ(test.monthList.shown, "2");
-}
-
 }  // namespace
 }  // namespace velmora::test

@@ -68,24 +68,5 @@ TEST(CalendarProperties, ANewBeginningHasTheFirstValues) {
     EXPECT_EQ(FaceOf(*test.calendar, kCalendarRows), face);
 }
 
-TEST(CalendarProperties, SelectorsAreMadeAnewForAnotherWindow) {
-    TestCalendar test;
-    test.calendar->MonthYearSelStyle(VmMonthSelCombo);
-    test.Paint();
-    test.calendar->OnYearText("2021");
-    test.TakeLog();
-    test.calendar->OnWindowRecreated();
-    EXPECT_EQ(test.calendar->cboMonthhwnd(), WindowHandle::None);
-    test.monthList = test.yearText = test.yearSpinner = {};
-    EXPECT_EQ(test.TakeLog(), Log{"repaint"});
-    test.Paint();
-    EXPECT_EQ(test.childrenMade, 6);
-    EXPECT_TRUE(test.monthList.visible && test.yearText.visible && test.yearSpinner.visible);
-    EXPECT_EQ(test.monthList.shown + ' ' + test.yearText.shown + ' ' + test.yearSpinner.shown,
-              "2 2021 -2999..-1000: -2021");
-    test.calendar->MonthYearSelStyle(VmMonthSelNone);
-    EXPECT_FALSE(test.monthList.visible || test.yearText.visible || test.yearSpinner.visible);
-}
-
 }  // namespace
 }  // namespace velmora::test

@@ -61,6 +61,11 @@ class CorePlayer : public InputPlayer {
         (m_calendar ? *m_calendar : *m_box->a.window).rightToLeft = true;
         if (m_box) m_box->calendarWindow.rightToLeft = true;
         m_calendar ? Calendar().OnLocaleChanged() : Box().OnLocaleChanged();
+        if (!m_calendar) return;
+        Calendar().OnWindowRecreated();  // as some hosts have to
+        FakeChild gone;
+        gone.shown = "0: 0";
+        m_calendar->monthList = m_calendar->yearText = m_calendar->yearSpinner = gone;
     }
 
     void Key(const Stroke& stroke) override {
@@ -129,11 +134,8 @@ class CorePlayer : public InputPlayer {
             return;
         }
         if (verb == "year") {
-            static const std::map<std::string, Short> kKeys = {
-                {"Up", kKeyUp},        {"Down", kKeyDown},     {"PageUp", kKeyPageUp},
-                {"Return", kKeyEnter}, {"Escape", kKeyEscape}, {"PageDown", kKeyPageDown},
-                {"F4", kKeyF4}};
-            m_input->PostYearKey(kKeys.at(what), year, std::exchange(m_typed, false));
+            const auto key = static_cast<Short>(CodeOfKey(what));
+            m_input->PostYearKey(key, year, std::exchange(m_typed, false));
         }
         Commit();
         if (IsDestroyed()) return;
@@ -163,6 +165,9 @@ class CorePlayer : public InputPlayer {
                  : Calendar().OnMonthListKeyDown(kKeyEnter);
         } else if (what == "Escape") {
             Calendar().OnMonthListKeyDown(kKeyEscape);
+            Calendar().OnMonthListClick(6);  // some lists tell of what is not chosen
+            Calendar().OnMonthListKeyDown(kKeyEnter);
+            Calendar().OnYearText("1999");
             Calendar().OnMonthListKeyUp(kKeyEscape);
         }
     }

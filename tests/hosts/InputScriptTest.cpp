@@ -106,14 +106,17 @@ protected:
 
     void Turn() override { m_window->setLayoutDirection(Qt::RightToLeft); }
 
-    void Key(const Stroke& stroke) override {
+    static int KeyOf(int code) {
         static const std::map<int, int> kKeys = {
             {13, Qt::Key_Return}, {16, Qt::Key_Shift},  {17, Qt::Key_Control},  {18, Qt::Key_Alt},
             {27, Qt::Key_Escape}, {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {35, Qt::Key_End},
             {36, Qt::Key_Home},   {37, Qt::Key_Left},   {38, Qt::Key_Up},       {39, Qt::Key_Right},
-            {40, Qt::Key_Down},   {46, Qt::Key_Delete}, {115, Qt::Key_F4}};
-        const auto found = kKeys.find(stroke.code);
-        const int key = found == kKeys.end() ? stroke.code : found->second;
+            {40, Qt::Key_Down},   {46, Qt::Key_Delete}, {115, Qt::Key_F4},      {116, Qt::Key_F5}};
+        const auto found = kKeys.find(code);
+        return found == kKeys.end() ? code : found->second;
+    }
+    void Key(const Stroke& stroke) override {
+        const int key = KeyOf(stroke.code);
         // A key event of a modifier has the state of before.
         const int own = stroke.code == 16 ? 1 : stroke.code == 17 ? 2 : stroke.code == 18 ? 4 : 0;
         const int typed = key == Qt::Key_Delete ? 127 : stroke.character;
@@ -197,14 +200,9 @@ protected:
             SendKey(year, letter.toUpper().unicode(), letter);
         }
     }
-    static int KeyOf(const std::string& name) {
-        return name == "PageUp"     ? Qt::Key_PageUp
-               : name == "PageDown" ? Qt::Key_PageDown
-                                    : QKeySequence(QString::fromStdString(name))[0].key();
-    }
     static void Strike(QPointer<QWidget> widget, const std::string& name) {
-        SendKey(widget, KeyOf(name));
-        if (widget) SendKey(widget, KeyOf(name), {}, QEvent::KeyRelease);
+        SendKey(widget, KeyOf(CodeOfKey(name)));
+        if (widget) SendKey(widget, KeyOf(CodeOfKey(name)), {}, QEvent::KeyRelease);
     }
     static void UseList(QComboBox& list, const std::string& what) {
         QWidget* const view = list.findChild<QAbstractItemView*>();
@@ -214,8 +212,8 @@ protected:
         } else if (what == "wheel") {
             Notch(list);
         } else if (view && view->isVisible()) {
-            SendKey(view, KeyOf(what));
-            SendKey(&list, KeyOf(what), {}, QEvent::KeyRelease);
+            SendKey(view, KeyOf(CodeOfKey(what)));
+            SendKey(&list, KeyOf(CodeOfKey(what)), {}, QEvent::KeyRelease);
         } else {
             list.setFocus();
             Strike(&list, what);
@@ -259,17 +257,10 @@ protected:
     }
     /// As the screen shows it, not as it would be painted anew.
     std::optional<std::string> Marked() override {
-        if (!m_calendar) return std::nullopt;
         const QImage image =
             m_window->screen()->grabWindow(m_window->winId(), 150, 10, 282, 210).toImage();
-        std::string all;
-        for (QPoint at(3, 55); at.y() < 200;
-             at += QPoint(at.x() > 240 ? -240 : 40, at.x() > 240 ? 26 : 0)) {
-            if (image.pixelColor(at) == m_widget->palette().color(QPalette::Highlight)) {
-                all += CellAt({at.x(), at.y()});
-            }
-        }
-        return all;
+        const QColor highlight = m_widget->palette().color(QPalette::Highlight);
+        return CellsWhere([&](Point at) { return image.pixelColor(at.x, at.y) == highlight; });
     }
     void Settle(const std::string&) override {
         QApplication::processEvents();

@@ -41,27 +41,6 @@ TEST_F(Hosts, AForeignOneHasABox) {
     DestroyWindow(host);
 }
 
-TEST_F(Hosts, WhatIsExposedIsPainted) {
-    ControlSite& site = AddCalendar();
-    SetDate(site, 2020, 3, 15);
-    PutProperty(site.Control(), "SelectedDayBackColor", Value(0x00FF00));
-    PutProperty(site.Control(), "DayDefaultBackColor", Value(0xFFFF00));
-    FocusOn(site);
-    const auto colorAt = [&](POINT point) {
-        const HDC context = GetDC(site.ControlWindow());
-        const COLORREF color = GetPixel(context, point.x, point.y);
-        ReleaseDC(site.ControlWindow(), context);
-        return color;
-    };
-    constexpr POINT kSunday{5, 135}, kThursday{145, 135};  // 15 and 19 March, beside the numbers
-    EXPECT_EQ(colorAt(kSunday), 0x00FF00u);
-    EXPECT_EQ(colorAt(kThursday), 0xFFFF00u);
-    for (int i = 0; i < 4; ++i) SendMessageW(site.ControlWindow(), WM_KEYDOWN, VK_RIGHT, 0);
-    ServeWaiting(form.Get());
-    EXPECT_EQ(colorAt(kSunday), 0xFFFF00u);
-    EXPECT_EQ(colorAt(kThursday), 0x00FF00u);
-}
-
 TEST_F(Hosts, ThePointerIsOneOfTheSystemsOrAnIcon) {
     ControlSite& site = AddCalendar();
     const auto pointer = [&](short kind) {

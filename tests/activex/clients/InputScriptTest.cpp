@@ -89,10 +89,6 @@ private:
         return child;
     }
     void Select(const std::string& verb, const std::string& what) override {
-        static const std::map<std::string, WORD> kKeys = {
-            {"Up", VK_UP},         {"Down", VK_DOWN},     {"PageUp", VK_PRIOR},
-            {"PageDown", VK_NEXT}, {"Return", VK_RETURN}, {"Escape", VK_ESCAPE},
-            {"F4", VK_F5}};
         if (IsDestroyed()) return;
         const HWND child = verb == "list" ? Child(L"ComboBox")
                            : verb == "focus"
@@ -112,7 +108,7 @@ private:
             MoveMouse(OnScreen(form->Window(), 1, 1));  // an open list follows the pointer
             SendMessageW(child, CB_SHOWDROPDOWN, TRUE, 0);
         } else if (verb != "focus") {
-            TypeKey(kKeys.at(what));
+            TypeKey(static_cast<WORD>(CodeOfKey(what)));
         }
     }
     void Scroll(HWND bar, const std::string& verb, const std::string& what) {
@@ -146,6 +142,15 @@ private:
         const HWND open = FindWindowW(L"VelmoraDropDownForm", nullptr);
         state.open = open && IsWindowVisible(open);
         return state;
+    }
+    /// As the screen shows it.
+    std::optional<std::string> Marked() override {
+        const HDC context = GetDC(Window());
+        const std::string all = CellsWhere([&](Point at) {
+            return GetPixel(context, at.x, at.y) == GetSysColor(COLOR_HIGHLIGHT);
+        });
+        ReleaseDC(Window(), context);
+        return all;
     }
     void Settle(const std::string& expected) override {
         Serve([&] { return Log().size() >= expected.size(); }, 1000);
