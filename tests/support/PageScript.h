@@ -6,20 +6,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <map>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmora::test {
-
-/// The controls of the pages, in the order of their rows.
-inline const std::vector<std::string> kPageFields[] = {
-    {"cboAppearance", "cboWeekDayDisplay", "chkShowWeekend", "cboWeekDayCaptionAlignment",
-     "cboWeekDayAppearance", "cboMonthDisplay", "cboMonthAppearance", "cboMonthYearSelStyle",
-     "txtDateMin", "txtDateMax", "txtDateValue", "txtDateFormat"},
-    {"chkEnabled", "txtDropDownWidth", "txtDropDownHeight"},
-    {"cboFirstDayOfWeek", "cboDayAppearance", "cboDayNumberAlignment", "cboDayCaptionAlignment",
-     "cboDayPicAlignment"}};
 
 /// An object of somebody else's with some of the names; it keeps what it is given.
 struct ForeignObject : AutomationObject {
@@ -100,87 +94,40 @@ inline const std::vector<PageEdit> kEditsOfBox{
     {"txtDropDownWidth", nullptr, "300", "DropDownWidth", "300"},
     {"txtDropDownHeight", nullptr, "240", "DropDownHeight", "240"}};
 
-/// What is done, and what comes of it: "select" takes an object. "Apply" gives its messages. A
-/// control with an input is edited, without one looked at, and shows its content, " red", " *"
-/// while Apply is possible. "writes" are those of the foreign object; else a property is read.
-struct PageStep {
-    const char *what, *input, *result;
-};
-
-inline constexpr PageStep kPageSteps[] = {
-    // Text is red while it is no date or number, and black when it is loaded again.
-    {"select", "box", ""},
-    {"txtDateMin", "12x", "12x red"},
-    {"txtDateMin", "1/1/2001", "1/1/2001 *"},
-    {"txtDateMax", "", " red *"},
-    {"txtDropDownWidth", "12a", "12a red *"},
-    {"txtDropDownHeight", "--", "-- red *"},
-    {"select", "same", ""},
-    {"txtDateMax", nullptr, "12/31/2700"},
-    // What a page finds fault with is told, the rest is written, and the page stays changed.
-    {"chkEnabled", "false", "false *"},
-    {"txtDropDownWidth", "300", "300 *"},
-    {"txtDropDownHeight", "1.2.3", "1.2.3 red *"},
-    {"Apply", nullptr, "Property 'DropDownWidth' must a number."},
-    {"DropDownWidth", nullptr, "300"},
-    {"Enabled", nullptr, "false"},
-    {"txtDropDownHeight", "240", "240 *"},
-    {"Apply", nullptr, ""},
-    // The first refusal is told and keeps nothing else from being written.
-    {"txtDateMin", "1/1/4000", "1/1/4000 *"},
-    {"txtDateMax", "12x", "12x red *"},
-    {"txtDateValue", "6/7/2024", "6/7/2024 *"},
-    {"Apply", nullptr, "Invalid property value"},
-    {"DateMin", nullptr, "1100-01-01"},
-    {"DateValue", nullptr, "2024-06-07"},
-    {"txtDateMin", nullptr, "1/1/4000 red *"},
-    {"txtDateMin", "1/1/2000", "1/1/2000 *"},
-    {"Apply", nullptr, "Type mismatch"},
-    {"txtDateMax", "", " red *"},
-    {"txtDateMin", "", " red *"},
-    {"txtDateValue", "", " red *"},
-    {"txtDateFormat", "yyyy", "yyyy *"},
-    {"Apply", nullptr,
-     "Property 'DateMin' cannot be blank|Property 'DateMax' cannot be blank|"
-     "Property 'DateValue' cannot be blank"},
-    {"DateMin", nullptr, "2000-01-01"},
-    {"DateFormat", nullptr, "yyyy"},
-    // The latest date is written before the date, which may need it.
-    {"select", "calendar", ""},
-    {"txtDateFormat", nullptr, " disabled"},
-    {"txtDateMax", "12/31/4000", "12/31/4000 *"},
-    {"txtDateValue", "1/2/3500", "1/2/3500 *"},
-    {"Apply", nullptr, ""},
-    {"DateValue", nullptr, "1/2/3500"},
-    // An earliest date behind the latest one waits for it, and both move the date.
-    {"txtDateMin", "1/1/4100", "1/1/4100 *"},
-    {"txtDateMax", "12/31/4200", "12/31/4200 *"},
-    {"Apply", nullptr, ""},
-    {"txtDateValue", nullptr, "1/1/4100"},
-    // What an object lacks is disabled and not written, nor is a value that no item stands for.
-    {"select", "foreign", ""},
-    {"cboAppearance", nullptr, " disabled"},
-    {"cboWeekDayDisplay", nullptr, ""},
-    {"chkEnabled", nullptr, "false disabled"},
-    {"txtDateMin", nullptr, "9/22/2017"},
-    {"txtDateMax", nullptr, " disabled"},
-    {"txtDateValue", nullptr, "no date at all"},
-    {"cboMonthYearSelStyle", nullptr, ""},
-    {"txtDropDownWidth", "120", "120 *"},
-    {"Apply", nullptr, ""},
-    {"writes", nullptr, "DropDownWidth"},
-    {"cboMonthDisplay", "VmMonthFullName", "VmMonthFullName *"},
-    {"Apply", nullptr, "Invalid Date FormatType mismatch|Invalid property value"},
-    {"writes", nullptr, "DropDownWidth ShowWeekend ShowWeekend MonthDisplay DateValue"},
-    {"txtDateFormat", "", " *"},
-    {"Apply", nullptr, "Invalid property value"},
-    {"DateFormat", nullptr, ""},
-    {"MonthDisplay", nullptr, "0"},
-    {"select", "nothing", ""},
-    {"txtDateMin", nullptr, " disabled"},
-    {"chkShowWeekend", nullptr, "false disabled"},
-    {"cboMonthDisplay", nullptr, " disabled"},
-};
+/// Steps, between which there is ';' or a new line, and remarks. "select" takes an object; with '='
+/// a control is given the first word and shows all of the text, " red", " *" while Apply is
+/// possible. "Apply" gives its messages, "writes" those of the foreign object; else a control or
+/// property is looked at.
+inline constexpr std::string_view kPageSteps = R"(
+# Text is red while it is no date or number, and black when it is loaded again.
+select box; txtDateMin=12x red; txtDateMin=1/1/2001 *; txtDateMax= red *
+txtDropDownWidth=12a red *; txtDropDownHeight=-- red *
+select same; txtDateMax: 12/31/2700
+# What a page finds fault with is told, the rest is written, and the page stays changed.
+chkEnabled=false *; txtDropDownWidth=300 *; txtDropDownHeight=1.2.3 red *
+Apply: Property 'DropDownWidth' must a number.; DropDownWidth: 300; Enabled: false
+txtDropDownHeight=240 *; Apply:
+# The first refusal is told and keeps nothing else from being written.
+txtDateMin=1/1/4000 *; txtDateMax=12x red *; txtDateValue=6/7/2024 *
+Apply: Invalid property value; DateMin: 1100-01-01; DateValue: 2024-06-07
+txtDateMin: 1/1/4000 red *; txtDateMin=1/1/2000 *; Apply: Type mismatch
+txtDateMin=12/31/1999 *; txtDateMax= red *; txtDateValue= red *; txtDateFormat=yyyy *
+Apply: Property 'DateMax' cannot be blank|Property 'DateValue' cannot be blank
+DateMin: 1999-12-01; DateFormat: yyyy
+# The latest date is written before the date, which may need it.
+select calendar; txtDateFormat:  disabled; txtDateMax=12/31/4000 *; txtDateValue=1/2/3500 *
+Apply:; DateValue: 1/2/3500
+# An earliest date behind the latest one waits for it, and both move the date.
+txtDateMin=1/1/4100 *; txtDateMax=12/31/4200 *; Apply:; txtDateValue: 1/1/4100
+# What an object lacks is disabled and not written, nor is a value that no item stands for.
+select foreign; cboAppearance:  disabled; cboWeekDayDisplay:; chkEnabled: false disabled
+txtDateMin: 9/22/2017; txtDateMax:  disabled; txtDateValue: no date at all; cboMonthYearSelStyle:
+txtDropDownWidth=120 *; Apply:; writes: DropDownWidth; cboMonthDisplay=VmMonthFullName *
+Apply: Invalid Date FormatType mismatch|Invalid property value
+writes: DropDownWidth ShowWeekend ShowWeekend MonthDisplay DateValue; txtDateFormat= *
+Apply: Invalid property value; DateFormat:; MonthDisplay: 0
+select nothing; txtDateMin:  disabled; chkShowWeekend: false disabled; cboMonthDisplay:  disabled
+)";
 
 inline std::string PlainText(const Variant& value) {
     if (const auto* text = value.As<std::string>()) return *text;
@@ -211,16 +158,22 @@ inline void PlayEdits(PagePlayer& player, const std::vector<PageEdit>& edits) {
     }
 }
 
-inline std::string ResultOf(PagePlayer& player, const PageStep& step) {
-    const std::string what = step.what;
-    if (what == "select") return player.Select(step.input), "";
+inline std::string ResultOf(PagePlayer& player, const std::string& what) {
     if (what == "Apply") return player.Apply();
     if (what == "writes") return player.foreign.writes;
-    const bool isControl =
-        what.starts_with("cbo") || what.starts_with("chk") || what.starts_with("txt");
-    if (!isControl) return PlainText(player.Property(what));
-    if (step.input) player.Enter(what, step.input);
-    return LookOf(player, what);
+    const bool isControl = std::islower(static_cast<unsigned char>(what[0])) != 0;
+    return isControl ? LookOf(player, what) : PlainText(player.Property(what));
+}
+
+inline void PlayStep(PagePlayer& player, const std::string& step) {
+    SCOPED_TRACE(step);
+    const std::size_t end = step.find_first_of(" =:");
+    const std::string what = step.substr(0, end);
+    std::string text = step.substr(end + 1);
+    if (step[end] == ' ') return player.Select(text);
+    if (step[end] == '=') player.Enter(what, text.substr(0, text.find(' ')));
+    if (step[end] == ':' && !text.empty()) text.erase(0, 1);
+    EXPECT_EQ(ResultOf(player, what), text);
 }
 
 /// Every field of both controls, and the stories.
@@ -232,9 +185,10 @@ inline void PlayPages(PagePlayer& player) {
         PlayEdits(player, kEditsOfBoth);
         PlayEdits(player, *edits);
     }
-    for (const PageStep& step : kPageSteps) {
-        SCOPED_TRACE(std::string(step.what) + ' ' + (step.input ? step.input : ""));
-        EXPECT_EQ(ResultOf(player, step), step.result);
+    std::istringstream lines{std::string(kPageSteps)};
+    for (std::string line; std::getline(lines >> std::ws, line);) {
+        std::istringstream steps(line.starts_with('#') ? "" : line);
+        for (std::string step; std::getline(steps >> std::ws, step, ';');) PlayStep(player, step);
     }
 }
 
