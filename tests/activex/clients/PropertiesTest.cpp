@@ -1,4 +1,5 @@
 #include "apps/vmhost/FormFile.h"
+#include "apps/vmhost/Persistence.h"
 #include "hosts/activex/com/ComPicture.h"
 #include "hosts/activex/com/ComVariant.h"
 #include "hosts/activex/control/DayObjects.h"
@@ -52,20 +53,6 @@ private:
 
     std::shared_ptr<ControlObjects> m_objects = std::make_shared<ControlObjects>();
     ComAutomation m_control;
-};
-
-/// A container's bag that keeps what it is given.
-class TestBag final : public ComObject<IPropertyBag> {
-public:
-    STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog*) override {
-        const auto found = values.find(name);
-        return found == values.end() ? E_INVALIDARG : found->second.CopyTo(*value);
-    }
-    STDMETHODIMP Write(LPCOLESTR name, VARIANT* value) override {
-        values[name] = Value::CopyOf(*value);
-        return S_OK;
-    }
-    std::map<std::wstring, Value> values;
 };
 
 class Properties : public ClientTest {
@@ -148,15 +135,17 @@ TEST_F(Properties, FormsGoThroughFilesByEveryInterface) {
 TEST_F(Properties, ScriptsCopyAndHaveBagsOfTheirOwn) {
     IUnknown* const source = AddChanged(kClasses[0]).Control();
     const std::string face = Faces()[0];
-    const ComPtr<TestBag> bag = Adopt(new TestBag);
+    const ComPtr<TextBag> bag = Adopt(new TextBag), all = Adopt(new TextBag);
     Value holder;
     V_VT(&holder) = VT_UNKNOWN;
     bag.CopyTo(&V_UNKNOWN(&holder));
     EXPECT_EQ(CallMethod(source, "WriteProps", {holder}).Number(), 0);
     EXPECT_EQ(CallMethod(source, "WriteProps", {1}).Number(), 13);
-    EXPECT_EQ(bag->values[L"MonthBackColor"].Type(), VT_I4);
-    EXPECT_EQ(bag->values[L"DateValue"].Type(), VT_DATE);
-    EXPECT_EQ(bag->values.count(L"NoRepaintControl"), 0u);
+    const auto has = [](const ComPtr<TextBag>& in, const char* line) {
+        return ('\n' + in->Lines()).find(std::string(1, '\n') + line) != std::string::npos;
+    };
+    EXPECT_TRUE(has(bag, "MonthBackColor = 3:") && has(bag, "DateValue = 7:")) << "VT_I4, VT_DATE";
+    EXPECT_FALSE(has(bag, "NoRepaintControl"));
     ControlSite& restoredSite = AddCalendar();
     IUnknown* const restored = restoredSite.Control();
     EXPECT_EQ(CallMethod(restored, "ReadProps", {holder}).Number(), 0);
@@ -170,21 +159,18 @@ TEST_F(Properties, ScriptsCopyAndHaveBagsOfTheirOwn) {
     EXPECT_EQ(CallMethod(copy, "SetProps", {dispatch.Get()}).Number(), 0);
     EXPECT_EQ(test::FaceOf(Automated(copySite), test::kCalendarRows), face);
     // As the parameters of a web page come.
-    for (const auto& [name, text] : {std::pair{L"ShowWeekend", "False"},
-                                     {L"MonthBackColor", "255"},
-                                     {L"DayAppearance", "?"}}) {
-        bag->values[name] = text;
-    }
+    for (const char* text :
+         {"ShowWeekend = 8:False", "MonthBackColor = 8:255", "DayAppearance = 8:?"})
+        bag->AddLine(text);
     EXPECT_EQ(CallMethod(restored, "ReadProps", {holder}).Number(), 0);
     EXPECT_EQ(Got(restored, "ShowWeekend"), "False");
     EXPECT_EQ(Got(restored, "MonthBackColor"), "255");
     EXPECT_EQ(Got(restored, "DayAppearance"), "1") << "the default";
     ComPtr<IPersistPropertyBag> persist;
     AddCalendar().Control()->QueryInterface(IID_PPV_ARGS(persist.GetAddressOf()));
-    for (const BOOL all : {FALSE, TRUE}) {
-        bag->values.clear();
-        EXPECT_EQ(persist->Save(bag.Get(), FALSE, all), S_OK);
-        EXPECT_EQ(bag->values.count(L"DayNumberAlignment"), static_cast<std::size_t>(all));
+    for (const BOOL isAll : {FALSE, TRUE}) {
+        EXPECT_EQ(persist->Save(all.Get(), FALSE, isAll), S_OK);
+        EXPECT_EQ(has(all, "DayNumberAlignment"), isAll != FALSE);
     }
 }
 

@@ -4,9 +4,12 @@
 
 #include <oleacc.h>
 
+#include <atomic>
+#include <cstdio>
 #include <deque>
 #include <iostream>
 #include <sstream>
+#include <thread>
 
 namespace velmora::vmhost {
 namespace {
@@ -198,28 +201,19 @@ std::string ReadAloud(Form& form) {
     SetEnvironmentVariableW(kWindows, windows.c_str());
     wchar_t program[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    std::wstring line = std::wstring(L"tests --gtest_also_run_disabled_tests --gtest_brief=1 ") +
-                        L"--gtest_filter=Reader.DISABLED_*";
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    HANDLE from = nullptr, to = nullptr;
-    CreatePipe(&from, &to, &inherited, 1 << 16);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdOutput = start.hStdError = to;
-    PROCESS_INFORMATION process{};
-    EXPECT_TRUE(CreateProcessW(program, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                               &start, &process));
-    CloseHandle(to);
-    const auto isOver = [&] { return WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0; };
-    if (!ServeUntil(&form, isOver, 60000)) TerminateProcess(process.hProcess, 1);
+    const std::wstring line = program + std::wstring(L" --gtest_also_run_disabled_tests") +
+                              L" --gtest_brief=1 --gtest_filter=Reader.DISABLED_*";
     std::string said;
-    char part[4096];
-    for (DWORD size = 0; ReadFile(from, part, sizeof part, &size, nullptr) && size > 0;) {
-        said.append(part, size);
-    }
-    for (const HANDLE handle : {from, process.hThread, process.hProcess}) CloseHandle(handle);
-    std::erase(said, '\r');
+    std::atomic<bool> isOver = false;
+    std::thread listener([&] {
+        FILE* const pipe = _wpopen(line.c_str(), L"r");
+        for (char part[256]; std::fgets(part, sizeof part, pipe);) said += part;
+        _pclose(pipe);
+        isOver = true;
+    });
+    EXPECT_TRUE(ServeUntil(
+        &form, [&] { return isOver.load(); }, 60000));
+    listener.join();
     const std::size_t begin = said.find('\n') + 1;  // behind the line of the program's own
     return said.substr(begin, said.find("[=====") - begin);
 }

@@ -28,34 +28,30 @@ protected:
         return As<IViewObjectEx>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context,
                                          &bounds, window, nullptr, 0);
     }
-    void DrawEnhanced(HDC context);
-    void DrawIntoMetafile(HDC context);
+    void DrawEnhanced(HDC context) {
+        STGMEDIUM medium{};
+        FORMATETC format{CF_ENHMETAFILE, nullptr, DVASPECT_CONTENT, -1, TYMED_ENHMF};
+        ASSERT_EQ(As<IDataObject>()->GetData(&format, &medium), S_OK);
+        EXPECT_TRUE(PlayEnhMetaFile(context, medium.hEnhMetaFile, &kPlace));
+        ReleaseStgMedium(&medium);
+    }
+    /// As a container does that makes one metafile of all its parts.
+    void DrawIntoMetafile(HDC context) {
+        const RECTL window{100, 200, 800, 600};  // origin and extent
+        const HDC metafile = CreateMetaFileW(nullptr);
+        SetMapMode(metafile, MM_ANISOTROPIC);
+        SetWindowOrgEx(metafile, window.left, window.top, nullptr);
+        SetWindowExtEx(metafile, window.right, window.bottom, nullptr);
+        EXPECT_EQ(Draw(metafile, {140, 220, 640, 620}, &window), S_OK);
+        SetMapMode(context, MM_ANISOTROPIC);
+        SetViewportExtEx(context, 400, 300, nullptr);
+        const HMETAFILE file = CloseMetaFile(metafile);
+        EXPECT_TRUE(PlayMetaFile(context, file));
+        DeleteMetaFile(file);
+    }
 
     const ComPtr<::_VmCalendar> calendar;
 };
-
-void View::DrawEnhanced(HDC context) {
-    STGMEDIUM medium{};
-    FORMATETC format{CF_ENHMETAFILE, nullptr, DVASPECT_CONTENT, -1, TYMED_ENHMF};
-    ASSERT_EQ(As<IDataObject>()->GetData(&format, &medium), S_OK);
-    EXPECT_TRUE(PlayEnhMetaFile(context, medium.hEnhMetaFile, &kPlace));
-    ReleaseStgMedium(&medium);
-}
-
-/// As a container does that makes one metafile of all its parts.
-void View::DrawIntoMetafile(HDC context) {
-    const RECTL window{100, 200, 800, 600};  // origin and extent
-    const HDC metafile = CreateMetaFileW(nullptr);
-    SetMapMode(metafile, MM_ANISOTROPIC);
-    SetWindowOrgEx(metafile, window.left, window.top, nullptr);
-    SetWindowExtEx(metafile, window.right, window.bottom, nullptr);
-    EXPECT_EQ(Draw(metafile, {140, 220, 640, 620}, &window), S_OK);
-    SetMapMode(context, MM_ANISOTROPIC);
-    SetViewportExtEx(context, 400, 300, nullptr);
-    const HMETAFILE file = CloseMetaFile(metafile);
-    EXPECT_TRUE(PlayMetaFile(context, file));
-    DeleteMetaFile(file);
-}
 
 /// The month band is at the top of the place over its whole width, nothing is outside.
 TEST_F(View, DrawsAtAnyPlaceAndScaleOnAnyDevice) {
@@ -70,19 +66,16 @@ TEST_F(View, DrawsAtAnyPlaceAndScaleOnAnyDevice) {
         SetViewportExtEx(context, 500, 500, nullptr);
         EXPECT_EQ(Draw(context, {40, 20, 540, 420}), S_OK);
     };
-    const struct {
-        const char* how;
-        RECT place;
-        std::function<void(HDC)> draw;
-    } cases[] = {{"as it is", kPlace, direct(kPlace)},
-                 {"smaller", {5, 5, 130, 105}, direct({5, 5, 130, 105})},
-                 {"in units", kPlace, inUnits},
-                 {"enhanced metafile", kPlace, [&](HDC to) { DrawEnhanced(to); }},
-                 {"part of a metafile", kPlace, [&](HDC to) { DrawIntoMetafile(to); }}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.how);
-        const vmhost::Picture drawn = vmhost::Drawn(600, 450, c.draw);
-        const auto [left, top, right, bottom] = c.place;
+    const std::tuple<const char*, RECT, std::function<void(HDC)>> cases[] = {
+        {"as it is", kPlace, direct(kPlace)},
+        {"smaller", {5, 5, 130, 105}, direct({5, 5, 130, 105})},
+        {"in units", kPlace, inUnits},
+        {"enhanced metafile", kPlace, [&](HDC to) { DrawEnhanced(to); }},
+        {"part of a metafile", kPlace, [&](HDC to) { DrawIntoMetafile(to); }}};
+    for (const auto& [how, place, draw] : cases) {
+        SCOPED_TRACE(how);
+        const vmhost::Picture drawn = vmhost::Drawn(600, 450, draw);
+        const auto [left, top, right, bottom] = place;
         const LONG width = right - left, height = bottom - top;
         const RECT band{left + width / 30, top + height / 60, right - width / 30,
                         top + height / 14};
