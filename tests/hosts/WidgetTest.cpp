@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -107,6 +109,11 @@ TEST(VmCalendarWidget, TabReachesTheSelectorsOfEveryStyle) {
             EXPECT_NE(at->grab().toImage(), focused) << reached;
         }
         EXPECT_EQ(reached, selectors);
+        EXPECT_EQ(QApplication::focusWidget(), behind);
+        for (auto i = std::ranges::count(reached, ' '); i >= 0; --i) {
+            SendKey(QApplication::focusWidget(), Qt::Key_Backtab);
+        }
+        EXPECT_EQ(QApplication::focusWidget(), widget);
     }
 }
 

@@ -1,13 +1,10 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "tests/hosts/WidgetSupport.h"
 
-#include <QCalendarWidget>
-#include <QDateEdit>
 #include <QProcess>
 #include <QTimer>
 
 #include <algorithm>
-#include <iostream>
 
 namespace velmora {
 namespace {
@@ -72,35 +69,21 @@ private:
     Names m_answer;
 };
 
-class Bus : public testing::Test {
-protected:
-    template <class Child>
-    Child* Add(const char* name, const QRect& place) {
-        auto* const child = new Child(&window);
-        child->setAccessibleName(name);
-        Prepare(*child);
-        child->setGeometry(place);
-        return child;
-    }
-    static auto CountOf(const std::string& role, const Names& tree) {
-        return std::ranges::count_if(
-            tree, [&](const std::string& line) { return line.find(role) != std::string::npos; });
-    }
-
+TEST(Bus, ReaderReadsHearsAndActs) {
     QWidget window;
-};
-
-TEST_F(Bus, ReaderReadsHearsAndActs) {
-    window.resize(600, 500);
-    auto* const edit = Add<QDateEdit>("Edit", {300, 230, 120, 24});
-    auto* const calendar = Add<Widget>("Departure", {0, 0, 280, 220});
-    auto* const box = Add<VmCalDropDownWidget>("Arrival", {0, 230, 120, 24});
-    Add<QCalendarWidget>("Peer", {300, 0, 280, 220})->setSelectedDate(kMay15);
+    window.resize(300, 300);
+    auto* const calendar = new Widget(&window);
+    auto* const box = new VmCalDropDownWidget(&window);
+    calendar->setAccessibleName("Departure");
+    box->setAccessibleName("Arrival");
+    for (QWidget* const child : {static_cast<QWidget*>(calendar), static_cast<QWidget*>(box)})
+        Prepare(*child);
+    box->setGeometry(0, 230, 120, 24);
     calendar->setMonthYearSelStyle(Widget::MonthSelArrows);
     calendar->setDateMin(QDate(2024, 5, 1));
     calendar->day(8)->Caption("paid");
     window.setLocale(box->locale());
-    edit->setFocus();
+    box->setFocus();
     window.show();
     window.activateWindow();
     Reader reader;
@@ -116,13 +99,6 @@ TEST_F(Bus, ReaderReadsHearsAndActs) {
     const Names tree = reader.Tree("Departure, May 2024");
     ASSERT_EQ(tree.size(), 1u + 4 + 7 + 42);
     for (const auto& [place, line] : lines) EXPECT_EQ(tree[place], line);
-    const Names peer = reader.Tree("Peer"), itsEdit = reader.Tree("Edit");
-    for (const Names& each : {peer, itsEdit}) {
-        for (const std::string& line : each) std::cout << line << '\n';
-    }
-    EXPECT_GE(CountOf("table cell", peer), CountOf("table cell", tree));
-    EXPECT_EQ(CountOf("push button", peer), CountOf("push button", tree));
-    EXPECT_EQ(CountOf("| Edit |", itsEdit), 1);
 
     const std::string day =
         "focus: table cell | Wednesday, May 15, 2024 |  |  | selected focused | Press";
@@ -162,10 +138,6 @@ TEST_F(Bus, ReaderReadsHearsAndActs) {
     calendar->setMonthYearSelStyle(Widget::MonthSelScrollbar);
     EXPECT_EQ(reader.Tree("Departure, June 2024").at(1),
               "  scroll bar | Month, June 2024 |  | 1494 |  | SetFocus Increase Decrease");
-    calendar->setMonthYearSelStyle(Widget::MonthSelCombo);
-    const Names lists = reader.Tree("Departure, June 2024");
-    EXPECT_EQ(lists.at(2), "  text | Year |  |  |  | SetFocus");
-    EXPECT_EQ(lists.at(3), "  spin button | Year |  | 2024 |  | Increase Decrease");
 }
 
 }  // namespace

@@ -135,20 +135,6 @@ TEST(CalendarWindow, AMonthIsChosenByTheMouse) {
     EXPECT_EQ(window.calendar.dateValue(), kMay15);
 }
 
-TEST(CalendarWindow, TabGoesThroughTheCalendarOnce) {
-    CalendarWindow window(Widget::MonthSelCombo);
-    QList<QWidget*> stops{&window.before, &window.calendar, &window.child<QComboBox>(),
-                          &window.child<QLineEdit>(), &window.after};
-    window.before.setFocus();
-    for (const char* const key : {"Tab", "shift+Tab"}) {
-        for (int i = 1; i < stops.size(); ++i) {
-            Input::Keys({key});
-            EXPECT_EQ(QApplication::focusWidget(), stops[i]) << key << i;
-        }
-        std::reverse(stops.begin(), stops.end());
-    }
-}
-
 constexpr QPoint kRight(420, 40);  // where the target's window is
 
 /// A window whose calendar drags its date as soon as the pointer moves with the button down.
@@ -273,31 +259,30 @@ bool IsOpen() {
     return TheForm().isVisible();
 }
 
-class DropDownModal : public testing::TestWithParam<bool> {};
-INSTANTIATE_TEST_SUITE_P(Window, DropDownModal, testing::Bool());
+TEST(DropDownWindow, OpensWithoutTakingTheFocusAndClosesOnADayOrASecondPress) {
+    for (const bool modal : {false, true}) {
+        BoxesWindow window(modal);
+        Box& box = *window.boxes[0];
+        Input::Click(window.ButtonOf(0));
+        ASSERT_TRUE(IsOpen());
+        EXPECT_TRUE(box.hasFocus() && window.isActiveWindow());
+        EXPECT_EQ(TheForm().pos(), box.mapToGlobal(QPoint(0, box.height())));
+        Input::Keys({"Right", "Escape"});
+        EXPECT_FALSE(IsOpen());
+        EXPECT_EQ(box.text(), "5/16/2024");
 
-TEST_P(DropDownModal, OpensWithoutTakingTheFocusAndClosesOnADayOrASecondPress) {
-    BoxesWindow window(GetParam());
-    Box& box = *window.boxes[0];
-    Input::Click(window.ButtonOf(0));
-    ASSERT_TRUE(IsOpen());
-    EXPECT_TRUE(box.hasFocus() && window.isActiveWindow());
-    EXPECT_EQ(TheForm().pos(), box.mapToGlobal(QPoint(0, box.height())));
-    Input::Keys({"Right", "Escape"});
-    EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(box.text(), "5/16/2024");
-
-    Input::Keys({"alt+Down"});
-    ASSERT_TRUE(IsOpen());
-    Input::Click(BoxesWindow::DayOnScreen(22));
-    EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(box.text(), "5/22/2024");
-    Input::Click(window.ButtonOf(0));
-    EXPECT_TRUE(IsOpen());
-    Input::Click(window.ButtonOf(0));
-    EXPECT_FALSE(IsOpen()) << "one press, one step";
-    Input::Click(window.ButtonOf(1));
-    EXPECT_TRUE(IsOpen() && window.boxes[1]->hasFocus());
+        Input::Keys({"alt+Down"});
+        ASSERT_TRUE(IsOpen());
+        Input::Click(BoxesWindow::DayOnScreen(22));
+        EXPECT_FALSE(IsOpen());
+        EXPECT_EQ(box.text(), "5/22/2024");
+        Input::Click(window.ButtonOf(0));
+        EXPECT_TRUE(IsOpen());
+        Input::Click(window.ButtonOf(0));
+        EXPECT_FALSE(IsOpen()) << "one press, one step";
+        Input::Click(window.ButtonOf(1));
+        EXPECT_TRUE(IsOpen() && window.boxes[1]->hasFocus());
+    }
 }
 
 /// The open calendar notices where the pointer is.
