@@ -7,22 +7,10 @@
 #include <algorithm>
 #include <climits>
 #include <fstream>
+#include <sstream>
 
 namespace velmora::test {
 namespace {
-
-std::vector<std::string> LinesOf(const std::string& path) {
-    std::ifstream file(path);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) lines.push_back(line);
-    return lines;
-}
-
-void Write(const std::string& path, const std::vector<std::string>& lines) {
-    std::ofstream file(path);
-    for (const std::string& line : lines) file << line << '\n';
-    ASSERT_TRUE(file.good()) << path;
-}
 
 /// What is drawn, call by call, is what it was.
 template <class Look>
@@ -32,18 +20,14 @@ void ExpectReference(const Look& look) {
         paint(StrictDrawing::kWindowSurface);
     });
     EXPECT_EQ(drawing.FaultsAfterPaint(), std::vector<std::string>{}) << look.name;
-    std::vector<std::string> lines = drawing.Described();
-    lines.insert(lines.end(), children.begin(), children.end());
+    std::ostringstream drawn, wanted;
+    for (const std::string& line : drawing.Described()) drawn << line << '\n';
+    for (const std::string& line : children) drawn << line << '\n';
     const Reference reference = ReferenceOf(look.name, "calendar", ".txt");
-    if (RenewsLooks()) return Write(reference.kept, lines);
-    const std::vector<std::string> wanted = LinesOf(reference.kept);
-    ASSERT_FALSE(wanted.empty()) << reference.kept << " is missing";
-    if (lines == wanted) return;
-    Write(reference.actual, lines);
-    const auto [is, was] = std::mismatch(lines.begin(), lines.end(), wanted.begin(), wanted.end());
-    ADD_FAILURE() << reference.actual << ':' << is - lines.begin() + 1 << "\n  is  "
-                  << (is == lines.end() ? "the end" : *is) << "\n  was "
-                  << (was == wanted.end() ? "the end" : *was);
+    wanted << std::ifstream(reference.kept).rdbuf();
+    if (drawn.str() == wanted.str()) return;
+    std::ofstream(RenewsLooks() ? reference.kept : reference.actual) << drawn.str();
+    EXPECT_TRUE(RenewsLooks()) << "diff " << reference.kept << ' ' << reference.actual;
 }
 
 TEST(Looks, AreDrawnAsTheirReferencesSay) {

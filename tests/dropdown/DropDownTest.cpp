@@ -270,47 +270,5 @@ TEST_F(DropDown, ClosesWhenItsWindowGoesUnlessTheFocusMayGo) {
     EXPECT_FALSE(test.visible) << "the permission is over";
 }
 
-TEST_F(DropDown, FormatsByEveryToken) {
-    const auto at = [](int year, int month, int day, int second = 0) {
-        return DateOf(Day(year, month, day), second / 86400.0);
-    };
-    const Date evening = at(2024, 3, 2, (18 * 60 + 5) * 60 + 9);  // a Saturday
-    const Date night = at(2024, 3, 2);
-    const struct {
-        Date date;
-        const char* expression;
-        const char* text;
-    } cases[] = {{evening, "", "3/2/2024 6:05:09 PM"},
-                 {night, "", "3/2/2024"},
-                 {night, "General Date", "3/2/2024"},
-                 {Date(0.25), "c", "6:00:00 AM"},
-                 {Date(0), "c", "12/30/1899"},
-                 {evening, "LONG DATE", "Saturday, March 2, 2024"},
-                 {evening, "Medium Date", "02-Mar-24"},
-                 {evening, "short date", "3/2/2024"},
-                 {evening, "Long Time", "6:05:09 PM"},
-                 {evening, "Medium Time", "06:05 PM"},
-                 {evening, "Short Time", "18:05"},
-                 {evening, "d|dd|ddd|dddd|ddddd|w ww", "2|02|Sat|Saturday|3/2/2024|7 9"},
-                 {evening, "dddddd ddddddd", "Saturday, March 2, 2024 Saturday, March 2, 20242"},
-                 {evening, "m|mm|mmm|mmmm|mmmmm|q|M MM", "3|03|Mar|March|March3|1|3 03"},
-                 {evening, "y yy yyy yyyy yyyyy Q", "62 24 2462 2024 202462 1"},
-                 {evening, "h|hh|n|nn|s|ss|ttttt|tttt", "18|18|5|05|9|09|6:05:09 PM|tttt"},
-                 {evening, "h:m hh:mm h mmm m hmmss mm", "18:5 18:05 18 Mar 3 180509 03"},
-                 {evening, "h AM/PM h am/pm h A/P h a/p h ampm", "6 PM 6 pm 6 P 6 p 6 PM"},
-                 {night, "h:nn a/p", "12:00 a"},
-                 {at(2024, 3, 2, 43200), "hh A/P \"am/pm\"", "12 P am/pm"},
-                 {evening, "h \"am/pm\" d/m h:n %$", "18 am/pm 2/3 18:5 %$"},
-                 {evening, "\\d\\\\ \"dd\" d\\", "d\\ dd 2"},
-                 {evening, "d \"dd", "2 dd"},
-                 {evening, "\"", ""},
-                 {at(200, 1, 1), "ddddd yy yyyy", "1/1/0200 00 0200"},
-                 {at(4600, 12, 31), "ddddd yy yyyy", "12/31/4600 00 4600"},
-                 {Date(-1.25), "yyyy-mm-dd hh:nn", "1899-12-29 06:00"}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(test.dates.Format(c.date, c.expression), c.text) << c.expression;
-    }
-}
-
 }  // namespace
 }  // namespace velmora::test

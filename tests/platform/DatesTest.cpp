@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace velmora {
 namespace {
@@ -121,6 +122,41 @@ TEST(DatesArithmetic, AddsAndCountsIntervals) {
     EXPECT_THROW(Dates::DateDiff("h", Date(0), Date(1)), AutomationError);
 }
 
+TEST(DatesFormat, KnowsEveryToken) {
+    const Date evening = At(2024, 3, 2, 18, 5, 9), night = At(2024, 3, 2);  // a Saturday
+    const std::tuple<Date, const char*, const char*> kCases[] = {
+        {evening, "", "3/2/2024 6:05:09 PM"},
+        {night, "", "3/2/2024"},
+        {night, "General Date", "3/2/2024"},
+        {Date(0.25), "c", "6:00:00 AM"},
+        {Date(0), "c", "12/30/1899"},
+        {evening, "LONG DATE", "Saturday, March 2, 2024"},
+        {evening, "Medium Date", "02-Mar-24"},
+        {evening, "short date", "3/2/2024"},
+        {evening, "Long Time", "6:05:09 PM"},
+        {evening, "Medium Time", "06:05 PM"},
+        {evening, "Short Time", "18:05"},
+        {evening, "d|dd|ddd|dddd|ddddd|w ww", "2|02|Sat|Saturday|3/2/2024|7 9"},
+        {evening, "dddddd ddddddd", "Saturday, March 2, 2024 Saturday, March 2, 20242"},
+        {evening, "m|mm|mmm|mmmm|mmmmm|q|M MM", "3|03|Mar|March|March3|1|3 03"},
+        {evening, "y yy yyy yyyy yyyyy Q", "62 24 2462 2024 202462 1"},
+        {evening, "h|hh|n|nn|s|ss|ttttt|tttt", "18|18|5|05|9|09|6:05:09 PM|tttt"},
+        {evening, "h:m hh:mm h mmm m hmmss mm", "18:5 18:05 18 Mar 3 180509 03"},
+        {evening, "h AM/PM h am/pm h A/P h a/p h ampm", "6 PM 6 pm 6 P 6 p 6 PM"},
+        {night, "h:nn a/p", "12:00 a"},
+        {At(2024, 3, 2, 12), "hh A/P \"am/pm\"", "12 P am/pm"},
+        {evening, "h \"am/pm\" d/m h:n %$", "18 am/pm 2/3 18:5 %$"},
+        {evening, "\\d\\\\ \"dd\" d\\", "d\\ dd 2"},
+        {evening, "d \"dd", "2 dd"},
+        {evening, "\"", ""},
+        {At(200, 1, 1), "ddddd yy yyyy", "1/1/0200 00 0200"},
+        {At(4600, 12, 31), "ddddd yy yyyy", "12/31/4600 00 4600"},
+        {Date(-1.25), "yyyy-mm-dd hh:nn", "1899-12-29 06:00"}};
+    for (const auto& [date, expression, text] : kCases) {
+        EXPECT_EQ(DatesFor().Format(date, expression), text) << expression;
+    }
+}
+
 TEST(DatesFormat, TextsOfTheLocale) {
     const Date noon = At(2024, 3, 2, 12, 5);
     DateLocale locale;
@@ -151,23 +187,19 @@ TEST(DatesFormat, RoundingNeverLeavesTheDay) {
 
 TEST(DatesFormat, WeeksFollowTheirFirstDayAndRule) {
     using enum FirstWeekOfYear;
-    const struct {
-        Date date;
-        int firstDay;
-        FirstWeekOfYear rule;
-        const char* text;
-    } kCases[] = {{At(2024, 3, 2), 1, HoldsJanuary1, "7 9"},
-                  {At(2024, 12, 31), 2, FourDays, "2 1"},
-                  {At(2021, 1, 3), 2, FourDays, "7 53"},
-                  {At(2021, 1, 4), 2, FourDays, "1 1"},
-                  {At(2024, 1, 7), 1, FullWeek, "1 1"},
-                  {At(2024, 1, 6), 1, FullWeek, "7 53"},
-                  {At(2000, 12, 31), 1, HoldsJanuary1, "1 54"},
-                  {At(2024, 3, 2), 0, HoldsJanuary1, "7 9"},
-                  {At(2024, 3, 2), 99, static_cast<FirstWeekOfYear>(9), "7 9"}};
-    for (const auto& c : kCases) {
-        EXPECT_EQ(DatesFor().Format(c.date, "w ww", c.firstDay, c.rule), c.text)
-            << c.date.value << ' ' << c.firstDay;
+    const std::tuple<Date, int, FirstWeekOfYear, const char*> kCases[] = {
+        {At(2024, 3, 2), 1, HoldsJanuary1, "7 9"},
+        {At(2024, 12, 31), 2, FourDays, "2 1"},
+        {At(2021, 1, 3), 2, FourDays, "7 53"},
+        {At(2021, 1, 4), 2, FourDays, "1 1"},
+        {At(2024, 1, 7), 1, FullWeek, "1 1"},
+        {At(2024, 1, 6), 1, FullWeek, "7 53"},
+        {At(2000, 12, 31), 1, HoldsJanuary1, "1 54"},
+        {At(2024, 3, 2), 0, HoldsJanuary1, "7 9"},
+        {At(2024, 3, 2), 99, static_cast<FirstWeekOfYear>(9), "7 9"}};
+    for (const auto& [date, firstDay, rule, text] : kCases) {
+        EXPECT_EQ(DatesFor().Format(date, "w ww", firstDay, rule), text)
+            << date.value << ' ' << firstDay;
     }
     EXPECT_EQ(DatesFor().Format(At(100, 1, 1), "ww", 1, FullWeek), "52");
 }
@@ -182,12 +214,9 @@ std::vector<std::string> Split(std::string_view texts) {
     return parts;
 }
 
-struct Reading {
-    const char* texts;
-    Date date;
-};
+using Readings = std::initializer_list<std::pair<const char*, Date>>;
 
-void ExpectReadings(const Dates& dates, std::initializer_list<Reading> readings) {
+void ExpectReadings(const Dates& dates, Readings readings) {
     for (const auto& [texts, date] : readings) {
         for (const std::string& text : Split(texts)) {
             const auto read = dates.TryParse(text);

@@ -115,18 +115,12 @@ public:
     Point ClientToScreen(Point p) const override { return {p.x + screen.left, p.y + screen.top}; }
     Point ScreenToClient(Point p) const override { return {p.x - screen.left, p.y - screen.top}; }
     std::optional<Point> GetCursorPos() const override { return cursor; }
-    std::unique_ptr<ComboBox> CreateMonthList() override {
-        return Make<FakeList>(monthList, {90, 21});
-    }
-    std::unique_ptr<TextBox> CreateYearText() override {
-        return Make<FakeText>(yearText, {40, 19});
-    }
-    std::unique_ptr<ScrollBar> CreateYearSpinner() override {
-        return Make<FakeBar>(yearSpinner, {17, 21});
-    }
-    std::unique_ptr<ScrollBar> CreateDateScroll() override {
-        return Make<FakeBar>(dateScroll, {100, 17});
-    }
+    template <class Control>
+    using Made = std::unique_ptr<Control>;
+    Made<ComboBox> CreateMonthList() override { return Make<FakeList>(monthList, {90, 21}); }
+    Made<TextBox> CreateYearText() override { return Make<FakeText>(yearText, {40, 19}); }
+    Made<ScrollBar> CreateYearSpinner() override { return Make<FakeBar>(yearSpinner, {17, 21}); }
+    Made<ScrollBar> CreateDateScroll() override { return Make<FakeBar>(dateScroll, {100, 17}); }
 
 private:
     template <class Control>
