@@ -82,6 +82,7 @@ TEST_F(Hosts, TabGoesThroughTheSelectorsAndOn) {
         {2,
          {VK_TAB, VK_TAB, kBack, kBack, VK_TAB, VK_TAB, VK_TAB},
          "ComboBox Edit ComboBox grid ComboBox Edit box "},
+        {2, {VK_TAB, VK_F4, VK_DOWN, VK_TAB}, "ComboBox ComboBox ComboBox Edit "},
         {3, {VK_TAB, VK_RIGHT, VK_TAB}, "ScrollBar ScrollBar Calendar.MonthChanged(4) box "}};
     for (const auto& c : cases) {
         PutProperty(site.Control(), "MonthYearSelStyle", Value(c.style));
