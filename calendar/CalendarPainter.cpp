@@ -89,8 +89,7 @@ void CalendarPainter::PaintExposed(SurfaceHandle window, std::span<const Rect> e
 CalendarPainter::Zone CalendarPainter::ZoneOf(std::span<const Rect> exposed) const noexcept {
     constexpr std::size_t kFew = 8;  // more is quicker composed as a whole
     const CalendarLayout& layout = m_view.layout;
-    // Without room for rows and columns the parts lie upon each other and the frame.
-    if (layout.rowHeight < 2 || layout.cellWidth < 2) return Zone::Several;
+    if (!HasRoom()) return Zone::Several;
     const Rect cells{1, layout.gridTop + 1, layout.client.width - 1,
                      layout.gridTop + kGridRows * layout.rowHeight + 1};
     const auto allIn = [&](const Rect& zone) {
@@ -123,7 +122,7 @@ void CalendarPainter::PaintAll(SurfaceHandle surface) {
 void CalendarPainter::PaintGaps(SurfaceHandle surface) {
     const CalendarLayout& layout = m_view.layout;
     Rect gap = layout.Client();
-    if (layout.cellWidth > 1 && layout.rowHeight > 1) {  // else a cell is no more than edges
+    if (HasRoom()) {  // else a cell is no more than edges
         gap.top = layout.gridTop + kGridRows * layout.rowHeight + 1;
         if (gap.top >= gap.bottom - 1) return;
     }
@@ -220,15 +219,14 @@ void CalendarPainter::PaintWeekDayRow(SurfaceHandle surface) {
                            m_drawing.CreateFontIndirectA(FontToLogFont(*state.weekDayFont)));
     const Selection selected(m_drawing, surface, font);
     UseTextColor(surface, state.weekDayForeColor);
+    const Rect row = m_view.layout.WeekDayRow();
+    m_drawing.FillRect(surface, row, back.Get());
+    if (state.weekDayAppearance == VmAppearance3D) PaintRaised(surface, row.top - 1, 1);
     const VmWeekDayDisplayConstants display = WeekDayDisplayThatFits(surface);
     for (int column = 0; column < m_grid.ColumnCount(); ++column) {
         Rect cell = m_grid.ColumnRect(column);
-        cell.top = m_view.layout.WeekDayRow().top;
+        cell.top = row.top;
         cell.bottom = m_view.layout.gridTop;
-        m_drawing.FillRect(surface, Exclusive(cell), back.Get());
-        if (state.weekDayAppearance == VmAppearance3D) {
-            PaintCellEdges(surface, cell, m_highlightPen, m_shadowPen);
-        }
         DrawAligned(surface, WeekDayCaption(column, display), Exclusive(cell),
                     state.weekDayCaptionAlignment, kTextEndEllipsis);
     }
@@ -260,58 +258,77 @@ void CalendarPainter::PaintCells(SurfaceHandle surface, std::span<const Rect> ex
     const OwnedObject font(m_drawing,
                            m_drawing.CreateFontIndirectA(FontToLogFont(*m_view.state.dayFont)));
     const Selection selected(m_drawing, surface, font);
-    ForEachCell(exposed,
-                [&](DayNumber day, const Rect& cell) { PaintDayCell(surface, day, cell); });
-    if (m_view.state.dayAppearance != VmAppearance3D) return;
+    std::vector<DayCell> week;
+    week.reserve(7);
+    ForEachCell(exposed, [&](DayNumber day, const Rect& cell) {
+        // Without room cells lie upon each other: the later one shows.
+        if (!week.empty() && (week.back().rect.top != cell.top || !HasRoom())) {
+            PaintWeek(surface, week);
+            week.clear();
+        }
+        week.push_back(DayCellOf(day, cell));
+    });
+    PaintWeek(surface, week);
     const bool isWhole = exposed.size() == 1 && Contains(exposed[0], m_view.layout.Client());
-    const bool hasRoom = m_view.layout.cellWidth > 1 && m_view.layout.rowHeight > 1;
-    if (isWhole && hasRoom) {
+    if (isWhole && HasRoom()) {
         PaintGridEdges(surface);
     } else {
         ForEachCell(exposed, [&](DayNumber, const Rect& cell) {
-            PaintCellEdges(surface, cell, m_highlightPen, m_shadowPen);
+            if (IsRaised()) {
+                PaintCellEdges(surface, cell, m_highlightPen, m_shadowPen);
+            } else {
+                PaintLinesAround(surface, cell);
+            }
         });
     }
     const auto pressed = m_view.chosen ? m_grid.DayCellRect(*m_view.chosen) : std::nullopt;
-    if (pressed && hasRoom) PaintCellEdges(surface, *pressed, m_shadowPen, m_highlightPen);
+    if (IsRaised() && pressed && HasRoom()) {
+        PaintCellEdges(surface, *pressed, m_shadowPen, m_highlightPen);
+    }
 }
 
 /// The line that closes the bands is the one above the first week of a flat grid.
 void CalendarPainter::PaintGridTop(SurfaceHandle surface) {
-    if (m_view.state.dayAppearance == VmAppearance3D) return;
-    const Selection pen(m_drawing, surface, m_darkShadowPen);
-    m_drawing.MoveToEx(surface, 1, m_view.layout.gridTop);
-    m_drawing.LineTo(surface, m_view.layout.client.width - 1, m_view.layout.gridTop);
+    if (!IsRaised()) PaintRowLines(surface, m_darkShadowPen, m_view.layout.gridTop, 1);
 }
 
-/// Every cell raised. The edges of neighbouring cells go through the whole grid as one line, in an
-/// order by which each cell keeps its corners.
+/// Of all cells, each neighbours' as one line.
 void CalendarPainter::PaintGridEdges(SurfaceHandle surface) {
     const CalendarLayout& layout = m_view.layout;
-    const Rect first = m_grid.ColumnRect(0);
-    const Rect last = m_grid.ColumnRect(m_grid.ColumnCount() - 1);
-    const Rect grid{std::min(first.left, last.left), layout.gridTop + 1,
-                    std::max(first.right, last.right),
-                    layout.gridTop + kGridRows * layout.rowHeight};
-    const auto rows = [&](const OwnedObject& pen, int offset) {
-        const Selection selected(m_drawing, surface, pen);
-        for (int y = layout.gridTop + offset; y <= grid.bottom; y += layout.rowHeight) {
-            m_drawing.MoveToEx(surface, grid.left, y);
-            m_drawing.LineTo(surface, grid.right + 1, y);
-        }
-    };
-    const auto columns = [&](const OwnedObject& pen, std::int32_t Rect::*edge) {
-        const Selection selected(m_drawing, surface, pen);
-        for (int column = 0; column < m_grid.ColumnCount(); ++column) {
-            const int x = m_grid.ColumnRect(column).*edge;
-            m_drawing.MoveToEx(surface, x, grid.top);
-            m_drawing.LineTo(surface, x, grid.bottom + 1);
-        }
-    };
-    rows(m_highlightPen, 1);
-    rows(m_shadowPen, layout.rowHeight);
-    columns(m_highlightPen, &Rect::left);
-    columns(m_shadowPen, &Rect::right);
+    if (IsRaised()) return PaintRaised(surface, layout.gridTop, kGridRows);
+    PaintRowLines(surface, m_darkShadowPen, layout.gridTop, kGridRows + 1);
+    PaintColumnLines(surface, m_darkShadowPen, &Rect::right, layout.gridTop,
+                     layout.gridTop + kGridRows * layout.rowHeight);
+}
+
+/// Rows of raised cells, in an order by which each cell keeps its corners.
+void CalendarPainter::PaintRaised(SurfaceHandle surface, int lineAbove, int rows) {
+    const int height = m_view.layout.rowHeight;
+    const int bottom = lineAbove + rows * height;
+    PaintRowLines(surface, m_highlightPen, lineAbove + 1, rows);
+    PaintRowLines(surface, m_shadowPen, lineAbove + height, rows);
+    PaintColumnLines(surface, m_highlightPen, &Rect::left, lineAbove + 1, bottom);
+    PaintColumnLines(surface, m_shadowPen, &Rect::right, lineAbove + 1, bottom);
+}
+
+/// A row's height apart, the first at `y`.
+void CalendarPainter::PaintRowLines(SurfaceHandle surface, const OwnedObject& pen, int y,
+                                    int count) {
+    const Selection selected(m_drawing, surface, pen);
+    for (; count > 0; --count, y += m_view.layout.rowHeight) {
+        m_drawing.MoveToEx(surface, 1, y);
+        m_drawing.LineTo(surface, m_view.layout.client.width - 1, y);
+    }
+}
+
+void CalendarPainter::PaintColumnLines(SurfaceHandle surface, const OwnedObject& pen,
+                                       std::int32_t Rect::*edge, int top, int bottom) {
+    const Selection selected(m_drawing, surface, pen);
+    for (int column = 0; column < m_grid.ColumnCount(); ++column) {
+        const int x = m_grid.ColumnRect(column).*edge;
+        m_drawing.MoveToEx(surface, x, top);
+        m_drawing.LineTo(surface, x, bottom + 1);
+    }
 }
 
 template <class Paint>
@@ -327,27 +344,41 @@ void CalendarPainter::ForEachCell(std::span<const Rect> exposed, Paint paint) {
     }
 }
 
-void CalendarPainter::PaintDayCell(SurfaceHandle surface, DayNumber day, const Rect& cell) {
+CalendarPainter::DayCell CalendarPainter::DayCellOf(DayNumber day, const Rect& cell) const {
     const VmDay* const decoration = DecorationOf(m_view.days, m_grid, day);
     const bool selected = m_view.chosen == day || IsSelected(day);
-    const bool raised = m_view.state.dayAppearance == VmAppearance3D;
-    const Rect inner{cell.left + (raised ? 1 : 0), cell.top + (raised ? 1 : 0), cell.right,
-                     cell.bottom};
+    return {day, cell, decoration, selected, ColorsOf(day, decoration, selected)};
+}
 
-    const CellColors colors = ColorsOf(day, decoration, selected);
-    m_drawing.FillRect(surface, inner, GroundBrush(colors.back));
-    if (!raised) PaintGridLines(surface, cell);
+/// Neighbours of one colour are filled at once, with the edges between them, which follow.
+void CalendarPainter::PaintWeek(SurfaceHandle surface, std::span<const DayCell> week) {
+    for (std::size_t next = 0; next < week.size();) {
+        const DayCell& first = week[next];
+        Rect run = first.rect;
+        while (++next < week.size() && week[next].colors.back == first.colors.back) {
+            const Rect& cell = week[next].rect;
+            if (cell.left != run.right + 1 && cell.right + 1 != run.left) break;
+            run.left = std::min(run.left, cell.left);
+            run.right = std::max(run.right, cell.right);
+        }
+        m_drawing.FillRect(surface, GroundOf(run), GroundBrush(first.colors.back));
+    }
+    for (const DayCell& day : week) PaintDayCell(surface, day);
+}
 
-    const std::string number = m_view.dates.Number(DayOfMonth(day));
+void CalendarPainter::PaintDayCell(SurfaceHandle surface, const DayCell& day) {
+    const Rect inner = GroundOf(day.rect);
+    const VmDay* const decoration = day.decoration;
+    const std::string number = m_view.dates.Number(DayOfMonth(day.day));
     if (decoration && decoration->Picture()) {
         PaintPicture(surface, *decoration->Picture(), number, inner);
     }
-    UseTextColor(surface, colors.fore);
+    UseTextColor(surface, day.colors.fore);
     DrawAligned(surface, number, inner, m_view.state.dayNumberAlignment);
     if (decoration && !decoration->Caption().empty()) {
         DrawAligned(surface, decoration->Caption(), inner, m_view.state.dayCaptionAlignment);
     }
-    if (selected && m_view.focused && inner.Width() > 0 && inner.Height() > 0) {
+    if (day.selected && m_view.focused && inner.Width() > 0 && inner.Height() > 0) {
         m_drawing.DrawFocusRect(surface, inner);
     }
 }
@@ -367,7 +398,7 @@ void CalendarPainter::PaintCellEdges(SurfaceHandle surface, const Rect& cell,
 }
 
 /// Lines go between cells: the left and top ones are the right and bottom ones of the neighbours.
-void CalendarPainter::PaintGridLines(SurfaceHandle surface, const Rect& cell) {
+void CalendarPainter::PaintLinesAround(SurfaceHandle surface, const Rect& cell) {
     const Selection pen(m_drawing, surface, m_darkShadowPen);
     if (cell.left < 2) {
         m_drawing.MoveToEx(surface, cell.left, cell.top - 1);
@@ -398,6 +429,17 @@ void CalendarPainter::DrawAligned(SurfaceHandle surface, std::string_view text, 
         Directed(AlignmentToTextFlags(alignment) | kTextSingleLine | kTextNoPrefix | more);
     const auto cut = CutToWidth(text, room.Width(), flags);
     m_drawing.DrawTextA(surface, cut ? *cut : text, room, flags);
+}
+
+/// Else the parts lie upon each other and the frame.
+bool CalendarPainter::HasRoom() const noexcept {
+    return m_view.layout.cellWidth > 1 && m_view.layout.rowHeight > 1;
+}
+
+/// What lies inside the edges of cells that are beside each other.
+Rect CalendarPainter::GroundOf(const Rect& cells) const noexcept {
+    const int edge = IsRaised() ? 1 : 0;
+    return {cells.left + edge, cells.top + edge, cells.right, cells.bottom};
 }
 
 std::uint32_t CalendarPainter::Directed(std::uint32_t textFlags) const noexcept {

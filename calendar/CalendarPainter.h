@@ -54,6 +54,13 @@ private:
         OLE_COLOR fore;
         OLE_COLOR back;
     };
+    struct DayCell {
+        DayNumber day;
+        Rect rect;
+        const VmDay* decoration;
+        bool selected;
+        CellColors colors;
+    };
     enum class Zone { Cells, MonthBand, WeekDayRow, Several };
 
     void PaintAll(SurfaceHandle surface);
@@ -65,20 +72,29 @@ private:
     void PaintMonthText(SurfaceHandle surface);
     void PaintWeekDayRow(SurfaceHandle surface);
     void PaintCells(SurfaceHandle surface, std::span<const Rect> exposed);
-    void PaintDayCell(SurfaceHandle surface, DayNumber day, const Rect& cell);
+    void PaintWeek(SurfaceHandle surface, std::span<const DayCell> week);
+    void PaintDayCell(SurfaceHandle surface, const DayCell& day);
     template <class Paint>
     void ForEachCell(std::span<const Rect> exposed, Paint paint);
     void PaintGridTop(SurfaceHandle surface);
     void PaintGridEdges(SurfaceHandle surface);
+    void PaintRaised(SurfaceHandle surface, int lineAbove, int rows);
+    void PaintRowLines(SurfaceHandle surface, const OwnedObject& pen, int y, int count);
+    void PaintColumnLines(SurfaceHandle surface, const OwnedObject& pen, std::int32_t Rect::*edge,
+                          int top, int bottom);
     void PaintCellEdges(SurfaceHandle surface, const Rect& cell, const OwnedObject& topLeft,
                         const OwnedObject& bottomRight);
-    void PaintGridLines(SurfaceHandle surface, const Rect& cell);
+    void PaintLinesAround(SurfaceHandle surface, const Rect& cell);
     void PaintPicture(SurfaceHandle surface, const StdPicture& picture, std::string_view number,
                       const Rect& inner);
     void DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,
                      VmTextAlignmentConstants alignment, std::uint32_t more = 0);
 
     Zone ZoneOf(std::span<const Rect> exposed) const noexcept;
+    bool HasRoom() const noexcept;
+    bool IsRaised() const noexcept { return m_view.state.dayAppearance == VmAppearance3D; }
+    Rect GroundOf(const Rect& cells) const noexcept;
+    DayCell DayCellOf(DayNumber day, const Rect& cell) const;
     CellColors ColorsOf(DayNumber day, const VmDay* decoration, bool selected) const;
     CellColors ReadableColors(OLE_COLOR CalendarState::*fore, OLE_COLOR back) const;
     std::uint32_t Directed(std::uint32_t textFlags) const noexcept;
