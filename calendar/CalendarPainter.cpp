@@ -3,7 +3,6 @@
 #include "calendar/CalendarDescription.h"
 #include "calendar/Contrast.h"
 #include "calendar/DateLimits.h"
-#include "calendar/DayPicture.h"
 #include "platform/Compose.h"
 #include "platform/TextCut.h"
 
@@ -63,7 +62,8 @@ CalendarPainter::CalendarPainter(Drawing& drawing, const CalendarView& view)
       m_today(view.dates.Today()),
       m_highlightPen(SolidPen(drawing, k3DHighlight)),
       m_shadowPen(SolidPen(drawing, kButtonShadow)),
-      m_darkShadowPen(SolidPen(drawing, k3DDarkShadow)) {}
+      m_darkShadowPen(SolidPen(drawing, k3DDarkShadow)),
+      m_pictures(drawing) {}
 
 void CalendarPainter::PaintCalendar(SurfaceHandle window) {
     Compose(m_drawing, window, m_view.layout.client,
@@ -418,8 +418,8 @@ void CalendarPainter::PaintPicture(SurfaceHandle surface, const StdPicture& pict
     const Rect room = Inset(inner, kTextInsetX, kTextInsetY);
     const auto place = static_cast<VmPictureAlignmentConstants>(m_view.state.dayNumberAlignment);
     const Rect text = PlaceDayPicture(place, {extent.right, extent.bottom}, room, room);
-    DrawDayPicture(m_drawing, surface, picture, m_view.state.dayPictureAlignment, inner, text,
-                   m_view.pixelsPerInch, m_view.layout.rightToLeft);
+    DrawDayPicture(m_drawing, surface, m_pictures, picture, m_view.state.dayPictureAlignment, inner,
+                   text, m_view.pixelsPerInch, m_view.layout.rightToLeft);
 }
 
 void CalendarPainter::DrawAligned(SurfaceHandle surface, std::string_view text, const Rect& inner,

@@ -2,6 +2,7 @@
 
 #include "calendar/CalendarLayout.h"
 #include "calendar/CalendarState.h"
+#include "calendar/DayPicture.h"
 #include "model/VmDays.h"
 #include "platform/DrawingScopes.h"
 #include "platform/dates/Dates.h"
@@ -117,6 +118,7 @@ private:
         OwnedObject brush;
     };
     std::optional<Ground> m_ground;
+    PictureSource m_pictures;
     std::optional<OLE_COLOR> m_textColor;
 };
 

@@ -1,10 +1,8 @@
 #include "calendar/DayPicture.h"
 
-#include "platform/DrawingScopes.h"
 #include "platform/ScaleMode.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace velmora {
 namespace {
@@ -58,19 +56,6 @@ void TilePicture(Drawing& drawing, SurfaceHandle surface, SurfaceHandle source,
     }
 }
 
-void DrawBitmap(Drawing& drawing, SurfaceHandle surface, const StdPicture& picture,
-                ObjectHandle bitmap, VmPictureAlignmentConstants alignment, Size size,
-                const Rect& area) {
-    const OwnedSurface source(drawing, drawing.CreateCompatibleDC(surface));
-    if (!source) return;
-    const Selection selected(drawing, source.Get(), bitmap);
-    if (alignment == VmPictTile) {
-        TilePicture(drawing, surface, source.Get(), picture, size, area);
-    } else {
-        CopyPicture(drawing, surface, source.Get(), picture, area);
-    }
-}
-
 }  // namespace
 
 Rect PlaceDayPicture(VmPictureAlignmentConstants alignment, Size picture, const Rect& cell,
@@ -91,9 +76,19 @@ Size PictureSize(const StdPicture& picture, double pixelsPerInch) noexcept {
     return HimetricToPixels(picture.Himetric(), pixelsPerInch);
 }
 
-void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& picture,
-                    VmPictureAlignmentConstants alignment, const Rect& cell, const Rect& text,
-                    double pixelsPerInch, bool mirrored) {
+SurfaceHandle PictureSource::With(ObjectHandle bitmap, SurfaceHandle target) {
+    if (!m_surface) m_surface.emplace(m_drawing, m_drawing.CreateCompatibleDC(target));
+    if (*m_surface && bitmap != m_bitmap) {
+        m_selected.reset();
+        m_selected.emplace(m_drawing, m_surface->Get(), bitmap);
+        m_bitmap = bitmap;
+    }
+    return m_surface->Get();
+}
+
+void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, PictureSource& source,
+                    const StdPicture& picture, VmPictureAlignmentConstants alignment,
+                    const Rect& cell, const Rect& text, double pixelsPerInch, bool mirrored) {
     const Size size = PictureSize(picture, pixelsPerInch);
     if (size.width <= 0 || size.height <= 0) return;
     const ObjectHandle handle = drawing.PictureHandle(picture);
@@ -106,10 +101,15 @@ void DrawDayPicture(Drawing& drawing, SurfaceHandle surface, const StdPicture& p
     std::optional<Clip> clip;  // it takes as long as the picture
     if (alignment == VmPictTile || !IsInside(place, cell)) clip.emplace(drawing, surface, cell);
     if (isIcon) {
-        drawing.DrawIconEx(surface, place.left, place.top, handle, kIconSize.width,
-                           kIconSize.height, kDrawIconNormal);
+        return drawing.DrawIconEx(surface, place.left, place.top, handle, kIconSize.width,
+                                  kIconSize.height, kDrawIconNormal);
+    }
+    const SurfaceHandle bitmap = source.With(handle, surface);
+    if (bitmap == SurfaceHandle::None) return;
+    if (alignment == VmPictTile) {
+        TilePicture(drawing, surface, bitmap, picture, size, place);
     } else {
-        DrawBitmap(drawing, surface, picture, handle, alignment, size, place);
+        CopyPicture(drawing, surface, bitmap, picture, place);
     }
 }
 

@@ -175,7 +175,7 @@ TEST(CalendarPainter, LeavesNothingBehindWhicheverCreationFails) {
     }
     test.Paint();
     const int creations = test.drawing.creations;
-    ASSERT_GT(creations, 25);
+    ASSERT_GT(creations, 15);
     for (const auto alignment : {VmPictTopLeft, VmPictTile, VmPictBelowText}) {
         calendar.DayPictureAlignment(alignment);
         for (int n = 1; n <= creations; ++n) {
