@@ -12,7 +12,9 @@ namespace {
 
 constexpr std::size_t kMostColors = 64;
 constexpr std::size_t kMostFonts = 16;
-constexpr int kLargestKept = 1 << 22;  // pixels
+constexpr int kLargestKept = 1 << 22;     // pixels
+constexpr std::size_t kMostLines = 256;   // of a font
+constexpr std::size_t kLongestLine = 64;  // bytes
 
 HGDIOBJ MakeFont(const LogFont& font, int dpi) {
     LOGFONTW description{};
@@ -66,7 +68,7 @@ HGDIOBJ GdiCache::Use(std::vector<Entry<Key>>& entries, std::size_t most, const 
         const auto idle = std::find_if(entries.begin(), entries.end(),
                                        [](const Entry<Key>& entry) { return entry.uses == 0; });
         if (idle == entries.end()) return make();
-        ::DeleteObject(idle->object);
+        Delete(idle->object);
         entries.erase(idle);
     }
     const HGDIOBJ object = make();
@@ -128,6 +130,27 @@ HDC GdiCache::Context(HDC screen) {
     return m_composition.context;
 }
 
+const GdiCache::Line* GdiCache::LineFor(HDC context, std::string_view text) {
+    if (context != m_composition.context || text.size() > kLongestLine) return nullptr;
+    Lines& lines = m_lines[GetCurrentObject(context, OBJ_FONT)];
+    if (const auto known = lines.find(text); known != lines.end()) return &known->second;
+    const auto isSpecial = [](unsigned char c) { return c < ' ' || c == '&'; };
+    if (text.empty() || std::ranges::any_of(text, isSpecial)) return nullptr;
+    if (lines.size() >= kMostLines) lines.clear();
+    Line line{ToWide(text), {}};
+    if (!GetTextExtentPoint32W(context, line.text.data(), static_cast<int>(line.text.size()),
+                               &line.extent)) {
+        return nullptr;
+    }
+    return &lines.emplace(text, std::move(line)).first->second;
+}
+
+bool GdiCache::HasBars(HGDIOBJ font) const noexcept {
+    return std::ranges::any_of(m_fonts, [&](const Entry<FontKey>& entry) {
+        return entry.object == font && (entry.key.font.underline || entry.key.font.strikeOut);
+    });
+}
+
 HDC GdiCache::SourceContext(HDC like) {
     if (m_sourceUsed) return CreateCompatibleDC(like);
     if (!m_source) m_source = CreateCompatibleDC(nullptr);
@@ -150,9 +173,12 @@ void GdiCache::Release(HGDIOBJ object) {
         m_composition.used = false;
         return;
     }
-    if (!Ends(m_brushes, object) && !Ends(m_fonts, object) && !Ends(m_pens, object)) {
-        ::DeleteObject(object);
-    }
+    if (!Ends(m_brushes, object) && !Ends(m_fonts, object) && !Ends(m_pens, object)) Delete(object);
+}
+
+void GdiCache::Delete(HGDIOBJ object) {
+    m_lines.erase(object);  // another font may get its handle
+    ::DeleteObject(object);
 }
 
 GdiCache::PixelsEntry& GdiCache::EntryOf(const std::shared_ptr<const PixelImage>& image,

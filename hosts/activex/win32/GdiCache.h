@@ -5,7 +5,11 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace velmora {
@@ -29,6 +33,16 @@ public:
     HGDIOBJ Bitmap(HDC screen, int width, int height);
     /// What such a bitmap is selected into; null when it cannot be made.
     HDC Context(HDC screen);
+    /// A text as it is drawn, with the extent that it has on the context of compositions.
+    struct Line {
+        std::wstring text;
+        SIZE extent;
+    };
+    /// Of a text in the font that is selected, for the context of compositions; valid until the
+    /// next call. Null for another context, and for what `DrawTextW` would not draw as it stands.
+    const Line* LineFor(HDC context, std::string_view text);
+    /// Whether texts in that font are underlined or struck out.
+    bool HasBars(HGDIOBJ font) const noexcept;
     /// What a picture is selected into; null when it cannot be made.
     HDC SourceContext(HDC like);
     void Release(HDC context);
@@ -73,18 +87,27 @@ private:
         bool Suits(int wantedWidth, int wantedHeight) const noexcept;
     };
 
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const noexcept {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+    using Lines = std::unordered_map<std::string, Line, TextHash, std::equal_to<>>;
+
     template <class Key, class Make>
-    static HGDIOBJ Use(std::vector<Entry<Key>>& entries, std::size_t most, const Key& key,
-                       Make make);
+    HGDIOBJ Use(std::vector<Entry<Key>>& entries, std::size_t most, const Key& key, Make make);
     template <class Key>
     static bool Ends(std::vector<Entry<Key>>& entries, HGDIOBJ object);
     template <class Key>
     static void DeleteAll(std::vector<Entry<Key>>& entries);
+    void Delete(HGDIOBJ object);
     PixelsEntry& EntryOf(const std::shared_ptr<const PixelImage>& image, bool asIcon);
 
     std::vector<Entry<COLORREF>> m_brushes;
     std::vector<Entry<COLORREF>> m_pens;
     std::vector<Entry<FontKey>> m_fonts;
+    std::unordered_map<HGDIOBJ, Lines> m_lines;  // by their fonts
     std::vector<PixelsEntry> m_pixels;
     Composition m_composition;
     HDC m_source = nullptr;

@@ -34,6 +34,24 @@ void Blend(HDC target, const Rect& area, HDC source, const Rect& from) {
                   from.top, from.Width(), from.Height(), kOver);
 }
 
+bool Fits(SIZE extent, const Rect& rect) noexcept {
+    return extent.cx <= rect.Width() && extent.cy <= rect.Height();
+}
+
+/// Draws a line that fits where `DrawTextW` would, which measures it each time.
+void DrawLine(HDC context, const GdiCache::Line& line, const RECT& area, std::uint32_t flags) {
+    const auto [width, height] = line.extent;
+    int x = area.left;
+    if (flags & kTextCenter) x = (area.left + area.right - width) / 2;
+    if (flags & kTextRight) x = area.right - width;
+    int y = area.top;
+    if (flags & kTextVCenter) y += (area.bottom - area.top) / 2 - height / 2;
+    if (flags & kTextBottom) y = area.bottom - height;
+    const UINT direction = flags & kTextRightToLeft ? ETO_RTLREADING : 0;
+    ExtTextOutW(context, x, y, ETO_CLIPPED | direction, &area, line.text.data(),
+                static_cast<UINT>(line.text.size()), nullptr);
+}
+
 }  // namespace
 
 WinDrawing::WinDrawing(int dpi) : m_cache(ThreadShared<GdiCache>()), m_dpi(dpi) {}
@@ -101,11 +119,30 @@ void WinDrawing::SetTextColor(SurfaceHandle surface, Rgb color) {
 
 int WinDrawing::DrawTextA(SurfaceHandle surface, std::string_view text, Rect& rect,
                           std::uint32_t flags) {
-    const std::wstring wide = ToWide(text);
+    const HDC context = ContextOf(surface);
+    const GdiCache::Line* const line =
+        flags & kTextSingleLine ? m_cache->LineFor(context, text) : nullptr;
     RECT area = Native(rect);
-    const int height =
-        DrawTextW(ContextOf(surface), wide.data(), static_cast<int>(wide.size()), &area, flags);
-    if (flags & kTextCalcRect) {
+    const bool measures = (flags & kTextCalcRect) != 0;
+    if (line && measures && !(flags & ~(kTextSingleLine | kTextNoPrefix | kTextCalcRect))) {
+        rect.right = rect.left + line->extent.cx;
+        rect.bottom = rect.top + line->extent.cy;
+        return line->extent.cy;
+    }
+    if (line && !measures && Fits(line->extent, rect)) {
+        DrawLine(context, *line, area, flags);
+        return line->extent.cy;
+    }
+    // Wine draws bars below and through a text as long as the whole, in its neighbours too.
+    const bool sticksOut = !measures && m_cache->HasBars(GetCurrentObject(context, OBJ_FONT));
+    if (sticksOut) {
+        SaveDC(surface);
+        IntersectClipRect(surface, rect);
+    }
+    const std::wstring wide = ToWide(text);
+    const int height = DrawTextW(context, wide.data(), static_cast<int>(wide.size()), &area, flags);
+    if (sticksOut) RestoreDC(surface);
+    if (measures) {
         rect.right = area.right;
         rect.bottom = area.bottom;
     }

@@ -100,6 +100,49 @@ TEST_F(WinDrawingTest, TextIsUnicodeInPointsOfTheResolution) {
     EXPECT_EQ(Seen({58, 0, 200, 60}), Colors{kWhite}) << "clipped";
 }
 
+/// Composed off screen, texts are placed by extents that are kept, with bars no longer than they.
+TEST_F(WinDrawingTest, ComposedTextsAreThoseThatTheSystemPlaces) {
+    const vmhost::Canvas shown(200, 64);
+    const HDC screen = GetDC(nullptr);
+    const SurfaceHandle window = WinDrawing::SurfaceOf(screen);
+    const OwnedSurface memory(drawing, drawing.CreateCompatibleDC(window));
+    const OwnedObject bitmap(drawing, drawing.CreateCompatibleBitmap(window, 200, 64));
+    const Selection composed(drawing, memory.Get(), bitmap);
+    const OwnedObject ground = SolidBrush(drawing, 0xFFFFFF);
+    for (std::uint32_t i = 0; i < 2 * 9 * 9 * 8; ++i) {
+        const std::string texts[] = {"7",
+                                     "R&B\t1",
+                                     "a long caption",
+                                     "\xD7\x92 1, \xD7\x91",
+                                     "",
+                                     "W\xC3\xA4" + std::to_string(i),
+                                     "30",
+                                     "."};
+        const std::string& text = texts[i / 9 % 8];
+        const std::uint32_t flags = kTextSingleLine | (i % 3) | (i / 3 % 3 * 4) |
+                                    (i % 5 ? kTextNoPrefix : 0u) | (i % 4 ? 0u : kTextEndEllipsis) |
+                                    (i % 7 ? 0u : kTextRightToLeft);
+        const OwnedObject font(
+            drawing, drawing.CreateFontIndirectA({"Tahoma", 8.25, false, false, i % 2 == 0}));
+        const Rect place = RectAt(50, 20, {static_cast<int>(i % 61), static_cast<int>(i % 37)});
+        for (const SurfaceHandle on : {surface, memory.Get()}) {
+            const Selection selected(drawing, on, font);
+            drawing.FillRect(on, {0, 0, 200, 64}, ground.Get());
+            Rect drawn = place, extent = RectAt(3, 4, {});
+            drawing.DrawTextA(on, text, drawn, flags);
+            drawing.DrawTextA(on, text, extent, kTextSingleLine | kTextCalcRect);
+            drawing.DrawEdge(on, extent, kSunken, kAllSides);
+        }
+        drawing.BitBlt(WinDrawing::SurfaceOf(shown.Context()), {0, 0, 200, 64}, memory.Get(),
+                       {0, 0}, RasterOp::SrcCopy);
+        ASSERT_EQ(shown.Read().pixels, canvas.Read().pixels) << text << ' ' << i;
+        for (const int x : {place.left - 1, place.right}) {
+            ASSERT_EQ(Seen({x, 20, x + 1, 64}), Colors{kWhite}) << text << ' ' << i;
+        }
+    }
+    ReleaseDC(nullptr, screen);
+}
+
 TEST_F(WinDrawingTest, PicturesLetTheTargetThrough) {
     Fill({0, 0, 64, 64}, kBlue);
     const auto picture = [](PictureType type, std::shared_ptr<const PixelImage> image) {
