@@ -25,6 +25,8 @@ TEST(CalendarKeyboard, SaysOnReturnWhetherTheKeyIsUsed) {
     EXPECT_EQ(test.Key(65), "39");  // refused: the handler's own value stays
     replacement = 0;
     EXPECT_EQ(test.Key(kKeyRight), "0");  // the handler has used it
+    replacement = 66;
+    EXPECT_EQ(test.Key(kKeyRight), "39");  // no key of the calendar's: as it came
     replacement = kKeyLeft;
     test.calendar->Events().KeyDown.Connect(
         [&](std::int16_t&, std::int16_t&) { test.calendar->Enabled(false); });
