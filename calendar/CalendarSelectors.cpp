@@ -44,12 +44,7 @@ void VmCalendar::OnMonthListClick(int listIndex) {
 }
 
 void VmCalendar::AcceptMonth() {
-    if (m_cancelled) return;
-    const Lifetime::Watch alive(m_lifetime);
-    RaiseThen([&] { SelectMonth(MonthOf(DayOf(m_state.shownDate))); },
-              [&] {
-                  if (alive) RepaintControl();
-              });
+    if (!m_cancelled) SelectMonth(MonthOf(DayOf(m_state.shownDate)));
 }
 
 void VmCalendar::OnMonthListKeyDown(std::int16_t keyCode) {
