@@ -165,7 +165,7 @@ class CorePlayer : public InputPlayer {
                  : Calendar().OnMonthListKeyDown(kKeyEnter);
         } else if (what == "Escape") {
             Calendar().OnMonthListKeyDown(kKeyEscape);
-            Calendar().OnMonthListClick(6);  // some lists tell of what is not chosen
+            Calendar().OnMonthListClick(std::stoi(list.shown));  // as some lists tell
             Calendar().OnMonthListKeyDown(kKeyEnter);
             Calendar().OnYearText("1999");
             Calendar().OnMonthListKeyUp(kKeyEscape);

@@ -71,21 +71,18 @@ let DateValue 2020-02-29 -> DateChanged(2020-02-29) DayChanged(29) !DateValue
 key Ctrl+PageDown -> YearChanged(2021) !DateValue = 2021-02-28
 let DateValue 2021-01-31 -> DateChanged(2021-01-31) DayChanged(31) MonthChanged(1) !DateValue
 key PageDown -> MonthChanged(2) !DateValue = 2021-02-28
-let DateMin 2021-03-05 -> !DateValue !DateMin = 2021-03-01 {}
-let DateMax 2021-03-05 -> !DateMax; let FirstDayOfWeek 1 -> !FirstDayOfWeek
-let Enabled 0 -> !Enabled
+let DateMin 2021-03-05 -> !DateValue !DateMin = 2021-03-01 {}; let DateMax 2021-03-05 -> !DateMax
+let FirstDayOfWeek 1 -> !FirstDayOfWeek; let Enabled 0 -> !Enabled
 calendar; let ShowWeekend 0; let DateMin 2024-05-13; let DateMax 2024-06-10
-let DateValue 2024-06-28 -> DateChanged(2024-06-28) DayChanged(28) MonthChanged(6)
-key Right; key Down; key PageDown; key Ctrl+PageDown
-key Left -> DateChanged(2024-06-27) DayChanged(27)
+let DateValue 2024-06-28 -> DateChanged(2024-06-28) DayChanged(28) MonthChanged(6); key Right
+key Down; key PageDown; key Ctrl+PageDown; key Left -> DateChanged(2024-06-27) DayChanged(27)
 let DateValue 2024-06-03 -> DateChanged(2024-06-03) DayChanged(3)
 key Left -> DateChanged(2024-05-31) DayChanged(31) MonthChanged(5)
 let DateValue 2024-05-01 -> DateChanged(2024-05-01) DayChanged(1); key Left; key PageUp
 let DateValue 2024-06-01 -> DateChanged(2024-06-01) MonthChanged(6)
 key PageUp -> MonthChanged(5) = 2024-05-01; key Down -> DateChanged(2024-05-08) DayChanged(8)
 let DateValue 2024-06-23 -> DateChanged(2024-06-23) DayChanged(23) MonthChanged(6)
-key Down -> DateChanged(2024-06-30) DayChanged(30)
-let DateMin 200-01-01; let DateMax 4600-12-31
+key Down -> DateChanged(2024-06-30) DayChanged(30); let DateMin 200-01-01; let DateMax 4600-12-31
 let DateValue 0200-01-01 -> DateChanged(0200-01-01) DayChanged(1) MonthChanged(1) YearChanged(200)
 key Up
 let DateValue 4600-12-31 -> DateChanged(4600-12-31) DayChanged(31) MonthChanged(12)
@@ -102,26 +99,24 @@ let DateValue 2020-01-31 -> DateChanged(2020-01-31) DayChanged(31) MonthChanged(
 click 2,2 -> DateChanged(2019-12-31) MonthChanged(12) YearChanged(2019)
 let DateMin 2019-12-01; click 1,1
 calendar; drag 2,1 4,6 -> DateChanged(2024-05-18) DayChanged(18); drag 3,1 outside
-press 3,3 = {08,18} <3,3>; move 3,3 = {}; move 3,4 = {08,09} <3,4>
-move outside = {09,18} <4,6>; move title = {} <4,6>; move 4,6 = {18,18} <4,6>
-key Escape = <4,6>; move 3,3 = {} <4,6>; release 3,3 => MouseUp(1, 0, 100, 117)
-press 4,1 = <4,1>; lose = {13,18} <4,6>; release 4,1 => MouseUp(1, 0, 20, 143)
-press 4,2; let Enabled 0; let Enabled 1 = <4,6>; release 4,2 => MouseUp(1, 0, 60, 143)
-move 3,3 = {}
-calendar; let MonthYearSelStyle 1
-press MonthForward = {band} <4,3> ^MonthForward; move 3,3 = {band} <4,3>
+press 3,3 = {08,18} <3,3>; move 3,3 = {}; move 3,4 = {08,09} <3,4>; move outside = {09,18} <4,6>
+move title = {} <4,6>; move 4,6 = {18,18} <4,6>; key Escape = <4,6>; move 3,3 = {} <4,6>
+release 3,3 => MouseUp(1, 0, 100, 117); press 4,1 = <4,1>; lose = {13,18} <4,6>
+release 4,1 => MouseUp(1, 0, 20, 143); press 4,2; let Enabled 0; let Enabled 1 = <4,6>
+release 4,2 => MouseUp(1, 0, 60, 143); move 3,3 = {}
+calendar
+let MonthYearSelStyle 1; press MonthForward = {band} <4,3> ^MonthForward; move 3,3 = {band} <4,3>
 move MonthForward = {band} <4,3> ^MonthForward
 release MonthForward -> MonthChanged(6) = (2024-06) <>
-click YearBack -> YearChanged(2023) = (2023-06)
-click MonthBack -> MonthChanged(5) = (2023-05)
+click YearBack -> YearChanged(2023) = (2023-06); click MonthBack -> MonthChanged(5) = (2023-05)
 click YearForward -> YearChanged(2024) = (2024-05); drag MonthBack 3,3 = <4,3>
 drag YearBack MonthForward; drag 3,3 YearForward
 right YearBack; press YearForward = <4,3> ^YearForward; key Escape = {band} <4,3>
 release YearForward => MouseUp(1, 0, 268, 14)
 calendar; let MonthYearSelStyle 1; click MonthForward -> MonthChanged(6) = (2024-06)
 key Right -> DateChanged(2024-05-16) DayChanged(16) = (2024-06)
-key PageDown -> MonthChanged(7) = 2024-07-15; right title
-let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1)
+key PageDown -> MonthChanged(7) = 2024-07-15
+right title; let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1)
 click MonthForward -> MonthChanged(2) = (2024-02)
 right title; click MonthForward -> MonthChanged(3) = (2024-03)
 key Right -> DateChanged(2024-02-01) DayChanged(1) MonthChanged(2)
@@ -136,8 +131,8 @@ click 1,1 -> DateChanged(2024-01-29) DayChanged(29) MonthChanged(1)
 click YearBack -> YearChanged(2023) = (2023-01)
 let DateValue 2024-01-31 -> DateChanged(2024-01-31) DayChanged(31) MonthChanged(1) YearChanged(2024)
 let DateValue 2024-02-29 -> DateChanged(2024-02-29) DayChanged(29) MonthChanged(2)
-click YearForward -> YearChanged(2025) = (2025-02)
-key PageDown -> MonthChanged(3) = 2025-03-28; let DateMax 2024-08-01 = 2024-08-31
+click YearForward -> YearChanged(2025) = (2025-02); key PageDown -> MonthChanged(3) = 2025-03-28
+let DateMax 2024-08-01 = 2024-08-31
 let DateMin 2024-07-01; click MonthBack -> MonthChanged(7) = (2024-07)
 right title; click MonthBack; click YearForward
 let DateValue 2024-07-31 -> DateChanged(2024-07-31) MonthChanged(7)
@@ -158,15 +153,15 @@ list open; list Down = [8/2024]; list Escape -> MonthChanged(7)
 list Down -> DateChanged(2024-08-15) MonthChanged(8) = 2024-05-15 (2024-08)
 list wheel -> DateChanged(2024-09-15) MonthChanged(9) = 2024-05-15 (2024-09)
 list Up -> DateChanged(2024-08-15) MonthChanged(8) = 2024-05-15 (2024-08)
-let DateMax 2024-09-01
-list Down -> DateChanged(2024-09-15) MonthChanged(9) = 2024-05-15 (2024-09)
-list Down = [10/2024]; focus grid; key PageUp -> MonthChanged(8) = 2024-08-15
-turn; list Up -> DateChanged(2024-07-15) MonthChanged(7) = 2024-08-15 (2024-07)
-calendar; let MonthYearSelStyle 2
-type 2027 = [5/2027]; year Return -> YearChanged(2027) = (2027-05) {all}; year Return
-type 2999 = [5/2999]; year Escape; type 19x = [5/19x]; year Return -> YearChanged(2027)
-type 99999 = [5/99999]; year Return -> YearChanged(2027); year F5
-type 1999 = [5/1999]
+let DateMax 2024-09-01; list Down -> DateChanged(2024-09-15) MonthChanged(9) = 2024-05-15 (2024-09)
+list Down = [10/2024]; focus grid; key PageUp -> MonthChanged(8) = 2024-08-15; turn
+list Up -> DateChanged(2024-07-15) MonthChanged(7) = 2024-08-15 (2024-07)
+calendar
+let MonthYearSelStyle 2; type 2027 = [5/2027]; year Return -> YearChanged(2027) = (2027-05) {all}
+year Return; type 2999 = [5/2999]; year Escape
+type 19x = [5/19x]; year Return -> YearChanged(2027)
+type 99999 = [5/99999]; year Return -> YearChanged(2027)
+type 1999 = [5/1999]; year F5 = [5/1999]
 let MonthYearSelStyle 0; focus grid
 let MonthYearSelStyle 2; type 2024 = [5/2024]; focus grid -> YearChanged(2024) = (2024-05)
 type 2025 = [5/2025]
@@ -190,8 +185,7 @@ scroll page -> YearChanged(2025) = (2025-06)
 let DateValue 2023-01-31 -> DateChanged(2023-01-31) DayChanged(31) MonthChanged(1) YearChanged(2023)
 scroll back -> MonthChanged(12) YearChanged(2022) = (2022-12)
 scroll page -> YearChanged(2023) = (2023-12)
-let DateMax 2024-05-01; scroll page -> MonthChanged(5) YearChanged(2024) = (2024-05)
-scroll on
+let DateMax 2024-05-01; scroll page -> MonthChanged(5) YearChanged(2024) = (2024-05); scroll on
 box; watch; key Right -> DateChanged(2024-05-16) DayChanged(16) !DateValue
 key PageUp -> DateChanged(2024-04-16) MonthChanged(4) !DateValue
 key Ctrl+PageDown -> DateChanged(2025-04-16) YearChanged(2025) !DateValue; key A
@@ -204,8 +198,7 @@ box; let DateMin 2024-06-05 = 2024-06-01; key Left; let DateMax 2024-06-05; key 
 let ShowWeekend 0; let DateValue 2024-06-10; key Left -> DateChanged(2024-06-07) DayChanged(7)
 key Right -> DateChanged(2024-06-10) DayChanged(10); let DateValue 2024-06-28; key Right
 key F4 -> DropDown(False); key Right; key Left -> DateChanged(2024-06-27) DayChanged(27)
-let DateValue 2024-06-11; let DateMin 2023-06-01; let DateMax 2023-06-30 = 2023-06-30
-key PageDown
+let DateValue 2024-06-11; let DateMin 2023-06-01; let DateMax 2023-06-30 = 2023-06-30; key PageDown
 box; watch
 key F4 -> DropDown(False); key Right -> DateChanged(2024-05-16) !DateValue DayChanged(16)
 key Ctrl+PageUp -> DateChanged(2023-05-16) !DateValue YearChanged(2023)
@@ -225,8 +218,8 @@ box; turn; key Left -> DateChanged(2024-05-16) DayChanged(16)
 key F4 -> DropDown(False); click 3,7 -> DateChanged(2024-05-06) DayChanged(6) | CloseUp()
 box; key F4 -> DropDown(False); click 4,3 -> DayChanged(15) | CloseUp()
 key F4 -> DropDown(False); drag 4,4 outside -> | CloseUp()
-key F4 -> DropDown(False); drag 4,5 title; focus away -> CloseUp(); key F4 -> DropDown(False)
-drag title 4,6 -> DateChanged(2024-05-18) DayChanged(18) | CloseUp()
+key F4 -> DropDown(False); drag 4,5 title; focus away -> CloseUp()
+key F4 -> DropDown(False); drag title 4,6 -> DateChanged(2024-05-18) DayChanged(18) | CloseUp()
 key F4 -> DropDown(False); click outside => MouseDown(1, 0, -20, 100) CloseUp()
 key F4 -> DropDown(False); drag title outside -> | CloseUp()
 key F4 -> DropDown(False)
@@ -242,8 +235,7 @@ key Alt+Up => KeyDown(18, 4) CloseUp() KeyDown(38, 4) KeyUp(38, 4) KeyUp(18, 0)
 key Alt+Up -> DropDown(False); key Return -> CloseUp(); key Return; key Shift+F4
 key F4 -> DropDown(False); let Enabled 0 -> CloseUp(); key F4 =>; click box =>
 let DropDownState 1; let Enabled 1
-box; let DropDownState 1 -> DropDown(False); key F4 -> CloseUp()
-let DropDownState 0 -> CloseUp()
+box; let DropDownState 1 -> DropDown(False); key F4 -> CloseUp(); let DropDownState 0 -> CloseUp()
 answer DropDown 1; key F4 -> DropDown(False); let DropDownState 0 -> CloseUp()
 let DropDownState 1 -> DropDown(False); noanswer; key F4 -> CloseUp()
 answer KeyDown 40; key Left -> DateChanged(2024-05-22) DayChanged(22); noanswer
@@ -251,9 +243,8 @@ answer KeyDown 40; key Left -> DateChanged(2024-05-22) DayChanged(22); noanswer
 
 /// Of hosts that have `ExtendedNavigation`.
 inline constexpr std::string_view kExtendedScript = R"(
-calendar; wheel Down
-let ExtendedNavigation 1; key End -> DateChanged(2024-05-31) DayChanged(31); key End
-key PageDown -> DateChanged(2024-06-30) DayChanged(30) MonthChanged(6)
+calendar; wheel Down; let ExtendedNavigation 1; key End -> DateChanged(2024-05-31) DayChanged(31)
+key End; key PageDown -> DateChanged(2024-06-30) DayChanged(30) MonthChanged(6)
 key Left -> DateChanged(2024-06-29) DayChanged(29)
 key PageUp -> DateChanged(2024-05-29) MonthChanged(5)
 key Ctrl+PageDown -> DateChanged(2025-05-29) YearChanged(2025)
