@@ -1,8 +1,6 @@
 #include "tests/support/Refusals.h"
 #include "tests/support/TestCalendar.h"
 
-#include <limits>
-
 namespace velmora::test {
 namespace {
 

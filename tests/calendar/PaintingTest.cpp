@@ -2,12 +2,8 @@
 #include "tests/support/PropertyCases.h"
 #include "tests/support/RepaintWalk.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <climits>
 #include <fstream>
-#include <sstream>
 
 namespace velmora::test {
 namespace {
@@ -190,24 +186,22 @@ TEST(CalendarPainter, SurvivesPicturesThatCannotBeDrawn) {
     TestCalendar test;
     const auto himetric = Size{500, 500};
     const auto pixels = PatternPicture(PictureType::Bitmap, {1, 1})->Image();
-    struct Case {
-        PictureType type;
-        Size size;
-        std::shared_ptr<const PixelImage> image;
-        VmPictureAlignmentConstants alignment = VmPictTopLeft;
-    };
-    for (const Case& c : {Case{PictureType::None, {}, nullptr},
-                          {PictureType::Bitmap, himetric, nullptr},
-                          {PictureType::Bitmap, himetric, std::make_shared<PixelImage>()},
-                          {PictureType::Metafile, himetric, nullptr},
-                          {PictureType::Bitmap, {-5, 0}, pixels},
-                          {PictureType::Bitmap, {0, 900}, pixels, VmPictTile}}) {
-        test.calendar->DayPictureAlignment(c.alignment);
-        test.calendar->Days()->Item(9)->Picture(
-            std::make_shared<StdPicture>(c.type, c.size, c.image));
-        test.drawing.Forget();
-        EXPECT_EQ(test.Paint(), kNoFaults);
-        EXPECT_TRUE(test.drawing.Of("picture").empty());
+    const std::tuple<PictureType, Size, std::shared_ptr<const PixelImage>> pictures[] = {
+        {PictureType::None, {}, nullptr},
+        {PictureType::Bitmap, himetric, nullptr},
+        {PictureType::Bitmap, himetric, std::make_shared<PixelImage>()},
+        {PictureType::Metafile, himetric, nullptr},
+        {PictureType::Bitmap, {-5, 0}, pixels},
+        {PictureType::Bitmap, {0, 900}, pixels}};
+    for (const auto alignment : {VmPictTopLeft, VmPictTile}) {
+        test.calendar->DayPictureAlignment(alignment);
+        for (const auto& [type, size, image] : pictures) {
+            const auto picture = std::make_shared<StdPicture>(type, size, image);
+            test.calendar->Days()->Item(9)->Picture(picture);
+            test.drawing.Forget();
+            EXPECT_EQ(test.Paint(), kNoFaults);
+            EXPECT_TRUE(test.drawing.Of("picture").empty());
+        }
     }
     // A tile of one pixel advances nevertheless.
     test.calendar->Days()->Item(9)->Picture(PatternPicture(PictureType::Bitmap, {1, 1}));

@@ -1,12 +1,8 @@
 #include "VelmoraCalendar/VmCalDropDownWidget.h"
 #include "tests/hosts/WidgetSupport.h"
 
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QMetaEnum>
-
-#include <map>
 
 namespace velmora {
 namespace {

@@ -16,8 +16,6 @@
 #include <QTimer>
 
 #include <malloc.h>
-#include <chrono>
-#include <sstream>
 
 namespace velmora {
 namespace {

@@ -8,9 +8,7 @@
 #include <QPainter>
 #include <QScreen>
 
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace velmora::test {
 namespace {

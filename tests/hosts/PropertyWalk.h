@@ -15,7 +15,6 @@
 #include <set>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace velmora {
 

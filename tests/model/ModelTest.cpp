@@ -3,8 +3,6 @@
 #include "tests/support/Refusals.h"
 #include "tests/support/TestCalendar.h"
 
-#include <limits>
-
 namespace velmora {
 namespace {
 

@@ -4,10 +4,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace velmora::test {
 
@@ -139,22 +135,15 @@ inline std::vector<BoxLook> BoxLooks() {
         {"box_focused", kUsual, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},
         {"box_disabled", kUsual, [](TestBoxes& test) { test.a.control->Enabled(false); }},
         {"box_disabled_focused", kUsual,
-         [](TestBoxes& test) {
-             test.a.control->OnGotFocus();
-             test.a.control->Enabled(false);
-         }},
+         [](TestBoxes& test) { test.a.control->OnGotFocus(), test.a.control->Enabled(false); }},
         {"box_button_down", kUsual,
          [](TestBoxes& test) { test.a.control->OnMouseDown(1, 0, 140, 10); }},
         {"box_open", kUsual,
          [](TestBoxes& test) {
-             test.a.control->OnMouseDown(1, 0, 140, 10);
-             test.a.control->OnMouseUp(1, 0, 140, 10);
+             test.a.control->OnMouseDown(1, 0, 140, 10), test.a.control->OnMouseUp(1, 0, 140, 10);
          }},
         {"box_right_to_left", kUsual,
-         [](TestBoxes& test) {
-             test.a.window->rightToLeft = true;
-             test.a.control->OnGotFocus();
-         }},
+         [](TestBoxes& test) { test.a.window->rightToLeft = true, test.a.control->OnGotFocus(); }},
         {"box_tall", {120, 44}, [](TestBoxes&) {}},
         {"box_18_wide", {18, 22}, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},
         {"box_5_wide", {5, 22}, [](TestBoxes& test) { test.a.control->OnGotFocus(); }},

@@ -6,15 +6,7 @@
 #include "tests/support/Refusals.h"
 #include "tests/support/StoreCases.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdint>
-#include <map>
-#include <memory>
 #include <span>
-#include <string>
-#include <vector>
 
 /// The table of properties, walked over anything of the core that has them by name.
 namespace velmora::test {

@@ -3,7 +3,6 @@
 #include "tests/support/Looks.h"
 #include "tests/support/PropertyTable.h"
 
-#include <iterator>
 #include <random>
 
 namespace velmora::test {

@@ -72,11 +72,7 @@ TEST_F(Hosts, TabGoesThroughTheSelectorsAndOn) {
         if (GetFocus() == site.ControlWindow()) return std::string("grid ");
         return site.IsUIActive() ? ToUtf8(name) + ' ' : "box ";
     };
-    const struct {
-        int style;
-        std::initializer_list<WORD> keys;
-        const char* path;
-    } cases[] = {
+    const std::tuple<int, std::vector<WORD>, const char*> cases[] = {
         {0, {VK_TAB}, "box "},
         {1, {VK_TAB, kBack}, "box grid "},
         {2,
@@ -84,17 +80,17 @@ TEST_F(Hosts, TabGoesThroughTheSelectorsAndOn) {
          "ComboBox Edit ComboBox grid ComboBox Edit box "},
         {2, {VK_TAB, VK_F4, VK_DOWN, VK_TAB}, "ComboBox ComboBox ComboBox Edit "},
         {3, {VK_TAB, VK_RIGHT, VK_TAB}, "ScrollBar ScrollBar Calendar.MonthChanged(4) box "}};
-    for (const auto& c : cases) {
-        PutProperty(site.Control(), "MonthYearSelStyle", Value(c.style));
+    for (const auto& [style, keys, wanted] : cases) {
+        PutProperty(site.Control(), "MonthYearSelStyle", Value(style));
         FocusOn(site);
         std::string path;
-        for (const WORD key : c.keys) {
+        for (const WORD key : keys) {
             path += type(key);
             for (const std::string& event : TakeEvents()) {
                 if (event.find(".Key") == std::string::npos) path += event + ' ';
             }
         }
-        EXPECT_EQ(path, c.path);
+        EXPECT_EQ(path, wanted);
     }
 }
 

@@ -3,15 +3,11 @@
 #include "tests/activex/component/ComponentTest.h"
 #include "tests/support/Refusals.h"
 
-#include <gtest/gtest.h>
 #include <bit>
 #include <fstream>
-#include <limits>
 #include <regex>
 #include <set>
 #include <sstream>
-#include <string>
-#include <utility>
 
 namespace velmora {
 namespace {

@@ -6,8 +6,6 @@
 #include "tests/activex/component/ComponentTest.h"
 #include "tests/support/PageScript.h"
 
-#include <algorithm>
-
 namespace velmora {
 namespace {
 
