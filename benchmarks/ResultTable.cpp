@@ -42,6 +42,7 @@ constexpr int kTargetWidth = -24;
 }  // namespace
 
 bool ResultTable::Row::Meets(const Target& target) const {
+    if (target.of == Side::Velmora) return Value(target.of) <= target.most;
     return Value(target.of) > 0 && Value(Side::Velmora) <= target.most * Value(target.of);
 }
 
@@ -118,6 +119,10 @@ std::string ResultTable::Line(const Row& row) {
     std::string wanted;
     for (const Target& target : row.targets) {
         if (!wanted.empty()) wanted += ", ";
+        if (target.of == Side::Velmora) {
+            wanted += "<= " + AmountText(target.most, row.unit);
+            continue;
+        }
         wanted += "/ " + std::string(kSideTitles[static_cast<std::size_t>(target.of)]) +
                   Formatted(" <= %.2f", target.most);
     }

@@ -11,7 +11,8 @@ namespace velmora {
 enum class Side { Velmora, Fill, Cells, Qt };
 inline constexpr int kSideCount = 4;
 
-/// What is wanted of a row: ours is at most that multiple of another side's of the same run.
+/// What is wanted of a row: ours is at most that multiple of another side's of the same run, or, of
+/// `Side::Velmora`, at most that amount.
 struct Target {
     Side of;
     double most;
