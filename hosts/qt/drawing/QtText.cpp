@@ -53,7 +53,7 @@ TextLine LayOut(const FontFace& face, std::string_view text) {
     layout.endLayout();
     TextLine result;
     if (!line.isValid()) return result;
-    result.runs = layout.glyphRuns();
+    result.runs = line.glyphRuns();
     result.ascent = line.ascent();
     result.width = static_cast<int>(std::ceil(std::min(line.naturalTextWidth(), qreal{kFarthest})));
     result.bars = Bars(face, result.width);
