@@ -71,9 +71,6 @@ protected:
     }
     Part& Of(QWidget* widget) { return *QAccessible::queryAccessibleInterface(widget); }
     Part& Day(int row, int column) { return *Of(calendar).tableInterface()->cellAt(row, column); }
-    static void Press(Part& part) {
-        part.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    }
 
     QWidget window;
     QPointer<Widget> calendar;
@@ -109,7 +106,7 @@ TEST_F(Access, TreeIsThatOfWhatIsShown) {
 TEST_F(Access, CellsEndWithTheirCalendar) {
     const QAccessible::Id cell = QAccessible::uniqueId(&Day(0, 0));
     QObject::connect(calendar, &Widget::dayChanged, calendar, [this] { delete calendar.data(); });
-    Press(Day(1, 1));
+    Day(1, 1).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_FALSE(calendar);
     EXPECT_EQ(QAccessible::accessibleInterface(cell), nullptr);
 }

@@ -62,8 +62,7 @@ TEST(VmCalendarWidget, KeysAreAcceptedWhenUsed) {
     EXPECT_TRUE(SendKey(widget, Qt::Key_Right));
     EXPECT_FALSE(SendKey(widget, Qt::Key_A, "a"));
     auto* const year = widget->findChild<QLineEdit*>();
-    for (QWidget* const child :
-         {static_cast<QWidget*>(widget->findChild<QComboBox*>()), static_cast<QWidget*>(year)}) {
+    for (QWidget* const child : QWidgetList{widget->findChild<QComboBox*>(), year}) {
         child->setFocus();
         for (const int key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End}) {
             EXPECT_TRUE(SendKey(child, key)) << key;
@@ -248,9 +247,7 @@ TEST(VmCalendarWidget, SizesFollowTheFont) {
         Prepare(window);
         const QSize least = calendar.minimumSizeHint(), usual = calendar.sizeHint();
         const QSize small = box.sizeHint();
-        for (QWidget* const widget :
-             {static_cast<QWidget*>(&calendar), static_cast<QWidget*>(&box)})
-            grow(*widget);
+        for (QWidget* const widget : QWidgetList{&calendar, &box}) grow(*widget);
         QApplication::processEvents();
         EXPECT_EQ(calendar.dayFont().pointSize(), 30);
         EXPECT_EQ(calendar.monthFont().pointSize(), 8);

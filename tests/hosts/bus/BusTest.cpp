@@ -76,8 +76,7 @@ TEST(Bus, ReaderReadsHearsAndActs) {
     auto* const box = new VmCalDropDownWidget(&window);
     calendar->setAccessibleName("Departure");
     box->setAccessibleName("Arrival");
-    for (QWidget* const child : {static_cast<QWidget*>(calendar), static_cast<QWidget*>(box)})
-        Prepare(*child);
+    for (QWidget* const child : QWidgetList{calendar, box}) Prepare(*child);
     box->setGeometry(0, 230, 120, 24);
     calendar->setMonthYearSelStyle(Widget::MonthSelArrows);
     calendar->setDateMin(QDate(2024, 5, 1));
