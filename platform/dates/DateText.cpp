@@ -109,6 +109,10 @@ std::size_t SpaceLength(std::string_view text) noexcept {
 }
 
 std::string WithPlainDigits(std::string_view text) {
+    const auto isAscii = [](char character) {
+        return static_cast<unsigned char>(character) < 0x80;
+    };
+    if (std::all_of(text.begin(), text.end(), isAscii)) return std::string(text);
     std::string plain;
     while (!text.empty()) {
         const Character character = CharacterAt(text);
