@@ -267,6 +267,9 @@ TEST(VmCalDropDownWidget, PropertiesFollowTheTable) {
     ExpectFollowsTheTable<Box>(test::kBoxRows,
                                {"classicLook", "date", "dropDownState", "extendedNavigation",
                                 "keepDropDownOnScreen", "oleDropMode"});
+    Box box;
+    box.dropDownBox().DateValue(Date(45000 + 0.999'999'999));
+    EXPECT_EQ(box.dateValue(), QDateTime(QDate(2023, 3, 15), QTime(23, 59, 59, 999)));
 }
 
 TEST(VmCalDropDownWidget, WhateverHappensToTheBoxEndsItsCalendar) {
