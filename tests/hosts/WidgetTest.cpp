@@ -86,10 +86,14 @@ TEST(VmCalendarWidget, TabReachesTheSelectorsOfEveryStyle) {
         QWidget window;
         auto* const widget = new Widget(&window);
         auto* const behind = new QLineEdit(&window);
-        widget->setMonthYearSelStyle(style);
         Prepare(window);
         Prepare(*widget);
         window.activateWindow();
+        widget->setMonthYearSelStyle(style);
+        Prepare(*widget);
+        behind->setFocus();
+        SendKey(behind, Qt::Key_Backtab);
+        EXPECT_EQ(QApplication::focusWidget() == widget, *selectors == '\0');
         widget->setFocus();
         SendKey(widget, Qt::Key_Tab);
         std::string reached;
