@@ -4,6 +4,7 @@
 #include "platform/dates/Date.h"
 
 #include <QAbstractSlider>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -26,7 +27,7 @@ QString BarAccess::text(QAccessible::Text kind) const {
         return kind == QAccessible::Value ? QString::number(-m_bar.value()) : own;
     }
     const DayNumber shown = AddMonths(DayFromCivil(1899, 12, 1), m_bar.value());
-    const QString month =
+    QString month =
         m_bar.locale().standaloneMonthName(MonthOf(shown)) + u' ' + QString::number(YearOf(shown));
     if (kind == QAccessible::Value) return month;
     return kind == QAccessible::Name && kIsValueInName ? own + QStringLiteral(", ") + month : own;

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -12,10 +13,7 @@ constexpr std::size_t kMostScratchPixels = (16u << 20) / sizeof(std::uint32_t);
 constexpr int kMostKeptPixels = 1 << 18;  // of a scaled picture
 
 bool IsOpaque(const PixelImage& image) {
-    for (const std::uint32_t pixel : image.pixels) {
-        if (pixel < 0xFF000000) return false;
-    }
-    return true;
+    return std::ranges::all_of(image.pixels, [](auto pixel) { return pixel >= 0xFF000000; });
 }
 
 QImage ToImage(const PixelImage& image) {

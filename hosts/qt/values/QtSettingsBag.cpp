@@ -8,8 +8,6 @@
 #include <QStringList>
 #include <QVariant>
 
-#include <utility>
-
 namespace velmora {
 namespace {
 
@@ -40,7 +38,7 @@ Variant ToValue(const QVariant& stored) {
 }  // namespace
 
 QtSettingsBag::QtSettingsBag(QSettings& settings, QString group)
-    : m_settings(settings), m_prefix(group.isEmpty() ? QString() : std::move(group) + '/') {}
+    : m_settings(settings), m_prefix(group.isEmpty() ? QString() : group + u'/') {}
 
 QString QtSettingsBag::KeyOf(std::string_view name) const { return m_prefix + ToQString(name); }
 

@@ -15,6 +15,7 @@ namespace {
 
 /// A child control of one kind. The widget may be gone already: every operation copes with that.
 template <class Interface, class Widget>
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): it is, by that of the interface
 class QtChild : public Interface {
 public:
     QtChild(Widget* widget, const QString& accessibleName) : m_widget(widget) {
