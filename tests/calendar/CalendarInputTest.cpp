@@ -34,6 +34,16 @@ TEST(CalendarKeyboard, SaysOnReturnWhetherTheKeyIsUsed) {
     EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 31));
 }
 
+TEST(CalendarMouse, ADragTakesTheRelease) {
+    TestCalendar test;
+    const auto [x, y] = CenterOf(*test.calendar, Day(2020, 3, 20));
+    test.calendar->OnMouseDown(1, 0, static_cast<float>(x), static_cast<float>(y));
+    test.calendar->OleDrag();
+    test.calendar->OnMouseUp(1, 0, static_cast<float>(x), static_cast<float>(y));
+    EXPECT_EQ(DayOf(test.calendar->SelectedDate()), Day(2020, 3, 15));
+    EXPECT_FALSE(test.captured);
+}
+
 TEST(CalendarKeyboard, KeepsTheTimeOfDay) {
     TestCalendar test;
     test.calendar->DateValue(DateOf(Day(2020, 3, 20), 0.75));
