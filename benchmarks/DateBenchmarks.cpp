@@ -18,21 +18,23 @@ void HitTest(benchmark::State& state) {
     calendar.resize(250, 200);
     calendar.show();
     int x = 0;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         x = (x + 7) % 250;
-        benchmark::DoNotOptimize(calendar.calendar().DateFromPoint(static_cast<float>(x),
-                                                                   static_cast<float>(x / 2 + 60)));
+        const int y = x / 2 + 60;
+        benchmark::DoNotOptimize(
+            calendar.calendar().DateFromPoint(static_cast<float>(x), static_cast<float>(y)));
     }
 }
 
 void AddMonthsVelmora(benchmark::State& state) {
     DayNumber day = 45000;
-    for (auto step : state) benchmark::DoNotOptimize(day = AddMonths(day, day % 2 ? 13 : -13));
+    for ([[maybe_unused]] auto step : state)
+        benchmark::DoNotOptimize(day = AddMonths(day, day % 2 ? 13 : -13));
 }
 
 void AddMonthsQt(benchmark::State& state) {
     QDate day(2023, 3, 15);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         day = day.addMonths(day.toJulianDay() % 2 ? 13 : -13);
         benchmark::DoNotOptimize(day);
     }
@@ -40,12 +42,12 @@ void AddMonthsQt(benchmark::State& state) {
 
 void CivilVelmora(benchmark::State& state) {
     DayNumber day = 45000;
-    for (auto step : state) benchmark::DoNotOptimize(CivilOf(++day));
+    for ([[maybe_unused]] auto step : state) benchmark::DoNotOptimize(CivilOf(++day));
 }
 
 void CivilQt(benchmark::State& state) {
     QDate day(2023, 3, 15);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         day = day.addDays(1);
         int year = 0, month = 0, dayOfMonth = 0;
         day.getDate(&year, &month, &dayOfMonth);
@@ -55,7 +57,7 @@ void CivilQt(benchmark::State& state) {
 
 void FormatVelmora(benchmark::State& state) {
     const Dates dates(std::make_shared<const DateLocale>(), [] { return Date(45000); });
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         benchmark::DoNotOptimize(dates.Format(Date(45000), "dddd, mmmm d, yyyy"));
     }
 }
@@ -63,7 +65,7 @@ void FormatVelmora(benchmark::State& state) {
 void FormatQt(benchmark::State& state) {
     const QLocale locale(QLocale::English, QLocale::UnitedStates);
     const QDate date(2023, 3, 15);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         benchmark::DoNotOptimize(locale.toString(date, QStringLiteral("dddd, MMMM d, yyyy")));
     }
 }
@@ -75,7 +77,7 @@ void HitTestQt(benchmark::State& state) {
     calendar.show();
     const auto& cells = *calendar.findChild<QTableView*>();
     int x = 0;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         x = (x + 7) % 250;
         benchmark::DoNotOptimize(cells.indexAt({x, x / 2 + 30}));
     }
@@ -83,7 +85,7 @@ void HitTestQt(benchmark::State& state) {
 
 void GridVelmora(benchmark::State& state) {
     DayNumber day = 45000;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         const MonthGrid grid({.shownDate = day += 31, .cellWidth = 29, .rowHeight = 20});
         for (DayNumber cell = day - 21; cell < day + 21; ++cell) {
             benchmark::DoNotOptimize(CivilOf(cell));
@@ -96,7 +98,7 @@ void GridVelmora(benchmark::State& state) {
 void GridStandard(benchmark::State& state) {
     using namespace std::chrono;
     sys_days day{days(19432)};
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         day += days(31);
         const year_month_day shown(day);
         for (sys_days cell = day - days(21); cell < day + days(21); cell += days(1)) {
@@ -109,12 +111,13 @@ void GridStandard(benchmark::State& state) {
 
 void ParseIsoVelmora(benchmark::State& state) {
     const Dates dates(std::make_shared<const DateLocale>(), [] { return Date(45000); });
-    for (auto step : state) benchmark::DoNotOptimize(dates.TryParse("2023-03-15"));
+    for ([[maybe_unused]] auto step : state) benchmark::DoNotOptimize(dates.TryParse("2023-03-15"));
 }
 
 void ParseIsoQt(benchmark::State& state) {
     const QString text = QStringLiteral("2023-03-15");
-    for (auto step : state) benchmark::DoNotOptimize(QDate::fromString(text, Qt::ISODate));
+    for ([[maybe_unused]] auto step : state)
+        benchmark::DoNotOptimize(QDate::fromString(text, Qt::ISODate));
 }
 
 struct Entry {

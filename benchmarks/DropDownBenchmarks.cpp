@@ -28,7 +28,7 @@ void OpenBox(benchmark::State& state) {
     box.setDateValue(QDateTime(kShownDate, QTime(0, 0)));
     ShowNow(window);
     QtDropDownForm& form = *QtDropDownForm::Shared();
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         Send(box, Qt::Key_F4);
         QCoreApplication::processEvents();
         if (!form.isVisible()) return state.SkipWithError("nothing has opened");
@@ -47,7 +47,7 @@ void OpenDateEdit(benchmark::State& state) {
     edit.resize(150, 24);
     ShowNow(window);
     const QPointF arrow(140, 12);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         QMouseEvent press(QEvent::MouseButtonPress, arrow, edit.mapToGlobal(arrow), Qt::LeftButton,
                           Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&edit, &press);
@@ -66,7 +66,7 @@ void ShowEmptyWindow(benchmark::State& state) {
     QWidget window(nullptr, Qt::ToolTip);
     window.setAttribute(Qt::WA_OpaquePaintEvent);
     window.resize(250, 200);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         window.show();
         QCoreApplication::processEvents();
         state.PauseTiming();
@@ -83,7 +83,7 @@ void LoadAndRepaint(benchmark::State& state) {
     const Dates dates(DateLocaleOf(QLocale()), LocalNow);
     CProperties properties(dates);
     properties.DateValue(Variant(ToDate(kShownDate)));
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         calendar.calendar().SetProps(properties);
         calendar.render(&canvas);
     }

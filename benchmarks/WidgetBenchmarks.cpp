@@ -56,7 +56,7 @@ void Measure(benchmark::State& state, QWidget& window, Work work) {
         }
     }
     int round = 0;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         work(round);
         round = 1 - round;
     }
@@ -101,7 +101,7 @@ void FullRepaint(benchmark::State& state, Scene scene) {
 void FillAndCopy(benchmark::State& state, Scene scene) {
     QImage back = CanvasOf(scene.size, scene.ratio);
     QImage canvas = CanvasOf(scene.size, scene.ratio);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         back.fill(Qt::lightGray);
         QPainter(&canvas).drawImage(0, 0, back);
         benchmark::DoNotOptimize(canvas.bits());
@@ -112,7 +112,7 @@ void FillAndCopy(benchmark::State& state, Scene scene) {
 void PaintPlainGrid(benchmark::State& state, Scene scene) {
     QImage canvas = CanvasOf(scene.size, scene.ratio);
     const PlainGrid grid(scene.size);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         QPainter painter(&canvas);
         for (int i = 0; i < 42; ++i) {
             grid.PaintCell(painter, i, scene.decor, QStringLiteral("Meeting"));
@@ -143,7 +143,7 @@ void RepaintNewCaptions(benchmark::State& state, int ratio) {
 void PaintNewTexts(benchmark::State& state, int ratio) {
     QImage canvas = CanvasOf(kUsualSize, ratio);
     const PlainGrid grid(kUsualSize);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         QPainter painter(&canvas);
         for (int i = 0; i < 42; ++i) grid.PaintCell(painter, i, Decor::Captions, NewCaption());
         benchmark::DoNotOptimize(canvas.constBits());

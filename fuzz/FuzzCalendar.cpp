@@ -17,7 +17,8 @@ void Check(TestCalendar& test) {
     const VmDays& days = *test.calendar->Days();
     const DayNumber first = FirstOfMonth(DayOf(test.calendar->ShownDate()));
     if (days.Count() != DayOfMonth(LastOfMonth(first))) Fail("Days has another month's length");
-    for (std::int16_t i = 1; i <= days.Count(); ++i) {
+    const auto count = static_cast<std::int16_t>(days.Count());
+    for (std::int16_t i = 1; i <= count; ++i) {
         if (DayOf(days.Item(i)->DayDate()) != first + i - 1) Fail("Days is another month");
     }
     if (!test.drawing.faults.empty()) Fail(test.drawing.faults.front());

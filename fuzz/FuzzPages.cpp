@@ -54,11 +54,13 @@ public:
                     if (place < m_pages.size()) m_pages[place]->OnEdited(i);
                 };
                 switch (page->fields[i].kind) {
-                    case FieldKind::List: controls.push_back(static_cast<PageList*>(&field)); break;
-                    case FieldKind::CheckBox:
-                        controls.push_back(static_cast<PageCheckBox*>(&field));
+                    case FieldKind::List:
+                        controls.emplace_back(static_cast<PageList*>(&field));
                         break;
-                    default: controls.push_back(static_cast<PageText*>(&field));
+                    case FieldKind::CheckBox:
+                        controls.emplace_back(static_cast<PageCheckBox*>(&field));
+                        break;
+                    default: controls.emplace_back(static_cast<PageText*>(&field));
                 }
             }
             m_pages.push_back(std::make_unique<PropertyPage>(*page, controls, m_site, dates));

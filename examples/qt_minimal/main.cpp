@@ -9,5 +9,5 @@ int main(int argc, char** argv) {
     QObject::connect(&calendar, &velmora::VmCalendarWidget::dateValueChanged,
                      [](QDate date) { qInfo() << "selected" << date; });
     calendar.show();
-    return application.exec();
+    return QApplication::exec();
 }

@@ -35,7 +35,7 @@ void BoxAccess::TellNews() {
 }
 
 QString BoxAccess::text(QAccessible::Text kind) const {
-    const QString shown = m_alive ? ToQString(m_box.Text()) : QString();
+    QString shown = m_alive ? ToQString(m_box.Text()) : QString();
     if (kind == QAccessible::Value) return shown;
     if (kind == QAccessible::Name && kIsValueInName) return NameAnd(shown);
     return DateWidgetAccess::text(kind);

@@ -191,19 +191,19 @@ ObjectHandle QtDrawing::SelectObject(SurfaceHandle surface, ObjectHandle object)
     return gdi::HandleOf(CanvasOf(surface)->Select(*ObjectOf(object)));
 }
 
-void QtDrawing::DeleteObject(ObjectHandle handle) {
-    gdi::GdiObject* const object = ObjectOf(handle);
-    if (object == nullptr || gdi::StockObjects::Instance().Owns(object)) return;
-    if (object->kind == gdi::GdiObject::Kind::Picture) return;  // lives with its image
-    const auto* const bitmap = As<gdi::Bitmap>(object);
+void QtDrawing::DeleteObject(ObjectHandle object) {
+    gdi::GdiObject* const made = ObjectOf(object);
+    if (made == nullptr || gdi::StockObjects::Instance().Owns(made)) return;
+    if (made->kind == gdi::GdiObject::Kind::Picture) return;  // lives with its image
+    const auto* const bitmap = As<gdi::Bitmap>(made);
     if (bitmap != nullptr && bitmap->Entered()) return;
-    delete object;
+    delete made;
 }
 
-void QtDrawing::FillRect(SurfaceHandle surface, const Rect& rect, ObjectHandle handle) {
-    const auto* const brush = As<gdi::Brush>(ObjectOf(handle));
-    if (surface != SurfaceHandle::None && brush != nullptr) {
-        CanvasOf(surface)->Fill(rect, brush->color);
+void QtDrawing::FillRect(SurfaceHandle surface, const Rect& rect, ObjectHandle brush) {
+    const auto* const made = As<gdi::Brush>(ObjectOf(brush));
+    if (surface != SurfaceHandle::None && made != nullptr) {
+        CanvasOf(surface)->Fill(rect, made->color);
     }
 }
 
