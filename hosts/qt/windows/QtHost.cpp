@@ -47,7 +47,7 @@ Point ToPoint(QPoint point) { return {point.x(), point.y()}; }
 }  // namespace
 
 QtWindowing::QtWindowing(QWidget& widget, SelectorInput* input)
-    : m_widget(widget), m_input(input), m_knownEnabled(Enabled()) {}
+    : m_widget(widget), m_input(input), m_knownEnabled(QtWindowing::Enabled()) {}
 
 QtWindowing::~QtWindowing() = default;
 
@@ -152,7 +152,7 @@ std::unique_ptr<ScrollBar> QtWindowing::CreateDateScroll() {
 
 FontRef QtHosting::AmbientFont() const {
     std::erase_if(m_ambient, [](const auto& each) { return each.font.expired(); });
-    const auto font = std::make_shared<StdFont>(ToStdFont(m_widget.font()));
+    auto font = std::make_shared<StdFont>(ToStdFont(m_widget.font()));
     m_ambient.push_back({font, ToQFont(*font)});
     return font;
 }
