@@ -25,7 +25,7 @@ Qt::DropAction DragAndDrop(QPointer<QWidget> widget, const QMimeData& content,
     }
     QDropEvent drop(at, actions, &content, Qt::LeftButton, {});
     QApplication::sendEvent(widget, &drop);
-    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+    return drop.isAccepted() ? drop.dropAction() : Qt::ActionMask;  // promised, and not taken
 }
 
 Qt::DropAction DropText(QWidget& widget, const char* text,
