@@ -67,8 +67,11 @@ CalendarDescription DescribeCalendar(const CalendarView& view) {
         description.weekDays.push_back({WeekDayName(view, column, "dddd"),
                                         {cells.left, row.top, cells.right + 1, row.bottom}});
     }
-    for (DayNumber day = grid.FirstVisible(); day <= grid.LastVisible(); ++day) {
-        if (auto cell = DescribeDay(view, day)) description.days.push_back(*std::move(cell));
+    for (int row = 0; row < kGridRows; ++row) {
+        for (int column = 0; column < grid.ColumnCount(); ++column) {
+            auto cell = DescribeDay(view, grid.DayAt(row, column));
+            if (cell) description.days.push_back(*std::move(cell));
+        }
     }
     return description;
 }

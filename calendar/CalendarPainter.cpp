@@ -333,13 +333,16 @@ void CalendarPainter::PaintColumnLines(SurfaceHandle surface, const OwnedObject&
 
 template <class Paint>
 void CalendarPainter::ForEachCell(std::span<const Rect> exposed, Paint paint) {
-    for (DayNumber day = m_grid.FirstVisible(); day <= m_grid.LastVisible(); ++day) {
-        const auto cell = m_grid.DayCellRect(day);
-        if (!cell) continue;
-        const Rect area = Exclusive(*cell);
-        if (std::any_of(exposed.begin(), exposed.end(),
-                        [&](const Rect& rect) { return Intersects(rect, area); })) {
-            paint(day, *cell);
+    const auto isExposed = [&](const Rect& area) {
+        return std::any_of(exposed.begin(), exposed.end(),
+                           [&](const Rect& rect) { return Intersects(rect, area); });
+    };
+    for (int row = 0; row < kGridRows; ++row) {
+        const Rect rows = m_grid.RowRect(row);
+        if (!isExposed({0, rows.top, m_view.layout.client.width, rows.bottom + 1})) continue;
+        for (int column = 0; column < m_grid.ColumnCount(); ++column) {
+            const Rect cell = m_grid.CellRect(row, column);
+            if (isExposed(Exclusive(cell))) paint(m_grid.DayAt(row, column), cell);
         }
     }
 }

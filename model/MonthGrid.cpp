@@ -90,9 +90,13 @@ std::optional<Rect> MonthGrid::DayCellRect(DayNumber day) const noexcept {
     if (!m_shape.showWeekend && IsWeekend(day)) return std::nullopt;
     const int row = RowOf(day);
     if (row < 0 || row >= kGridRows) return std::nullopt;
-    const Rect columns = ColumnRect(ColumnOf(day));
+    return CellRect(row, ColumnOf(day));
+}
+
+Rect MonthGrid::CellRect(int row, int column) const noexcept {
+    const Rect columns = ColumnRect(column);
     const Rect rows = RowRect(row);
-    return Rect{columns.left, rows.top, columns.right, rows.bottom};
+    return {columns.left, rows.top, columns.right, rows.bottom};
 }
 
 Rect MonthGrid::RowRect(int row) const noexcept {
@@ -119,7 +123,7 @@ std::optional<DayNumber> MonthGrid::DateFromPoint(float x, float y) const noexce
     if (column >= ColumnCount() || !PtInCellRect(cell, static_cast<float>(across), y)) {
         return std::nullopt;
     }
-    return m_first - m_firstColumn + 7 * (row - m_firstRowOffset) + column;
+    return DayAt(row, column);
 }
 
 }  // namespace velmora

@@ -59,15 +59,13 @@ public:
     /// The date whose cell holds the point, or nothing.
     std::optional<DayNumber> DateFromPoint(float x, float y) const noexcept;
 
-    /// The first and the last date that can have a cell, for walks of the grid.
-    DayNumber FirstVisible() const noexcept { return m_first - kMargin; }
-    DayNumber LastVisible() const noexcept { return m_last + kMargin; }
+    /// What is in the cell of a row 0..5 and a column, which is counted from the week's first day.
+    DayNumber DayAt(int row, int column) const noexcept {
+        return m_first - m_firstColumn + 7 * (row - m_firstRowOffset) + column;
+    }
+    Rect CellRect(int row, int column) const noexcept;
 
 private:
-    /// The most days of a neighbouring month that the grid can show: a week above the first row and
-    /// six days beside the first.
-    static constexpr int kMargin = 13;
-
     Rect ColumnFromStart(int column) const noexcept;
 
     GridShape m_shape;
