@@ -134,18 +134,29 @@ void Canvas::InvertDots(const Rect& rect) {
     if (IsEmpty(frame)) return;
     const Rect clip = DeviceClip();
     std::vector<Rect> dots;
-    const auto add = [&](std::int32_t x, std::int32_t y) {
-        const Rect dot = Intersect(Device(Rect{x, y, x + 1, y + 1}), clip);
-        if (((x + y) & 1) == 0 && !IsEmpty(dot)) dots.push_back(dot);
+    dots.reserve(static_cast<std::size_t>(frame.Width() + frame.Height()));
+    const auto add = [&](const Rect& dot) {
+        if (const Rect inside = Intersect(dot, clip); !IsEmpty(inside)) dots.push_back(inside);
     };
-    for (std::int32_t x = frame.left; x < frame.right; ++x) {
-        add(x, frame.top);
-        if (frame.bottom - 1 != frame.top) add(x, frame.bottom - 1);
-    }
-    for (std::int32_t y = frame.top + 1; y < frame.bottom - 1; ++y) {
-        add(frame.left, y);
-        if (frame.right - 1 != frame.left) add(frame.right - 1, y);
-    }
+    const auto addRow = [&](std::int32_t y) {
+        const std::int32_t top = Device(y);
+        const std::int32_t bottom = Device(y + 1);
+        for (std::int32_t x = frame.left + ((frame.left + y) & 1); x < frame.right; x += 2) {
+            add({Device(x), top, Device(x + 1), bottom});
+        }
+    };
+    const auto addColumn = [&](std::int32_t x) {
+        const std::int32_t left = Device(x);
+        const std::int32_t right = Device(x + 1);
+        const std::int32_t below = frame.top + 1;
+        for (std::int32_t y = below + ((x + below) & 1); y < frame.bottom - 1; y += 2) {
+            add({left, Device(y), right, Device(y + 1)});
+        }
+    };
+    addRow(frame.top);
+    if (frame.bottom - 1 != frame.top) addRow(frame.bottom - 1);
+    addColumn(frame.left);
+    if (frame.right - 1 != frame.left) addColumn(frame.right - 1);
     InvertDevice(dots);
 }
 
@@ -395,7 +406,7 @@ void DirectCanvas::FillDevice(const Rect& box, std::uint32_t color) {
 
 void DirectCanvas::InvertDevice(std::span<const Rect> boxes) {
     for (const Rect& box : boxes) {
-        InParts(box, [&](const Rect& inside) { PixelCanvas::InvertDevice({&inside, 1}); });
+        InParts(box, [&](const Rect& inside) { InvertPixels(m_pixels, inside); });
     }
 }
 
