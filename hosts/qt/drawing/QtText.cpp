@@ -48,6 +48,7 @@ TextLine LayOut(const FontFace& face, std::string_view text) {
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::NoWrap);
     layout.setTextOption(option);
+    layout.setCacheEnabled(true);  // else all is laid out once more for the glyphs
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
