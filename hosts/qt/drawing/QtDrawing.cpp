@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <new>
+#include <vector>
 
 namespace velmora {
 namespace {
@@ -88,8 +89,8 @@ QColor DisabledText(const QPalette& palette) {
     return text;
 }
 
-/// What takes computing, of the palette that was asked last. In palettes of high contrast the
-/// shades are all the ground's: there `edge` takes the place of those that are not seen on it.
+/// What of a palette takes computing. In palettes of high contrast the shades are all the ground's:
+/// there `edge` takes the place of those that are not seen on it.
 struct Shades {
     qint64 palette;  // by its cache key
     QColor disabledText;
@@ -106,8 +107,10 @@ struct Shades {
 };
 
 const Shades& ShadesOf(const QPalette& palette) {
-    static Shades last{-1, {}, true, true, {}};
-    if (last.palette == palette.cacheKey()) return last;
+    constexpr std::size_t kMost = 4;  // boxes and open calendars mostly have palettes of their own
+    static std::vector<Shades> kept;
+    const auto known = std::ranges::find(kept, palette.cacheKey(), &Shades::palette);
+    if (known != kept.end()) return *known;
     const auto color = [&](QPalette::ColorRole role) {
         return palette.color(QPalette::Active, role);
     };
@@ -115,9 +118,10 @@ const Shades& ShadesOf(const QPalette& palette) {
         constexpr double kLeast = 1.1;
         return ContrastOf(ToRgb(color(role)), ToRgb(color(QPalette::Button))) >= kLeast;
     };
-    last = {palette.cacheKey(), DisabledText(palette), isSeen(QPalette::Dark),
-            isSeen(QPalette::Shadow), color(QPalette::ButtonText)};
-    return last;
+    if (kept.size() == kMost) kept.erase(kept.begin());
+    return kept.emplace_back(Shades{palette.cacheKey(), DisabledText(palette),
+                                    isSeen(QPalette::Dark), isSeen(QPalette::Shadow),
+                                    color(QPalette::ButtonText)});
 }
 
 gdi::FrameColors FrameColorsOf(const QPalette& palette) {

@@ -141,6 +141,12 @@ void BlendPixels(PixelTarget target, const Rect& box, PixelSource source, Point 
         std::uint32_t* pixel = target.At(box.left, y);
         const std::uint32_t* above = source.At(from.x, from.y + y - box.top);
         for (std::int32_t x = box.left; x < box.right; ++x, ++pixel, ++above) {
+            // Pictures of frames are transparent nearly everywhere.
+            while (box.right - x > 4 && (above[0] | above[1] | above[2] | above[3]) == 0) {
+                x += 4;
+                pixel += 4;
+                above += 4;
+            }
             if (*above >= 0xFF000000) {
                 *pixel = *above;
             } else if (*above != 0) {
