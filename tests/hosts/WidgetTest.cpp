@@ -233,6 +233,17 @@ TEST(VmCalendarWidget, ItsStyleDrawsButtonsAndTheBoxOnce) {
     EXPECT_EQ(spinner->grab().toImage().pixelColor(8, 8), QColor(Qt::magenta));
 }
 
+TEST(VmCalendarWidget, IsPlainGroundUntilItMayPaint) {
+    Widget widget;
+    widget.setNoRepaintControl(true);
+    widget.show();
+    QImage image(widget.size(), QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    widget.render(&image);
+    const QImage grounds = image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    EXPECT_EQ(grounds.pixelColor(0, 0), widget.palette().color(QPalette::Button));
+}
+
 /// However the font comes to the widget; one that has been set stays.
 TEST(VmCalendarWidget, SizesFollowTheFont) {
     const QFont before = QApplication::font();
