@@ -63,6 +63,7 @@ public:
     DayNumber DayAt(int row, int column) const noexcept {
         return m_first - m_firstColumn + 7 * (row - m_firstRowOffset) + column;
     }
+    /// The place of that cell.
     Rect CellRect(int row, int column) const noexcept;
 
 private:

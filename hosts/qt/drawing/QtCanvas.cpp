@@ -134,7 +134,8 @@ void Canvas::InvertDots(const Rect& rect) {
     if (IsEmpty(frame)) return;
     const Rect clip = DeviceClip();
     std::vector<Rect> dots;
-    dots.reserve(static_cast<std::size_t>(frame.Width() + frame.Height()));
+    const std::int32_t most = frame.Width() + frame.Height();
+    dots.reserve(static_cast<std::size_t>(most));
     const auto add = [&](const Rect& dot) {
         if (const Rect inside = Intersect(dot, clip); !IsEmpty(inside)) dots.push_back(inside);
     };
@@ -295,7 +296,7 @@ const GdiObject* MemoryCanvas::SelectBitmap(GdiObject& object) {
     const GdiObject* previous = Source();
     if (previous == nullptr) previous = &StockObjects::Instance().noBitmap;
     if (previous == &object) return previous;
-    Bitmap* const bitmap = As<Bitmap>(&object);
+    auto* const bitmap = As<Bitmap>(&object);
     if (bitmap != nullptr && !bitmap->Enter()) return nullptr;
     if (m_bitmap != nullptr) m_bitmap->Leave();
     m_bitmap = bitmap;
