@@ -87,6 +87,24 @@ TEST(VmCalendarWidget, AnyExtentIsPainted) {
     }
 }
 
+/// Large surfaces are filled past the processor's caches, by whole lines of them.
+TEST(VmCalendarWidget, LooksTheSameOnLargeAndOnSmallSurfaces) {
+    VmCalendarWidget widget;
+    const QSize size(2305, 1900);
+    widget.resize(size);
+    QImage whole(size, QImage::Format_RGB32);
+    whole.fill(Qt::magenta);
+    widget.render(&whole);
+    constexpr int kStrip = 475;
+    for (int y = 0; y < size.height(); y += kStrip) {
+        const QRect part(0, y, size.width(), kStrip);
+        QImage strip(part.size(), QImage::Format_RGB32);
+        strip.fill(Qt::magenta);
+        widget.render(&strip, {}, part);
+        EXPECT_EQ(strip, whole.copy(part)) << y;
+    }
+}
+
 TEST(QtDrawing, TheTextCacheTellsFontsColoursAndTextsApart) {
     const LogFont plain{"DejaVu Sans", 9};
     std::vector<QImage> different{Drawn("17", plain), Drawn("71", plain), Drawn("17", plain, kRed)};

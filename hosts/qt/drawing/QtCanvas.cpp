@@ -376,9 +376,10 @@ std::unique_ptr<DirectCanvas> DirectCanvas::On(QPainter& painter) {
         parts.push_back(Moved(ToRect(part), -origin.x(), -origin.y()));
     }
     const std::ptrdiff_t stride = image.bytesPerLine() / 4;
-    const PixelTarget all{reinterpret_cast<std::uint32_t*>(image.bits()), stride};
-    return std::make_unique<DirectCanvas>(
-        painter, PixelTarget{all.At(origin.x(), origin.y()), stride}, std::move(parts));
+    PixelTarget pixels{reinterpret_cast<std::uint32_t*>(image.bits()), stride,
+                       OutgrowsCaches(image.width(), image.height())};
+    pixels.bits = pixels.At(origin.x(), origin.y());
+    return std::make_unique<DirectCanvas>(painter, pixels, std::move(parts));
 }
 
 DirectCanvas::DirectCanvas(QPainter& painter, PixelTarget pixels, std::vector<Rect> parts)

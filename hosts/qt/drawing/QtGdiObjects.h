@@ -73,7 +73,9 @@ public:
 
     const QImage& Image() const noexcept { return m_image; }
     double Ratio() const noexcept { return m_ratio; }
-    PixelTarget Pixels() const noexcept { return {m_memory.Get(), m_image.width()}; }
+    PixelTarget Pixels() const noexcept {
+        return {m_memory.Get(), m_image.width(), OutgrowsCaches(m_image.width(), m_image.height())};
+    }
     QPainter& Painter();
     /// A bitmap can be in one surface at a time. False if it is in one already.
     bool Enter() noexcept;

@@ -62,7 +62,7 @@ void BlendBlock(std::uint32_t* pixels, const std::uint8_t* covered, std::uint32_
 }
 
 /// Past the caches, which a large area would only empty of what is drawn over it: whole lines of
-/// them, as a part of one costs more than it saves.
+/// them, as a part of one costs more than it saves. A surface that stays in them is slower so.
 void StreamRow(std::uint32_t* pixel, std::int32_t width, std::uint32_t color) noexcept {
     constexpr std::uintptr_t kLine = 64;  // bytes
     constexpr std::ptrdiff_t kLinePixels = kLine / sizeof(std::uint32_t);
@@ -80,7 +80,9 @@ void StreamRow(std::uint32_t* pixel, std::int32_t width, std::uint32_t color) no
 bool FillLarge(PixelTarget target, const Rect& box, std::uint32_t color) noexcept {
     constexpr std::int64_t kLarge = 1 << 14;  // pixels
     const std::int32_t width = box.right - box.left;
-    if (std::int64_t{width} * (box.bottom - box.top) < kLarge) return false;
+    if (!target.outgrowsCaches || std::int64_t{width} * (box.bottom - box.top) < kLarge) {
+        return false;
+    }
     for (std::int32_t y = box.top; y < box.bottom; ++y) {
         StreamRow(target.At(box.left, y), width, color);
     }

@@ -41,12 +41,18 @@ constexpr Rect Moved(const Rect& rect, std::int32_t x, std::int32_t y) noexcept 
 
 struct PixelTarget {
     std::uint32_t* bits = nullptr;
-    std::ptrdiff_t stride = 0;  // pixels from one row to the next
+    std::ptrdiff_t stride = 0;    // pixels from one row to the next
+    bool outgrowsCaches = false;  // the whole surface
 
     std::uint32_t* At(std::int32_t x, std::int32_t y) const noexcept {
         return bits + y * stride + x;
     }
 };
+
+/// Of a surface of so many pixels. Processors have 2 MiB to 32 MiB of cache for a core.
+constexpr bool OutgrowsCaches(std::int64_t width, std::int64_t height) noexcept {
+    return width * height > (4 << 20);
+}
 
 struct PixelSource {
     const std::uint32_t* bits = nullptr;
