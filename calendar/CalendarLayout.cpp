@@ -149,16 +149,20 @@ Size ClientFor(const CalendarState& state, const LayoutMetrics& given,
     return {std::max(columns * column + kFrame, least), band + weekRows * row + kFrame + below};
 }
 
+GridShape GridShapeOf(const CalendarState& state, const CalendarLayout& layout) noexcept {
+    return {.shownDate = DayOf(state.shownDate),
+            .firstDayOfWeek = state.firstDayOfWeek,
+            .gridFirstDay = state.GridFirstDay(),
+            .showWeekend = state.showWeekend,
+            .gridTop = layout.gridTop,
+            .cellWidth = layout.cellWidth,
+            .rowHeight = layout.rowHeight,
+            .clientWidth = layout.client.width,
+            .rightToLeft = layout.rightToLeft};
+}
+
 MonthGrid GridOf(const CalendarState& state, const CalendarLayout& layout) noexcept {
-    return MonthGrid({.shownDate = DayOf(state.shownDate),
-                      .firstDayOfWeek = state.firstDayOfWeek,
-                      .gridFirstDay = state.GridFirstDay(),
-                      .showWeekend = state.showWeekend,
-                      .gridTop = layout.gridTop,
-                      .cellWidth = layout.cellWidth,
-                      .rowHeight = layout.rowHeight,
-                      .clientWidth = layout.client.width,
-                      .rightToLeft = layout.rightToLeft});
+    return MonthGrid(GridShapeOf(state, layout));
 }
 
 }  // namespace velmora

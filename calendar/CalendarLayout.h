@@ -77,6 +77,7 @@ Size ClientFor(const CalendarState& state, const LayoutMetrics& given,
                const TextExtents& texts) noexcept;
 
 /// The grid of the shown month in that layout.
+GridShape GridShapeOf(const CalendarState& state, const CalendarLayout& layout) noexcept;
 MonthGrid GridOf(const CalendarState& state, const CalendarLayout& layout) noexcept;
 
 }  // namespace velmora

@@ -142,7 +142,15 @@ const CalendarLayout& VmCalendar::Layout() {
 }
 
 std::optional<DayNumber> VmCalendar::DateFromPoint(float x, float y) {
-    return GridOf(m_state, Layout()).DateFromPoint(x, y);
+    Layout();
+    return Grid().DateFromPoint(x, y);
+}
+
+/// Every movement of the pointer asks for it, and where the month begins takes computing.
+const MonthGrid& VmCalendar::Grid() {
+    const GridShape shape = GridShapeOf(m_state, m_layout);
+    if (!m_grid || m_grid->Shape() != shape) m_grid.emplace(shape);
+    return *m_grid;
 }
 
 CalendarDescription VmCalendar::Describe() {
@@ -282,7 +290,7 @@ void VmCalendar::Invalidate(const Rect& rect) {
 
 void VmCalendar::InvalidateDay(std::optional<DayNumber> day) {
     if (!day || !m_laidOut) return;
-    const MonthGrid grid = GridOf(m_state, m_layout);
+    const MonthGrid grid = Grid();
     const auto cell = grid.DayCellRect(*day);
     if (cell) Invalidate({cell->left, cell->top, cell->right + 1, cell->bottom + 1});
     // The title shows the focus when the selected day does not.

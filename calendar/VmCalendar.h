@@ -405,6 +405,7 @@ private:
         return m_state.ready && !m_state.noRepaintControl && !m_copying;
     }
     LayoutMetrics Measure();
+    const MonthGrid& Grid();
     CalendarLayout ComputeLayout() { return LayoutCalendar(m_state, Measure()); }
     Size SizeFor(double lines);
     void UpdateLayout();
@@ -433,6 +434,7 @@ private:
     Lifetime m_lifetime;
     Selectors m_selectors;
     CalendarLayout m_layout;
+    std::optional<MonthGrid> m_grid;  // the one asked for last
     bool m_laidOut = false;
     bool m_focused = false;   // the window's
     bool m_dragging = false;  // a drag from here is under way

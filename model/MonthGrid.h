@@ -40,6 +40,7 @@ class MonthGrid {
 public:
     explicit MonthGrid(const GridShape& shape) noexcept;
 
+    const GridShape& Shape() const noexcept { return m_shape; }
     int ColumnCount() const noexcept { return m_shape.showWeekend ? 7 : 5; }
     /// Rows left free above the first week of the shown month, 0 or 1.
     int FirstRowOffset() const noexcept { return m_firstRowOffset; }
