@@ -26,6 +26,7 @@ double TimeOf(Date date) noexcept {
 }
 
 Date DateOf(DayNumber day, double time) noexcept {
+    if (time == 0) return Date(day);
     // Far from day 0 the last instants of a day would round up to the next one.
     const double whole = std::abs(static_cast<double>(day));
     const double magnitude = std::min(whole + time, std::nextafter(whole + 1, 0.0));

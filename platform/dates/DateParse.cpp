@@ -25,10 +25,9 @@ int YearOf(WrittenNumber number) {
 }
 
 std::optional<DayNumber> DayIfReal(int year, int month, int day) {
-    if (year < 100 || year > 9999) return std::nullopt;
-    const DayNumber number = DayFromCivil(year, month, day);
-    if (CivilOf(number) != CivilDate{year, month, day}) return std::nullopt;
-    return number;
+    if (year < 100 || year > 9999 || month < 1 || month > 12) return std::nullopt;
+    if (day < 1 || day > detail::DaysIn(year, month)) return std::nullopt;
+    return DayFromCivil(year, month, day);
 }
 
 /// Where day, month and year stand among the three of a pattern: 0..2.
@@ -112,9 +111,12 @@ std::optional<Written> Parser::Parse(std::string_view text) const {
     constexpr std::size_t kLongestText = 512;  // bytes
     text = TrimmedSpaces(text);
     if (text.empty() || text.size() > kLongestText) return std::nullopt;
+    if (const auto day = IsoDay(text)) return Written{day};
     const std::string plain = WithPlainDigits(text);
     const TextCursor cursor(plain);
-    if (const auto day = IsoDay(plain)) return Written{day};
+    if (plain != text) {
+        if (const auto day = IsoDay(plain)) return Written{day};
+    }
     if (const auto date = ByPattern(cursor, m_locale.shortDatePattern)) return date;
     if (const auto date = ByPattern(cursor, m_locale.longDatePattern)) return date;
     if (const auto date = BySense(cursor)) return date;
