@@ -45,20 +45,24 @@ QDateTime ToQDateTime(Date date) {
 }
 
 #ifdef Q_OS_UNIX
-/// Looks at the zone's file once a second: that takes longer than to paint a cell, and every paint
-/// asks for the moment several times.
+/// Asks for the zone once a second: that takes longer than to paint a cell, and every key and every
+/// paint asks for the moment several times.
 Date LocalNow() {
     using namespace std::chrono;
     const auto now = system_clock::now();
     const std::time_t seconds = system_clock::to_time_t(now);
     static std::time_t lookedAt = -1;  // user-interface thread
-    if (std::exchange(lookedAt, seconds) != seconds) tzset();
-    std::tm local{};
-    localtime_r(&seconds, &local);
+    static DayNumber day = 0;
+    static int second = 0;  // of the day
+    if (std::exchange(lookedAt, seconds) != seconds) {
+        tzset();
+        std::tm local{};
+        localtime_r(&seconds, &local);
+        day = DayFromCivil(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+        second = (local.tm_hour * 60 + local.tm_min) * 60 + std::min(local.tm_sec, 59);
+    }
     const auto past = duration_cast<milliseconds>(now - system_clock::from_time_t(seconds));
-    const auto time = (local.tm_hour * 60 + local.tm_min) * 60 + std::min(local.tm_sec, 59);
-    const DayNumber day = DayFromCivil(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
-    return DateOf(day, (time * 1000.0 + static_cast<double>(past.count())) / kMillisecondsPerDay);
+    return DateOf(day, (second * 1000.0 + static_cast<double>(past.count())) / kMillisecondsPerDay);
 }
 #else
 Date LocalNow() { return ToDate(QDateTime::currentDateTime()); }
