@@ -114,7 +114,7 @@ std::optional<Written> Parser::Parse(std::string_view text) const {
     if (const auto day = IsoDay(text)) return Written{day};
     const std::string plain = WithPlainDigits(text);
     const TextCursor cursor(plain);
-    if (plain != text) {
+    if (plain != text) {  // it has digits of another script
         if (const auto day = IsoDay(plain)) return Written{day};
     }
     if (const auto date = ByPattern(cursor, m_locale.shortDatePattern)) return date;

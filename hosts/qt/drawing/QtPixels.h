@@ -49,7 +49,8 @@ struct PixelTarget {
     }
 };
 
-/// Of a surface of so many pixels. Processors have 2 MiB to 32 MiB of cache for a core.
+/// Of a surface of so many pixels: beyond 16 MiB, amid the 2 MiB to 32 MiB that processors have for
+/// a core.
 constexpr bool OutgrowsCaches(std::int64_t width, std::int64_t height) noexcept {
     return width * height > (4 << 20);
 }

@@ -51,9 +51,9 @@ Date LocalNow() {
     using namespace std::chrono;
     const auto now = system_clock::now();
     const std::time_t seconds = system_clock::to_time_t(now);
-    static std::time_t lookedAt = -1;  // user-interface thread
-    static DayNumber day = 0;
-    static int second = 0;  // of the day
+    thread_local std::time_t lookedAt = -1;
+    thread_local DayNumber day = 0;
+    thread_local int second = 0;  // of the day
     if (std::exchange(lookedAt, seconds) != seconds) {
         tzset();
         std::tm local{};
